@@ -1,0 +1,23 @@
+# Compiler settings shared by every target of this project, and ccache where it is installed.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+find_program(ORLEK_CCACHE ccache)
+mark_as_advanced(ORLEK_CCACHE)
+if(ORLEK_CCACHE AND PROJECT_IS_TOP_LEVEL)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${ORLEK_CCACHE}")
+endif()
+
+add_library(orlek_compiler INTERFACE)
+# No contraction: a fused multiply-add would change last digits between machines.
+target_compile_options(orlek_compiler INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -ffp-contract=off
+  $<$<BOOL:${ORLEK_WERROR}>:-Werror>)
+if(ORLEK_SANITIZE)
+  target_compile_options(orlek_compiler INTERFACE
+    -fsanitize=${ORLEK_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(orlek_compiler INTERFACE -fsanitize=${ORLEK_SANITIZE})
+endif()

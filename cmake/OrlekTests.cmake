@@ -1,0 +1,29 @@
+# Functions that declare tests. Each executable is one ctest test.
+find_package(GTest REQUIRED)
+
+function(orlek_add_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "GL" "" "SOURCES;LIBS;LABELS")
+  add_executable(${name} ${arg_SOURCES})
+  target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+  target_compile_definitions(${name} PRIVATE ORLEK_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  target_link_libraries(${name} PRIVATE orlek_compiler GTest::gtest GTest::gtest_main ${arg_LIBS})
+  if(arg_GL)
+    target_link_libraries(${name} PRIVATE orlek_support)
+    list(APPEND arg_LABELS gl)
+  endif()
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+  if(arg_LABELS)
+    set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}")
+  endif()
+endfunction()
+
+# A test of internals links the objects; a test of the interface links the shared library. Never
+# both in one program: there would be two of each singleton.
+function(orlek_internal_test name)
+  orlek_add_test(${name} ${ARGN} LIBS orlek_objects)
+endfunction()
+
+function(orlek_interface_test name)
+  orlek_add_test(${name} ${ARGN} LIBS Orlek::Orlek)
+endfunction()

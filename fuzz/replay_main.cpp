@@ -1,0 +1,26 @@
+// Feeds every file of a corpus folder to the fuzz target once; an empty corpus is a failure.
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <vector>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+int main(int argc, char** argv) {
+    if (argc != 2 || !std::filesystem::is_directory(argv[1])) {
+        std::fprintf(stderr, "usage: %s CORPUS\n", argv[0]);
+        return 1;
+    }
+    int replayed = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(argv[1])) {
+        std::ifstream file(entry.path(), std::ios::binary);
+        const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
+        LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+        ++replayed;
+    }
+    std::fprintf(stderr, "%d inputs replayed\n", replayed);
+    return replayed > 0 ? 0 : 1;
+}

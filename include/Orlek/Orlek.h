@@ -1,0 +1,6 @@
+#pragma once
+
+/// @file
+/// Everything the library offers.
+
+#include <Orlek/Version.h>
