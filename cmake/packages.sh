@@ -1,0 +1,35 @@
+# Sourced by run.sh and test.sh: installs what is missing of a list of Debian packages.
+
+run_packages="cmake ninja-build g++ pkg-config libglew-dev libgl-dev libegl-dev libglfw3-dev
+  libfreetype-dev zlib1g-dev libpng-dev libgl1-mesa-dri libegl-mesa0 fonts-dejavu-core
+  python-matplotlib-data"
+test_packages="libgtest-dev clang libclang-rt-14-dev clang-format doxygen gdal-bin xvfb xauth"
+bench_packages="libbenchmark-dev libgdal-dev libgeographiclib-dev libftgl-dev gdal-bin"
+
+install_packages() {
+  if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
+    echo "This is not a Debian system: nothing is installed. Needed are the equivalents of:"
+    echo "  $*" | tr -s ' \n' ' '
+    echo
+    return 0
+  fi
+  local missing="" package
+  for package in "$@"; do
+    dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q ' installed$' ||
+      missing="$missing $package"
+  done
+  [ -n "$missing" ] || return 0
+  local as_root=""
+  if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null; then
+      echo "These packages are missing:$missing" >&2
+      echo "Install them as root, then run this again." >&2
+      return 1
+    fi
+    as_root="sudo"
+  fi
+  echo "Installing with ${as_root:+$as_root }apt-get:$missing"
+  $as_root apt-get update -q
+  # shellcheck disable=SC2086
+  $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends $missing
+}

@@ -1,0 +1,76 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds the library and draws the moving map.
+set -euo pipefail
+cd "$(dirname "$0")"
+root=$PWD
+# shellcheck source=cmake/packages.sh
+. cmake/packages.sh
+
+usage() {
+  cat <<'TEXT'
+Usage: ./run.sh [options] [-- options of orlek-movingmap]
+
+Installs what is missing (Debian packages), builds the library and its examples, draws the moving
+map and prints the path of the picture.
+
+  --window    opens a window instead (drag or arrow keys pan, wheel zooms, Escape quits)
+  --bench     builds and runs the benchmarks, results in out/bench
+  --docs      builds the API documentation, out/docs/html/index.html
+  --help      prints this text
+
+Options after -- go to the moving map; "./run.sh -- -help" lists them. An example:
+  ./run.sh -- -range 8 -headingup
+TEXT
+}
+
+build() {  # preset
+  cmake --preset "$1" >"$root/build/$1.log" 2>&1 || { cat "$root/build/$1.log"; return 1; }
+  cmake --build "build/$1"
+}
+
+bench() {
+  # shellcheck disable=SC2086
+  install_packages $run_packages $bench_packages
+  build bench
+  mkdir -p out/bench
+  local program
+  for program in build/bench/bench/*_bench; do
+    "$program" --benchmark_repetitions=9 --benchmark_enable_random_interleaving=true \
+      --benchmark_report_aggregates_only=true | tee "out/bench/$(basename "$program").txt"
+  done
+  echo "Results: $root/out/bench"
+}
+
+docs() {
+  install_packages doxygen
+  mkdir -p out/docs
+  ORLEK_DOCS_DIR=out/docs doxygen docs/Doxyfile
+  echo "Documentation: $root/out/docs/html/index.html"
+}
+
+map() {
+  # shellcheck disable=SC2086
+  install_packages $run_packages
+  build run
+  mkdir -p out
+  if [ "$window" = yes ]; then
+    build/run/examples/movingmap/orlek-movingmap --window "$@"
+  else
+    build/run/examples/movingmap/orlek-movingmap --out "$root/out/movingmap.png" "$@"
+  fi
+}
+
+mkdir -p build
+window=no
+while [ $# -gt 0 ]; do
+  case "$1" in
+    --window) window=yes ;;
+    --bench) bench; exit ;;
+    --docs) docs; exit ;;
+    --help | -h) usage; exit ;;
+    --) shift; break ;;
+    *) echo "run.sh: unknown option $1 (see ./run.sh --help)" >&2; exit 1 ;;
+  esac
+  shift
+done
+map "$@"

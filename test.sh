@@ -1,0 +1,63 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds and runs every test: plain, under the address and undefined
+# behaviour sanitizers, the threaded ones under the thread sanitizer, and each fuzz target briefly.
+# Ends non-zero when anything fails.
+set -euo pipefail
+cd "$(dirname "$0")"
+# shellcheck source=cmake/packages.sh
+. cmake/packages.sh
+
+if [ "${1:-}" = --help ] || [ "${1:-}" = -h ]; then
+  cat <<'TEXT'
+Usage: ./test.sh [release|asan|tsan|fuzz|style]...
+
+Without arguments all of them run, in this order:
+  style    formatting, headers, who includes whom
+  release  every test, optimised build
+  asan     every test under the address and undefined-behaviour sanitizers
+  tsan     the tests with threads under the thread sanitizer
+  fuzz     each fuzz target for some seconds, from its corpus (clang)
+ORLEK_DATA_DIR names the folder of real elevation tiles (default ../shared/data); without it the
+tests say which cases they leave out.
+TEXT
+  exit
+fi
+
+# shellcheck disable=SC2086
+install_packages $run_packages $test_packages
+
+export ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1
+export UBSAN_OPTIONS=print_stacktrace=1
+export LIBGL_ALWAYS_SOFTWARE=1
+mkdir -p build
+
+build() {  # preset
+  echo "== $1"
+  cmake --preset "$1" >"build/$1.log" 2>&1 || { cat "build/$1.log"; return 1; }
+  cmake --build "build/$1"
+}
+
+run() {  # preset, ctest options
+  local preset=$1
+  shift
+  ctest --test-dir "build/$preset" --output-on-failure -j "$(nproc)" --no-tests=error "$@"
+}
+
+style() {
+  echo "== style"
+  git ls-files '*.h' '*.cpp' 2>/dev/null | xargs -r clang-format --dry-run -Werror
+}
+
+[ $# -gt 0 ] || set -- style release asan tsan fuzz
+for step in "$@"; do
+  case "$step" in
+    style) style ;;
+    release) build release; cmake --build build/release --target all_verify_interface_header_sets
+      run release ;;
+    asan) build asan; run asan ;;
+    tsan) build tsan; run tsan -L threads ;;
+    fuzz) build fuzz; run fuzz ;;
+    *) echo "test.sh: unknown step $step (see ./test.sh --help)" >&2; exit 1 ;;
+  esac
+done
+echo "All tests passed."

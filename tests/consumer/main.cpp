@@ -1,0 +1,19 @@
+// Uses the installed library as an application would: values, geodesy, files and options, without
+// a GL context.
+#include <Orlek/Orlek.h>
+
+#include <cmath>
+#include <cstdio>
+
+int main() {
+    const double bearing = Orlek::Geodetic::calcBearing(0.0, 0.0, 0.0, 1.0);
+    const double distance = Orlek::Geodetic::calcDistance(0.0, 0.0, 0.0, 1.0);
+    Orlek::OpenGL::MatrixLoadIdent();
+    Orlek::OpenGL::MatrixTranslate(1.0, 2.0, 3.0);
+    const auto section = Orlek::Misc::StringSection("a.b.c", ".", 1, 1);
+    std::printf("Orlek %s %.0f %.0f %s\n", ORLEK_VERSION, bearing, distance, section.c_str());
+    return std::abs(bearing - 90.0) < 1e-9 && std::abs(distance - 111120.0) < 1e-6 &&
+                   section == "b" && !Orlek::FileSystem::Directory::exists("no such directory")
+               ? 0
+               : 1;
+}

@@ -1,0 +1,30 @@
+#!/bin/sh
+# Installs the build tree to a fresh prefix, then builds and runs the consumer project against it,
+# once through the CMake package and once through pkg-config.
+# Arguments: build tree, source folder of the consumer, C++ compiler, extra compiler flags.
+set -eu
+build=$1 source=$2 compiler=$3 flags=${4:-}
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+cmake --install "$build" --prefix "$work/first" >"$work/install.log"
+mv "$work/first" "$work/prefix"  # an installed tree may be moved
+
+cmake -S "$source" -B "$work/build" -DCMAKE_PREFIX_PATH="$work/prefix" \
+  -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_FLAGS="$flags" >"$work/configure.log" ||
+  { cat "$work/configure.log"; exit 1; }
+cmake --build "$work/build"
+"$work/build/consumer"
+
+if cmake -S "$source" -B "$work/wrong" -DCMAKE_PREFIX_PATH="$work/prefix" \
+  -DCMAKE_CXX_COMPILER="$compiler" -DORLEK_WANTED=9.0 >"$work/wrong.log" 2>&1; then
+  echo "a package of another version was accepted" >&2
+  exit 1
+fi
+
+pc=$(dirname "$(find "$work/prefix" -name orlek.pc)")
+export PKG_CONFIG_PATH="$pc"
+# shellcheck disable=SC2046,SC2086
+"$compiler" -std=c++20 $flags "$source/main.cpp" -o "$work/by_pkgconfig" \
+  $(pkg-config --cflags --libs orlek)
+LD_LIBRARY_PATH=$(pkg-config --variable=libdir orlek) "$work/by_pkgconfig"
