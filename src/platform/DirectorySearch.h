@@ -1,0 +1,50 @@
+// What the system knows about names in the file system: the entries of a directory, what kind of
+// thing a path names, and the making of one directory.
+#pragma once
+
+#include <compare>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace Orlek::Detail {
+
+enum class FileKind : std::uint8_t { missing, regular, directory, other };
+
+/// What `path` names, links followed; `missing` also when it cannot be reached.
+FileKind fileKind(const std::string& path);
+
+/// Makes one directory whose parent exists. False when it cannot, or something is there already.
+bool createDirectory(const std::string& path);
+
+/// Tells two directories apart whatever paths lead to them.
+struct DirectoryIdentity {
+    std::uint64_t device = 0;
+    std::uint64_t number = 0;
+    auto operator<=>(const DirectoryIdentity&) const = default;
+};
+
+struct DirectoryEntry {
+    std::string name;
+    FileKind kind = FileKind::missing;  ///< of the target, when the entry is a link
+    bool isLink = false;
+};
+
+/// One directory, read whole and closed again before anyone sees it, so that walking a tree of any
+/// depth takes one descriptor at a time.
+class DirectorySearch {
+public:
+    /// Reads the entries of `path` without "." and "..". False, with errno set, when the directory
+    /// cannot be opened or read; what was read until then is kept.
+    bool read(const std::string& path);
+
+    /// In the order in which the system returns them.
+    [[nodiscard]] const std::vector<DirectoryEntry>& entries() const { return mEntries; }
+    [[nodiscard]] DirectoryIdentity identity() const { return mIdentity; }
+
+private:
+    std::vector<DirectoryEntry> mEntries;
+    DirectoryIdentity mIdentity;
+};
+
+}  // namespace Orlek::Detail

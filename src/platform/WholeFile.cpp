@@ -1,0 +1,30 @@
+// Reads a regular file whole, with the memory asked for only after its size is known.
+#include "platform/WholeFile.h"
+
+#include <cerrno>
+#include <span>
+
+#include "platform/RegularFile.h"
+
+namespace Orlek::Detail {
+
+bool readWholeFile(const std::string& path, std::vector<char>& bytes) {
+    bytes.clear();
+    RegularFile file;
+    if (!file.open(path)) {
+        return false;
+    }
+    if (file.size() > wholeFileLimit) {
+        errno = EFBIG;
+        return false;
+    }
+    bytes.resize(static_cast<std::size_t>(file.size()));
+    if (file.readAt(0, std::as_writable_bytes(std::span(bytes))) != bytes.size()) {
+        bytes.clear();
+        errno = EIO;
+        return false;
+    }
+    return true;
+}
+
+}  // namespace Orlek::Detail

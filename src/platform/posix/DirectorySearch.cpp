@@ -1,0 +1,108 @@
+// Directories on POSIX. The type that readdir gives saves a stat of every entry; only links and
+// file systems that do not tell the type need one.
+#include "platform/DirectorySearch.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <memory>
+
+namespace Orlek::Detail {
+
+namespace {
+
+struct CloseDirectory {
+    void operator()(DIR* directory) const { ::closedir(directory); }
+};
+using DirectoryHandle = std::unique_ptr<DIR, CloseDirectory>;
+
+FileKind kindOfMode(mode_t mode) {
+    if (S_ISREG(mode)) {
+        return FileKind::regular;
+    }
+    return S_ISDIR(mode) ? FileKind::directory : FileKind::other;
+}
+
+DirectoryHandle openDirectory(const char* path) {
+    int descriptor = -1;
+    do {
+        descriptor = ::open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK);
+    } while (descriptor < 0 && errno == EINTR);
+    if (descriptor < 0) {
+        return nullptr;
+    }
+    DIR* directory = ::fdopendir(descriptor);
+    if (directory == nullptr) {
+        ::close(descriptor);
+    }
+    return DirectoryHandle(directory);
+}
+
+FileKind kindOfTarget(int directory, const char* name) {
+    struct stat status {};
+    return ::fstatat(directory, name, &status, 0) == 0 ? kindOfMode(status.st_mode)
+                                                       : FileKind::missing;
+}
+
+bool isLink(int directory, const char* name) {
+    struct stat status {};
+    return ::fstatat(directory, name, &status, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(status.st_mode);
+}
+
+DirectoryEntry describe(int directory, const dirent& entry) {
+    switch (entry.d_type) {
+        case DT_REG:
+            return {entry.d_name, FileKind::regular, false};
+        case DT_DIR:
+            return {entry.d_name, FileKind::directory, false};
+        case DT_LNK:
+            return {entry.d_name, kindOfTarget(directory, entry.d_name), true};
+        case DT_UNKNOWN:
+            return {entry.d_name, kindOfTarget(directory, entry.d_name),
+                    isLink(directory, entry.d_name)};
+        default:
+            return {entry.d_name, FileKind::other, false};
+    }
+}
+
+bool isSelfOrParent(const char* name) {
+    return name[0] == '.' && (name[1] == '\0' || (name[1] == '.' && name[2] == '\0'));
+}
+
+}  // namespace
+
+FileKind fileKind(const std::string& path) {
+    return kindOfTarget(AT_FDCWD, path.c_str());
+}
+
+bool createDirectory(const std::string& path) {
+    return ::mkdir(path.c_str(), 0777) == 0;
+}
+
+bool DirectorySearch::read(const std::string& path) {
+    mEntries.clear();
+    const DirectoryHandle directory = openDirectory(path.c_str());
+    if (!directory) {
+        return false;
+    }
+    const int descriptor = ::dirfd(directory.get());
+    struct stat status {};
+    if (::fstat(descriptor, &status) != 0) {
+        return false;
+    }
+    mIdentity = {static_cast<std::uint64_t>(status.st_dev),
+                 static_cast<std::uint64_t>(status.st_ino)};
+    errno = 0;
+    while (const dirent* entry = ::readdir(directory.get())) {
+        if (!isSelfOrParent(entry->d_name)) {
+            mEntries.push_back(describe(descriptor, *entry));
+        }
+        errno = 0;
+    }
+    return errno == 0;
+}
+
+}  // namespace Orlek::Detail

@@ -1,0 +1,82 @@
+// Regular files on POSIX: open without blocking, then look what was opened, then pread.
+#include "platform/RegularFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <utility>
+
+namespace Orlek::Detail {
+
+namespace {
+
+int openForReading(const char* path) {
+    int descriptor = -1;
+    do {
+        // O_NONBLOCK: opening a pipe without a writer returns at once; regular files ignore it.
+        descriptor = ::open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    } while (descriptor < 0 && errno == EINTR);
+    return descriptor;
+}
+
+}  // namespace
+
+RegularFile::RegularFile(RegularFile&& other) noexcept
+    : mDescriptor(std::exchange(other.mDescriptor, -1)), mSize(std::exchange(other.mSize, 0)) {}
+
+RegularFile& RegularFile::operator=(RegularFile&& other) noexcept {
+    std::swap(mDescriptor, other.mDescriptor);
+    std::swap(mSize, other.mSize);
+    return *this;
+}
+
+RegularFile::~RegularFile() {
+    close();
+}
+
+void RegularFile::close() {
+    if (mDescriptor >= 0) {
+        const int error = errno;
+        ::close(std::exchange(mDescriptor, -1));
+        errno = error;
+    }
+    mSize = 0;
+}
+
+bool RegularFile::open(const std::string& path) {
+    close();
+    mDescriptor = openForReading(path.c_str());
+    if (mDescriptor < 0) {
+        return false;
+    }
+    struct stat status {};
+    if (::fstat(mDescriptor, &status) != 0) {
+        close();
+        return false;
+    }
+    if (!S_ISREG(status.st_mode)) {
+        errno = S_ISDIR(status.st_mode) ? EISDIR : ENOTSUP;
+        close();
+        return false;
+    }
+    mSize = static_cast<std::uint64_t>(status.st_size);
+    return true;
+}
+
+std::size_t RegularFile::readAt(std::uint64_t offset, std::span<std::byte> out) const {
+    std::size_t done = 0;
+    while (done < out.size()) {
+        const ssize_t got = ::pread(mDescriptor, out.data() + done, out.size() - done,
+                                    static_cast<off_t>(offset + done));
+        if (got > 0) {
+            done += static_cast<std::size_t>(got);
+        } else if (got == 0 || errno != EINTR) {
+            break;
+        }
+    }
+    return done;
+}
+
+}  // namespace Orlek::Detail
