@@ -3,4 +3,5 @@
 /// @file
 /// Everything the library offers.
 
+#include <Orlek/Misc.h>
 #include <Orlek/Version.h>

@@ -1,5 +1,7 @@
-// The 4 x 4 matrix in the order in which OpenGL takes it.
 #pragma once
+
+/// @file
+/// The 4 x 4 matrix in the order in which OpenGL takes it.
 
 namespace Orlek::Math {
 

@@ -1,6 +1,8 @@
-// Two-component vectors, packed so that arrays of them are arrays of their components.
-// In the plane x points east and y north; a heading runs clockwise from north, atan2(x, y).
 #pragma once
+
+/// @file
+/// Two-component vectors, packed so that arrays of them are arrays of their components.
+/// In the plane x points east and y north; a heading runs clockwise from north, atan2(x, y).
 
 #include <cmath>
 
@@ -24,6 +26,7 @@ struct Vector2<float> {
     /// @param xValue, yValue the components.
     Vector2(float xValue, float yValue) : x(xValue), y(yValue) {}
 
+    /// @param other the vector to add.
     /// @return the component-wise sum.
     Vector2 operator+(const Vector2& other) const { return {x + other.x, y + other.y}; }
 
@@ -60,11 +63,14 @@ struct Vector2<double> {
     /// @param xValue, yValue the components.
     Vector2(double xValue, double yValue) : x(xValue), y(yValue) {}
 
+    /// @param other the vector to subtract.
     /// @return the component-wise difference.
     Vector2 operator-(const Vector2& other) const { return {x - other.x, y - other.y}; }
+    /// @param other the vector to add.
     /// @return the component-wise sum.
     Vector2 operator+(const Vector2& other) const { return {x + other.x, y + other.y}; }
-    /// Adds @p other in place.
+    /// Adds in place.
+    /// @param other the vector to add.
     void operator+=(const Vector2& other) {
         x += other.x;
         y += other.y;
@@ -80,6 +86,7 @@ struct Vector2<double> {
     }
 
     /// Tells on which side of this vector another one lies.
+    /// @param other the other vector.
     /// @return 1 when @p other lies clockwise of this vector or parallel to it, otherwise 0.
     int LeftRight(const Vector2& other) const { return x * other.y - y * other.x <= 0.0 ? 1 : 0; }
 
@@ -104,8 +111,9 @@ struct Vector2<double> {
         *this = {x * cosine - y * sine, x * sine + y * cosine};
     }
 
-    /// @return the unsigned angle to @p other in radians, in [0, pi]. NaN for a zero vector, and
-    /// where rounding takes the cosine beyond 1, which can happen for parallel vectors.
+    /// @param other the other vector.
+    /// @return the unsigned angle between the vectors in radians, in [0, pi]. NaN for a zero
+    /// vector, and where rounding takes the cosine beyond 1, which can happen for parallel vectors.
     double angle(const Vector2& other) const {
         return std::acos((x * other.x + y * other.y) / (Length() * other.Length()));
     }
@@ -114,6 +122,7 @@ struct Vector2<double> {
     ///
     /// Compares one component with that of the multiple of @p other which has the same other
     /// component; the tolerance of 0.001 is absolute, in the unit of the components.
+    /// @param other the other vector.
     /// @return true when they are; always true when @p other is zero.
     bool linearTo(const Vector2& other) const {
         constexpr double tolerance = 0.001;

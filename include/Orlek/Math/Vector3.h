@@ -1,5 +1,7 @@
-// Three-component vectors, packed so that arrays of them are arrays of their components.
 #pragma once
+
+/// @file
+/// Three-component vectors, packed so that arrays of them are arrays of their components.
 
 #include <cmath>
 
@@ -24,19 +26,24 @@ struct Vector3<float> {
     /// @param xValue, yValue, zValue the components.
     Vector3(float xValue, float yValue, float zValue) : x(xValue), y(yValue), z(zValue) {}
 
+    /// @param other the vector to subtract.
     /// @return the component-wise difference.
     Vector3 operator-(const Vector3& other) const {
         return {x - other.x, y - other.y, z - other.z};
     }
+    /// @param other the vector to add.
     /// @return the component-wise sum.
     Vector3 operator+(const Vector3& other) const {
         return {x + other.x, y + other.y, z + other.z};
     }
+    /// @param s the divisor; 0 gives infinite or NaN components.
     /// @return each component divided by @p s.
     Vector3 operator/(float s) const { return {x / s, y / s, z / s}; }
+    /// @param s the factor.
     /// @return each component multiplied by @p s.
     Vector3 operator*(float s) const { return {x * s, y * s, z * s}; }
 
+    /// @param b the second vector.
     /// @return the cross product of this vector with @p b.
     Vector3 Cross(const Vector3& b) const {
         return {y * b.z - z * b.y, z * b.x - x * b.z, x * b.y - y * b.x};
@@ -64,11 +71,13 @@ struct Vector3<double> {
     /// @param xValue, yValue, zValue the components.
     Vector3(double xValue, double yValue, double zValue) : x(xValue), y(yValue), z(zValue) {}
 
+    /// @param other the vector to subtract.
     /// @return the component-wise difference.
     Vector3 operator-(const Vector3& other) const {
         return {x - other.x, y - other.y, z - other.z};
     }
 
+    /// @param b the second vector.
     /// @return the cross product of this vector with @p b.
     Vector3 Cross(const Vector3& b) const {
         return {y * b.z - z * b.y, z * b.x - x * b.z, x * b.y - y * b.x};

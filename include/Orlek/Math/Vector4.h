@@ -1,5 +1,7 @@
-// The four-component vector that serves as homogeneous position and as colour.
 #pragma once
+
+/// @file
+/// The four-component vector that serves as homogeneous position and as colour.
 
 namespace Orlek::Math {
 
