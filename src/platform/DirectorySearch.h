@@ -24,6 +24,9 @@ struct DirectoryIdentity {
     auto operator<=>(const DirectoryIdentity&) const = default;
 };
 
+/// The identity of the directory that `path` names, links followed; all zero when it has none.
+DirectoryIdentity directoryIdentity(const std::string& path);
+
 struct DirectoryEntry {
     std::string name;
     FileKind kind = FileKind::missing;  ///< of the target, when the entry is a link
@@ -34,8 +37,8 @@ struct DirectoryEntry {
 /// depth takes one descriptor at a time.
 class DirectorySearch {
 public:
-    /// Reads the entries of `path` without "." and "..". False, with errno set, when the directory
-    /// cannot be opened or read; what was read until then is kept.
+    /// Replaces the entries by those of `path` without "." and "..". False, with errno set, when
+    /// the directory cannot be opened or read; what was read until then is kept.
     bool read(const std::string& path);
 
     /// In the order in which the system returns them.

@@ -4,7 +4,8 @@
 
 namespace Orlek::Detail {
 
-/// Prints to the standard output with printf rules.
+/// Prints to the standard output with printf rules. errno stays as it was, so that
+/// reportSystemError may follow.
 [[gnu::format(printf, 1, 2)]] void report(const char* format, ...);
 
 /// Prints to the standard error stream with printf rules.

@@ -26,6 +26,10 @@ FileKind kindOfMode(mode_t mode) {
     return S_ISDIR(mode) ? FileKind::directory : FileKind::other;
 }
 
+DirectoryIdentity identityOf(const struct stat& status) {
+    return {static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino)};
+}
+
 DirectoryHandle openDirectory(const char* path) {
     int descriptor = -1;
     do {
@@ -82,8 +86,14 @@ bool createDirectory(const std::string& path) {
     return ::mkdir(path.c_str(), 0777) == 0;
 }
 
+DirectoryIdentity directoryIdentity(const std::string& path) {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 ? identityOf(status) : DirectoryIdentity{};
+}
+
 bool DirectorySearch::read(const std::string& path) {
     mEntries.clear();
+    mIdentity = {};
     const DirectoryHandle directory = openDirectory(path.c_str());
     if (!directory) {
         return false;
@@ -93,8 +103,7 @@ bool DirectorySearch::read(const std::string& path) {
     if (::fstat(descriptor, &status) != 0) {
         return false;
     }
-    mIdentity = {static_cast<std::uint64_t>(status.st_dev),
-                 static_cast<std::uint64_t>(status.st_ino)};
+    mIdentity = identityOf(status);
     errno = 0;
     while (const dirent* entry = ::readdir(directory.get())) {
         if (!isSelfOrParent(entry->d_name)) {
