@@ -1,0 +1,79 @@
+#include "rendering/context/DrawPass.h"
+
+#include <GL/glew.h>
+#include <Orlek/OpenGL/GlHandler.h>
+#include <Orlek/OpenGL/MatrixStack.h>
+
+#include "rendering/gl/Mesh.h"
+
+namespace Orlek::Detail {
+
+static_assert(static_cast<GLenum>(DrawMode::Lines) == GL_LINES);
+static_assert(static_cast<GLenum>(DrawMode::LineStrip) == GL_LINE_STRIP);
+static_assert(static_cast<GLenum>(DrawMode::TriangleStrip) == GL_TRIANGLE_STRIP);
+static_assert(static_cast<GLenum>(DrawMode::TriangleFan) == GL_TRIANGLE_FAN);
+static_assert(static_cast<GLenum>(DrawMode::LineStripAdjacency) == GL_LINE_STRIP_ADJACENCY);
+
+PrimitiveRestart::PrimitiveRestart(std::uint32_t index) {
+    glPrimitiveRestartIndex(index);
+    glEnable(GL_PRIMITIVE_RESTART);
+}
+
+PrimitiveRestart::~PrimitiveRestart() {
+    glDisable(GL_PRIMITIVE_RESTART);
+}
+
+DrawPass::DrawPass(const char* label, unsigned program)
+    : mCheck(label), mHandler(OpenGL::GlHandler::instance()) {
+    mHandler.activateShader(program);
+}
+
+DrawPass::~DrawPass() {
+    mTextures.reset();
+    glBindVertexArray(0);
+    mHandler.deactivateShader();
+}
+
+void DrawPass::set(const char* uniform, float value) {
+    mHandler.setFloatVar(uniform, value);
+}
+
+void DrawPass::set(const char* uniform, int value) {
+    mHandler.setIntVar(uniform, value);
+}
+
+void DrawPass::set(const char* uniform, const Math::Vector3<float>& value) {
+    mHandler.setFloatVar(uniform, value.x, value.y, value.z);
+}
+
+void DrawPass::set(const char* uniform, const Math::Vector4<float>& value) {
+    mHandler.setFloatVar(uniform, value.x, value.y, value.z, value.w);
+}
+
+void DrawPass::setViewPort() {
+    mHandler.activateViewPort();
+}
+
+void DrawPass::blend() {
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+}
+
+void DrawPass::matrix() {
+    OpenGL::MatrixActivate();
+}
+
+void DrawPass::bind(const Mesh& mesh) {
+    mesh.bind();
+}
+
+void DrawPass::draw(DrawMode mode, std::size_t first, std::size_t count) {
+    glDrawArrays(static_cast<GLenum>(mode), static_cast<GLint>(first), static_cast<GLsizei>(count));
+}
+
+void DrawPass::drawIndexed(DrawMode mode, std::size_t count) {
+    glDrawElements(static_cast<GLenum>(mode), static_cast<GLsizei>(count), GL_UNSIGNED_INT,
+                   nullptr);
+}
+
+}  // namespace Orlek::Detail

@@ -1,0 +1,169 @@
+#include <Orlek/OpenGL/GlHandler.h>
+
+#include <GL/glew.h>
+
+#include <utility>
+
+#include "rendering/gl/EntryPoints.h"
+#include "rendering/gl/Errors.h"
+#include "rendering/gl/InfoLog.h"
+#include "rendering/programs/StandardPrograms.h"
+
+namespace Orlek::OpenGL {
+
+namespace {
+
+// Value of the active number before any program was in use; 0 stands for none afterwards.
+constexpr std::uint32_t neverActive = 999999;
+
+Shader compiled(Shader::TShaderType type, std::string_view source) {
+    Shader shader(type);
+    std::string bytes(source);
+    shader.loadSource(reinterpret_cast<unsigned char*>(bytes.data()),
+                      static_cast<unsigned>(bytes.size()));
+    shader.compile();
+    return shader;
+}
+
+ShaderProgram linked(const Detail::StandardProgram& recipe) {
+    Shader vertex = compiled(Shader::VERTEX_SHADER, *recipe.vertex);
+    Shader fragment = compiled(Shader::FRAGMENT_SHADER, *recipe.fragment);
+    ShaderProgram program;
+    program.attachShader(vertex);
+    program.attachShader(fragment);
+    if (recipe.geometry != nullptr) {
+        Shader geometry = compiled(Shader::GEOMETRY_SHADER, *recipe.geometry);
+        program.attachShader(geometry);
+    }
+    for (const Detail::AttributeBinding& attribute : recipe.attributes) {
+        program.bindLocation(attribute.location, attribute.name);
+    }
+    program.link();
+    return program;
+}
+
+}  // namespace
+
+GlHandler& GlHandler::instance() {
+    static GlHandler handler;
+    return handler;
+}
+
+GlHandler::GlHandler() : mActiveShader(neverActive), mViewPort(0.0F, 0.0F) {
+    Detail::reportEntryPoints();
+    Detail::enableDebugOutput();
+    mGlVersion = Detail::glVersionText();
+    mGlSlVersion = Detail::glslVersionText();
+    initStandardShaders();
+    glVersion();
+    glSlVersion();
+}
+
+void GlHandler::initStandardShaders() {
+    mActiveShader = neverActive;
+    if (!Detail::glReady()) {
+        return;
+    }
+    for (const Detail::StandardProgram& recipe : Detail::standardPrograms()) {
+        mShaders.insert_or_assign(recipe.number, linked(recipe));
+    }
+}
+
+unsigned int GlHandler::glVersion() {
+    return Detail::reportVersion("GL", mGlVersion);
+}
+
+unsigned int GlHandler::glSlVersion() {
+    return Detail::reportVersion("GLSL", mGlSlVersion);
+}
+
+void GlHandler::checkError(const std::string& where, const std::string& detail) {
+    Detail::reportErrors(where.c_str(), detail.c_str());
+}
+
+void GlHandler::clearError() {
+    Detail::clearErrors();
+}
+
+void GlHandler::setViewPort(Math::Vector2<float> size) {
+    mViewPort = size;
+}
+
+Math::Vector2<float> GlHandler::viewPort() {
+    return mViewPort;
+}
+
+void GlHandler::activateViewPort() {
+    setFloatVar("viewPort", mViewPort.x, mViewPort.y);
+}
+
+void GlHandler::activateShader(unsigned int number) {
+    if (number == mActiveShader) {
+        return;
+    }
+    const auto program = mShaders.find(number);
+    if (program != mShaders.end()) {
+        mActiveShader = number;
+        program->second.use(true);
+    }
+}
+
+void GlHandler::deactivateShader() {
+    if (mActiveShader == 0) {
+        return;
+    }
+    mActiveShader = 0;
+    if (Detail::glReady()) {
+        Detail::clearErrors();
+        glUseProgram(0);
+        Detail::reportErrors("glUseProgram");
+    }
+}
+
+ShaderProgram* GlHandler::activeProgram() {
+    const auto program = mShaders.find(mActiveShader);
+    return program == mShaders.end() ? nullptr : &program->second;
+}
+
+unsigned int GlHandler::activeShaderHandle() {
+    ShaderProgram* const program = activeProgram();
+    return program == nullptr ? 0 : program->handle();
+}
+
+void GlHandler::setFloatVar(std::string name, float a) {
+    if (ShaderProgram* const program = activeProgram()) {
+        program->setFloatVar(std::move(name), a);
+    }
+}
+
+void GlHandler::setFloatVar(std::string name, float a, float b) {
+    if (ShaderProgram* const program = activeProgram()) {
+        program->setFloatVar(std::move(name), a, b);
+    }
+}
+
+void GlHandler::setFloatVar(std::string name, float a, float b, float c) {
+    if (ShaderProgram* const program = activeProgram()) {
+        program->setFloatVar(std::move(name), a, b, c);
+    }
+}
+
+void GlHandler::setFloatVar(std::string name, float a, float b, float c, float d) {
+    if (ShaderProgram* const program = activeProgram()) {
+        program->setFloatVar(std::move(name), a, b, c, d);
+    }
+}
+
+void GlHandler::setIntVar(std::string name, int value) {
+    if (ShaderProgram* const program = activeProgram()) {
+        program->setIntVar(std::move(name), value);
+    }
+}
+
+void GlHandler::setStippleVar(std::string name, int* const pattern) {
+    if (ShaderProgram* const program = activeProgram()) {
+        program->setStippleVar(std::move(name), pattern);
+    }
+}
+
+}  // namespace Orlek::OpenGL

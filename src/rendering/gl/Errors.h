@@ -1,0 +1,27 @@
+// OpenGL's error flags: discarding and reporting them.
+#pragma once
+
+namespace Orlek::Detail {
+
+/// Discards every pending error.
+void clearErrors();
+
+/// Prints one line for each pending error: "Error <where> <detail> code".
+void reportErrors(const char* where, const char* detail = "Nix");
+
+/// Prints the line of the error GL_INVALID_VALUE for a call that is not even made.
+void reportInvalidValue(const char* where);
+
+/// Reports the errors that are pending at the end of a scope.
+class ErrorCheck {
+public:
+    explicit ErrorCheck(const char* where) : mWhere(where) {}
+    ~ErrorCheck() { reportErrors(mWhere); }
+    ErrorCheck(const ErrorCheck&) = delete;
+    ErrorCheck& operator=(const ErrorCheck&) = delete;
+
+private:
+    const char* mWhere;
+};
+
+}  // namespace Orlek::Detail

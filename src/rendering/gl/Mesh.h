@@ -1,0 +1,71 @@
+// The GL objects of one drawable: a vertex array, a buffer for each vertex stream, an element
+// buffer. Drawables hold a Mesh in a std::shared_ptr, so that copies of a drawable share it.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace Orlek::Detail {
+
+/// Attribute locations of the standard programs.
+enum class Attribute : unsigned { Vertex = 0, TextureCoordinate = 2, Color = 4, Position = 5 };
+
+/// Values of one attribute for consecutive vertices: `components` floats for each of them.
+struct Stream {
+    Attribute attribute;
+    int components;
+    const void* values;
+    std::size_t count;
+};
+
+/// A stream over a vector of floats or of the packed float vectors of Orlek::Math.
+template <typename T>
+Stream streamOf(Attribute attribute, const std::vector<T>& values) {
+    static_assert(sizeof(T) % sizeof(float) == 0);
+    return {attribute, static_cast<int>(sizeof(T) / sizeof(float)), values.data(), values.size()};
+}
+
+class Mesh {
+public:
+    Mesh() = default;
+    /// Parks the names that release() has not deleted; makes no GL call.
+    ~Mesh();
+    Mesh(const Mesh&) = delete;
+    Mesh& operator=(const Mesh&) = delete;
+
+    /// Creates the GL objects where they are missing and uploads everything. The first stream has
+    /// the vertices; a stream with fewer values stays disabled, so that no draw reads beyond it.
+    /// Leaves the vertex array and no array buffer bound.
+    void sync(std::span<const Stream> streams, std::span<const std::uint32_t> indices = {});
+
+    /// Uploads one stream anew.
+    void update(const Stream& stream);
+
+    /// Deletes the GL objects.
+    void release();
+
+    void bind() const;
+
+    /// Number of entries in the element buffer.
+    std::size_t indexCount() const { return mIndexCount; }
+
+private:
+    void upload(const Stream& stream);
+
+    unsigned mVertexArray = 0;
+    std::array<unsigned, 6> mBuffers{};  // by attribute location
+    unsigned mIndexBuffer = 0;
+    std::size_t mVertexCount = 0;
+    std::size_t mIndexCount = 0;
+};
+
+/// Uploads into the mesh, or into a new one when there is none yet or when another drawable shares
+/// it. Deletes parked names first. Does nothing, and leaves the mesh null, without OpenGL.
+void syncMesh(std::shared_ptr<Mesh>& mesh, std::span<const Stream> streams,
+              std::span<const std::uint32_t> indices = {});
+
+}  // namespace Orlek::Detail

@@ -1,0 +1,125 @@
+#include "rendering/gl/Texture.h"
+
+#include <GL/glew.h>
+
+#include "rendering/gl/EntryPoints.h"
+#include "rendering/gl/Errors.h"
+#include "rendering/gl/Names.h"
+#include "rendering/gl/UnpackState.h"
+
+namespace Orlek::Detail {
+
+namespace {
+
+void reportStep(const char* label) {
+    if (label != nullptr) {
+        reportErrors(label);
+    }
+}
+
+bool fits(const TextureImage& image) {
+    GLint largest = 0;
+    glGetIntegerv(GL_MAX_TEXTURE_SIZE, &largest);
+    const auto limit = static_cast<std::size_t>(largest);
+    return image.width <= limit && image.height <= limit;
+}
+
+void setParameter(GLenum parameter, GLint value) {
+    glTexParameterf(GL_TEXTURE_2D, parameter, static_cast<GLfloat>(value));
+}
+
+void setFilters(GLint minification) {
+    setParameter(GL_TEXTURE_MIN_FILTER, minification);
+    setParameter(GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+    setParameter(GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
+    setParameter(GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
+}
+
+void upload(GLint internalFormat, GLenum format, GLenum type, const TextureImage& image) {
+    const UnpackState packed;
+    glTexImage2D(GL_TEXTURE_2D, 0, internalFormat, static_cast<GLsizei>(image.width),
+                 static_cast<GLsizei>(image.height), 0, format, type, image.pixels);
+}
+
+void uploadCoverage(const TextureImage& image) {
+    const GLint swizzle[] = {GL_ZERO, GL_ZERO, GL_ZERO, GL_RED};
+    glTexParameteriv(GL_TEXTURE_2D, GL_TEXTURE_SWIZZLE_RGBA, swizzle);
+    upload(GL_R8, GL_RED, GL_UNSIGNED_BYTE, image);
+}
+
+GLenum glType(SampleType type) {
+    return type == SampleType::UnsignedShort ? GL_UNSIGNED_SHORT : GL_UNSIGNED_BYTE;
+}
+
+GLenum glTarget(TextureTarget target) {
+    return target == TextureTarget::OneDimensional ? GL_TEXTURE_1D : GL_TEXTURE_2D;
+}
+
+void activateUnit(std::size_t unit) {
+    glActiveTexture(GL_TEXTURE0 + static_cast<GLenum>(unit));
+}
+
+}  // namespace
+
+std::shared_ptr<Texture> Texture::create(const TextureRecipe& recipe, const TextureImage& image) {
+    if (!glReady() || !fits(image)) {
+        return nullptr;
+    }
+    deleteParkedNames();
+    if (recipe.labels[0] != nullptr) {
+        clearErrors();
+    }
+    GLuint name = 0;
+    glGenTextures(1, &name);
+    reportStep(recipe.labels[0]);
+    auto texture = std::make_shared<Texture>(name);
+    glBindTexture(GL_TEXTURE_2D, name);
+    reportStep(recipe.labels[1]);
+    if (recipe.coverage) {
+        uploadCoverage(image);
+        reportStep(recipe.labels[2]);
+        glGenerateMipmap(GL_TEXTURE_2D);
+        setFilters(GL_LINEAR_MIPMAP_LINEAR);
+    } else {
+        setFilters(GL_LINEAR);
+        upload(GL_RGBA, image.format, glType(recipe.type), image);
+        reportStep(recipe.labels[2]);
+    }
+    return texture;
+}
+
+Texture::~Texture() {
+    parkNames(NameKind::Texture, {&mName, 1});
+}
+
+void Texture::release() {
+    deleteNames(NameKind::Texture, {&mName, 1});
+}
+
+TextureUnits::TextureUnits(unsigned name) {
+    activateUnit(0);
+    glBindTexture(GL_TEXTURE_2D, name);
+}
+
+TextureUnits::TextureUnits(std::span<const TextureUnit> units) {
+    for (const TextureUnit& unit : units.first(std::min(units.size(), mEnabled.size()))) {
+        mEnabled[mEnabledCount] = unit.target;
+        if (unit.name != 0 || unit.bindZero) {
+            activateUnit(mEnabledCount);
+            glBindTexture(glTarget(unit.target), unit.name);
+            glEnable(glTarget(unit.target));
+        }
+        ++mEnabledCount;
+    }
+}
+
+TextureUnits::~TextureUnits() {
+    for (std::size_t unit = 0; unit < mEnabledCount; ++unit) {
+        activateUnit(unit);
+        glDisable(glTarget(mEnabled[unit]));
+    }
+    activateUnit(0);
+    glBindTexture(GL_TEXTURE_2D, 0);
+}
+
+}  // namespace Orlek::Detail

@@ -1,0 +1,22 @@
+// How OpenGL reads pixels from memory, for one upload.
+#pragma once
+
+#include <array>
+
+namespace Orlek::Detail {
+
+/// Makes OpenGL read tightly packed rows from client memory, whatever the application has set up,
+/// and restores the application's settings at the end of the scope.
+class UnpackState {
+public:
+    UnpackState();
+    ~UnpackState();
+    UnpackState(const UnpackState&) = delete;
+    UnpackState& operator=(const UnpackState&) = delete;
+
+private:
+    std::array<int, 5> mSaved{};
+    int mSavedBuffer = 0;
+};
+
+}  // namespace Orlek::Detail
