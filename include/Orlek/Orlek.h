@@ -3,5 +3,6 @@
 /// @file
 /// Everything the library offers.
 
+#include <Orlek/Math.h>
 #include <Orlek/Misc.h>
 #include <Orlek/Version.h>

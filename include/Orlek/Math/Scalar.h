@@ -1,0 +1,60 @@
+#pragma once
+
+/// @file
+/// Wrapping, clamping and linear interpolation of numbers.
+
+#include <cstdint>
+#include <limits>
+
+namespace Orlek::Math {
+
+/// Wraps a circular quantity, such as an angle, into a range.
+///
+/// Whole ranges are added or subtracted, and both ends can be reached: a value a whole number of
+/// ranges below @p min lands on @p max, one a whole number of ranges above @p max lands on @p min;
+/// @p min and @p max themselves stay.
+///
+/// @param value the quantity; NaN is returned as it is. One that is more than 2^31 ranges away is
+///        not brought all the way.
+/// @param min the lower end.
+/// @param max the upper end, above @p min.
+/// @return the quantity in [min, max].
+template <typename T>
+T circLimit(T value, T min, T max) {
+    const T range = max - min;
+    const auto wholeRanges = [range](T distance) {
+        constexpr auto most = static_cast<T>(std::numeric_limits<std::int32_t>::max());
+        const T ranges = distance / range + 1;
+        return ranges < most ? static_cast<T>(static_cast<std::int32_t>(ranges)) : most;
+    };
+    if (min > value)
+        value += wholeRanges(min - value) * range;
+    if (value > max)
+        value -= wholeRanges(value - max) * range;
+    return value;
+}
+
+/// Limits a value to a range.
+/// @param value the value; NaN is returned as it is.
+/// @param min the least result.
+/// @param max the greatest result, not below @p min.
+/// @return @p min below the range, @p max above it, else the value.
+template <typename T>
+T clampTo(T value, T min, T max) {
+    if (min > value)
+        return min;
+    return max < value ? max : value;
+}
+
+/// Interpolates linearly between two points, without going beyond them.
+/// @param x the place; before @p x0 it counts as @p x0, beyond @p x1 as @p x1.
+/// @param x0, x1 the places of the two points; equal ones give NaN or one of the two values.
+/// @param y0, y1 the values there.
+/// @return the value at @p x.
+template <typename T>
+T interpolate(T x, T x0, T x1, T y0, T y1) {
+    const T t = clampTo((x - x0) / (x1 - x0), T{0}, T{1});
+    return (y1 - y0) * t + y0;
+}
+
+}  // namespace Orlek::Math
