@@ -6,4 +6,5 @@
 #include <Orlek/Geodetic.h>
 #include <Orlek/Math.h>
 #include <Orlek/Misc.h>
+#include <Orlek/OpenGL.h>
 #include <Orlek/Version.h>

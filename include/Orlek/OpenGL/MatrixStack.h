@@ -1,13 +1,15 @@
-// The library's own transformation state: one stack of 4 x 4 matrices.
-//
-// The top of the stack is the single model-view-projection matrix; every drawing class uploads it
-// just before it draws. Products are taken from the right, as glMultMatrix does: the last
-// transformation called is the first applied to the vertices. At load every level is the zero
-// matrix: call MatrixLoadIdent() or MatrixSet() before the first draw.
-//
-// The stack is global and not locked; all functions belong to the one thread that draws. Only
-// MatrixActivate() makes GL calls.
 #pragma once
+
+/// @file
+/// The library's own transformation state: one stack of 4 x 4 matrices.
+///
+/// The top of the stack is the single model-view-projection matrix; every drawing class uploads it
+/// just before it draws. Products are taken from the right, as glMultMatrix does: the last
+/// transformation called is the first applied to the vertices. At load every level is the zero
+/// matrix: call MatrixLoadIdent() or MatrixSet() before the first draw.
+///
+/// The stack is global and not locked; all functions belong to the one thread that draws. Only
+/// MatrixActivate() makes GL calls.
 
 #include <Orlek/Export.h>
 #include <Orlek/Math/Matrix4.h>

@@ -1,0 +1,15 @@
+#pragma once
+
+/// @file
+/// Everything of Orlek::OpenGL: the shared state, shader objects, the matrix stack, drawing.
+
+#include <Orlek/OpenGL/GlHandler.h>
+#include <Orlek/OpenGL/LineLoops.h>
+#include <Orlek/OpenGL/Lines.h>
+#include <Orlek/OpenGL/MatrixStack.h>
+#include <Orlek/OpenGL/Shader.h>
+#include <Orlek/OpenGL/ShaderProgram.h>
+#include <Orlek/OpenGL/TextureTerrain.h>
+
+/// Drawing into the current OpenGL context.
+namespace Orlek::OpenGL {}
