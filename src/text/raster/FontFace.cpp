@@ -1,0 +1,109 @@
+#include "text/raster/FontFace.h"
+
+#include <ft2build.h>
+#include FT_FREETYPE_H
+#include FT_MODULE_H
+#include FT_SYSTEM_H
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "platform/Report.h"
+
+namespace Orlek::Detail {
+namespace {
+
+constexpr long maxBlock = 64L << 20;
+constexpr int maxPixelHeight = 256;
+constexpr int maxBitmapSide = 2048;
+
+bool granted(long size) {
+    return size > 0 && size <= maxBlock;
+}
+
+// FreeType asks for memory with sizes that it read from the font.
+FT_MemoryRec_ boundedMemory = {
+    nullptr,
+    [](FT_Memory, long size) { return granted(size) ? std::malloc(std::size_t(size)) : nullptr; },
+    [](FT_Memory, void* block) { std::free(block); },
+    [](FT_Memory, long, long size, void* block) {
+        return granted(size) ? std::realloc(block, std::size_t(size)) : nullptr;
+    }};
+
+int wholePixels(FT_Pos length) {
+    return static_cast<int>(std::clamp<FT_Pos>(length / 64, 0, 0x7FFF));
+}
+
+float pixels(FT_Pos length) {
+    return static_cast<float>(length) / 64.0F;
+}
+
+}  // namespace
+
+FT_LibraryRec_* openFreeType() {
+    FT_Library library = nullptr;
+    if (FT_New_Library(&boundedMemory, &library) != 0) {
+        return nullptr;
+    }
+    FT_Add_Default_Modules(library);
+    FT_Set_Default_Properties(library);
+    return library;
+}
+
+unsigned char GlyphBitmap::coverage(std::size_t row, std::size_t column) const {
+    const unsigned char* line = mBytes + static_cast<std::ptrdiff_t>(row) * mPitch;
+    if (mGrey) {
+        return line[column];
+    }
+    return (line[column / 8] >> (7 - column % 8) & 1) != 0 ? 255 : 0;
+}
+
+FontFace::FontFace(FT_LibraryRec_* library, const char* data, int size) {
+    const auto* bytes = reinterpret_cast<const FT_Byte*>(data);
+    mError = size < 0 ? static_cast<int>(FT_Err_Invalid_Argument)
+                      : FT_New_Memory_Face(library, bytes, size, 0, &mFace);
+}
+
+FontFace::~FontFace() {
+    FT_Done_Face(mFace);  // does nothing without a face
+}
+
+bool FontFace::setPixelHeight(int pixelHeight) {
+    return pixelHeight >= 1 && pixelHeight <= maxPixelHeight &&
+           FT_Set_Pixel_Sizes(mFace, 0, static_cast<FT_UInt>(pixelHeight)) == 0;
+}
+
+GlyphSize FontFace::measure(unsigned int character) {
+    const FT_UInt glyph = FT_Get_Char_Index(mFace, character);
+    if (FT_Load_Glyph(mFace, glyph, FT_LOAD_FORCE_AUTOHINT) != 0) {
+        report("FT_Load_Glyph failed!\n");
+    }
+    const FT_Glyph_Metrics& metrics = mFace->glyph->metrics;
+    return {wholePixels(metrics.width), wholePixels(metrics.height)};
+}
+
+std::optional<RenderedGlyph> FontFace::render(unsigned int character) {
+    // Loaded first without its bitmap, whose memory and time would follow the font's word alone.
+    if (FT_Load_Char(mFace, character, FT_LOAD_FORCE_AUTOHINT) != 0) {
+        return std::nullopt;
+    }
+    const FT_GlyphSlot slot = mFace->glyph;
+    if (std::max(wholePixels(slot->metrics.width), wholePixels(slot->metrics.height)) >
+            maxBitmapSide ||
+        FT_Render_Glyph(slot, FT_RENDER_MODE_NORMAL) != 0) {
+        return std::nullopt;
+    }
+    const FT_Bitmap& bitmap = slot->bitmap;
+    const std::ptrdiff_t pitch = bitmap.pitch;
+    // With a negative pitch the rows stand in memory from the bottom up.
+    const std::ptrdiff_t topRow =
+        pitch < 0 && bitmap.rows > 0 ? -pitch * (static_cast<std::ptrdiff_t>(bitmap.rows) - 1) : 0;
+    return RenderedGlyph{static_cast<float>(slot->bitmap_top),
+                         pixels(slot->advance.x),
+                         pixels(slot->metrics.horiBearingX),
+                         bitmap.width,
+                         bitmap.rows,
+                         {bitmap.buffer + topRow, pitch, bitmap.pixel_mode == FT_PIXEL_MODE_GRAY}};
+}
+
+}  // namespace Orlek::Detail
