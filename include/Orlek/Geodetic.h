@@ -1,9 +1,10 @@
 #pragma once
 
 /// @file
-/// Everything of Orlek::Geodetic: navigation, turns and grids.
+/// Everything of Orlek::Geodetic: navigation, turns, grids and terrain elevation.
 
 #include <Orlek/Geodetic/Grid.h>
+#include <Orlek/Geodetic/HeightMap.h>
 #include <Orlek/Geodetic/Navigation.h>
 #include <Orlek/Geodetic/Turns.h>
 

@@ -12,7 +12,6 @@
 #include <cstdint>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "Capture.h"
 #include "HeadlessContext.h"

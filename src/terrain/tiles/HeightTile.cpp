@@ -1,0 +1,175 @@
+// Finds out where a tile lies and reads its samples.
+#include "terrain/tiles/HeightTile.h"
+
+#include <Orlek/FileSystem/ZipFile.h>
+
+#include <algorithm>
+#include <array>
+#include <new>
+#include <optional>
+#include <span>
+#include <utility>
+
+#include "files/InflateStream.h"
+#include "files/MallocBytes.h"
+#include "files/ZipArchive.h"
+#include "platform/RegularFile.h"
+#include "platform/Report.h"
+#include "terrain/tiles/DtedHeader.h"
+#include "terrain/tiles/DtedRecords.h"
+#include "terrain/tiles/SrtmSamples.h"
+#include "terrain/tiles/TileName.h"
+
+namespace Orlek::Detail {
+
+namespace {
+
+void reportUnusable(const std::string& path) {
+    report("could not open data file <%s>\n", path.c_str());
+}
+
+/// Null when there is no memory. The samples are not set.
+std::unique_ptr<std::int16_t[]> allocateSamples(const TileGrid& grid) {
+    return std::unique_ptr<std::int16_t[]>(new (std::nothrow) std::int16_t[grid.sampleCount()]);
+}
+
+/// The grid of an opened DTED file that is long enough for it.
+std::optional<TileGrid> readDtedHeader(const RegularFile& file) {
+    std::array<char, dtedLabelSize> label{};
+    if (file.size() < dtedHeaderSize ||
+        file.readAt(0, std::as_writable_bytes(std::span(label))) != label.size()) {
+        return std::nullopt;
+    }
+    return parseDtedHeader({label.data(), label.size()});
+}
+
+/// So many that their bytes stay in the cache from reading to decoding.
+constexpr std::size_t dtedLinesAtOnce = 32;
+
+/// Reads and decodes all records. `buffer` has room for dtedLinesAtOnce of them.
+bool readDtedRecords(const RegularFile& file, const TileGrid& grid, std::byte* buffer,
+                     std::int16_t* samples) {
+    const std::size_t recordSize = dtedRecordSize(grid.numLat);
+    for (std::size_t line = 0; line < grid.numLon; line += dtedLinesAtOnce) {
+        const std::size_t lines = std::min(dtedLinesAtOnce, grid.numLon - line);
+        const std::span bytes(buffer, lines * recordSize);
+        if (file.readAt(dtedHeaderSize + line * recordSize, bytes) != bytes.size()) {
+            return false;
+        }
+        decodeDtedRecords(bytes.data(), lines, grid.numLat, samples + line * grid.numLat);
+    }
+    return true;
+}
+
+/// Inflates and places all rows. The stream must end exactly after the last one.
+bool readSrtmRows(InflateStream& content, const TileGrid& grid, std::int16_t* samples) {
+    const std::size_t rowSize = std::size_t{grid.numLon} * 2;
+    const MallocBytes band = mallocBytes(srtmBandRows * rowSize);
+    if (!band) {
+        return false;
+    }
+    for (std::uint32_t row = 0; row < grid.numLat; row += srtmBandRows) {
+        const std::uint32_t rows = std::min(srtmBandRows, grid.numLat - row);
+        const std::span bytes(band.get(), rows * rowSize);
+        if (content.read(bytes) != bytes.size()) {
+            return false;
+        }
+        placeSrtmRows(bytes.data(), row, rows, grid, samples);
+    }
+    return content.atEnd();
+}
+
+}  // namespace
+
+bool HeightTile::openHeader(const std::string& path) {
+    mPath = path;
+    mType = Type::dted;
+    RegularFile file;
+    if (!openDted(file)) {
+        reportUnusable(path);
+        return false;
+    }
+    return true;
+}
+
+bool HeightTile::parseName(const std::string& path) {
+    const std::optional<TileName> name = parseTileName(path);
+    if (!name) {
+        return false;
+    }
+    mPath = path;
+    mType = Type::srtm;
+    mLowRes = name->lowRes;
+    mGrid.latOrigin = name->latOrigin;
+    mGrid.lonOrigin = name->lonOrigin;
+    return true;
+}
+
+void HeightTile::load() {
+    if (mType == Type::srtm) {
+        loadSrtm();
+    } else if (!mFailed && !loadDted()) {
+        reportUnusable(mPath);
+        mFailed = true;
+    }
+}
+
+/// Opens the file and takes the grid from its header.
+bool HeightTile::openDted(RegularFile& file) {
+    const std::optional<TileGrid> grid =
+        file.open(mPath) ? readDtedHeader(file) : std::optional<TileGrid>();
+    if (grid) {
+        mGrid = *grid;
+    }
+    return grid.has_value();
+}
+
+/// False when the file cannot be used.
+bool HeightTile::loadDted() {
+    RegularFile file;
+    if (!openDted(file) || file.size() < dtedFileSize(mGrid)) {
+        return false;
+    }
+    auto samples = allocateSamples(mGrid);
+    const MallocBytes records = mallocBytes(dtedLinesAtOnce * dtedRecordSize(mGrid.numLat));
+    if (!samples || !records) {
+        return true;
+    }
+    if (!readDtedRecords(file, mGrid, records.get(), samples.get())) {
+        return false;
+    }
+    takeSamples(std::move(samples));
+    return true;
+}
+
+void HeightTile::loadSrtm() {
+    if (!FileSystem::ZipFile(mPath).exists()) {
+        return;
+    }
+    InflateStream content;
+    const std::optional<std::uint32_t> size = openFirstEntry(mPath, content);
+    std::optional<TileGrid> grid = size ? srtmGrid(*size) : std::nullopt;
+    if (!grid) {
+        return;
+    }
+    grid->latOrigin = mGrid.latOrigin;
+    grid->lonOrigin = mGrid.lonOrigin;
+    auto samples = allocateSamples(*grid);
+    if (samples && readSrtmRows(content, *grid, samples.get())) {
+        mGrid = *grid;
+        takeSamples(std::move(samples));
+    }
+}
+
+void HeightTile::takeSamples(std::unique_ptr<std::int16_t[]> samples) {
+    mData = std::move(samples);
+    mSurface = TileSurface(mGrid, mData.get());
+}
+
+bool HeightTile::normal(double lat, double lon, unsigned char& x, unsigned char& y,
+                        unsigned char& z) const {
+    x = y = z = 0;
+    return loaded() && mSurface.normal(lat, lon, x, y, z);
+}
+
+}  // namespace Orlek::Detail

@@ -1,0 +1,60 @@
+// One elevation tile: where it lies, known from the scan on, and its samples, while it is loaded.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "terrain/tiles/TileGrid.h"
+#include "terrain/tiles/TileKey.h"
+#include "terrain/tiles/TileSurface.h"
+
+namespace Orlek::Detail {
+
+class RegularFile;
+
+/// Coordinates are degrees within -90 to 90 and -180 to 180. One thread at a time uses a tile.
+class HeightTile {
+public:
+    /// Reads the header of the DTED file `path`. Prints a line and returns false when there is no
+    /// such regular file or its header cannot be used.
+    bool openHeader(const std::string& path);
+    /// Takes the origin of the SRTM archive `path` from its name; the file is not opened. False
+    /// when the name holds none.
+    bool parseName(const std::string& path);
+
+    [[nodiscard]] TileKey key() const { return originKey(mGrid.latOrigin, mGrid.lonOrigin); }
+    [[nodiscard]] bool lowRes() const { return mLowRes; }
+    [[nodiscard]] bool loaded() const { return mData != nullptr; }
+
+    /// Reads the samples. The tile stays unloaded when there is no memory, or its file is missing,
+    /// is no tile or is shorter than its header says. A DTED file that fails so prints a line and
+    /// is never tried again.
+    void load();
+    void unload() { mData.reset(); }
+
+    /// TileSurface::altitude; false also when the tile is not loaded.
+    bool altitude(double lat, double lon, double& value) const {
+        return loaded() && mSurface.altitude(lat, lon, value);
+    }
+    /// TileSurface::normal; false also when the tile is not loaded.
+    bool normal(double lat, double lon, unsigned char& x, unsigned char& y, unsigned char& z) const;
+
+private:
+    enum class Type : std::uint8_t { dted, srtm };
+
+    bool openDted(RegularFile& file);
+    bool loadDted();
+    void loadSrtm();
+    void takeSamples(std::unique_ptr<std::int16_t[]> samples);
+
+    std::unique_ptr<std::int16_t[]> mData;
+    TileSurface mSurface;  ///< sees mData
+    Type mType = Type::dted;
+    bool mFailed = false;
+    bool mLowRes = false;
+    TileGrid mGrid;
+    std::string mPath;
+};
+
+}  // namespace Orlek::Detail

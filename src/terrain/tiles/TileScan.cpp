@@ -1,0 +1,93 @@
+// Finds the tiles below a directory.
+#include "terrain/tiles/TileScan.h"
+
+#include <Orlek/FileSystem/Directory.h>
+
+#include <exception>
+#include <string_view>
+#include <system_error>
+
+#include "platform/Report.h"
+
+namespace Orlek::Detail {
+
+namespace {
+
+void registerDted(const std::string& file, TileMap& tiles) {
+    auto tile = std::make_shared<HeightTile>();
+    if (!tile->openHeader(file)) {
+        return;
+    }
+    const TileKey key = tile->key();
+    report("read DT File <%s> %d %d 0x%x size %d\n", file.c_str(), latIndexOf(key) - 90,
+           lonIndexOf(key) - 180, key, static_cast<int>(tiles.size()));
+    tiles[key] = std::move(tile);
+}
+
+void registerSrtm(const std::string& file, TileMaps& maps) {
+    auto tile = std::make_shared<HeightTile>();
+    if (!tile->parseName(file)) {
+        return;
+    }
+    TileMap& tiles = tile->lowRes() ? maps.low : maps.high;
+    tiles[tile->key()] = std::move(tile);
+}
+
+}  // namespace
+
+void scanDirectory(const std::string& path, TileMaps& maps) {
+    const std::vector<std::string> entries = FileSystem::Directory(path).entryList(true);
+    report("basePath <%s> size %d\n", path.c_str(), static_cast<int>(entries.size()));
+    for (const std::string& entry : entries) {
+        const std::size_t dot = entry.rfind('.');
+        const auto extension =
+            dot != std::string::npos ? std::string_view(entry).substr(dot) : std::string_view();
+        if (extension == ".DT1") {
+            registerDted(entry, maps.high);
+        } else if (extension == ".zip") {
+            registerSrtm(entry, maps);
+        }
+    }
+}
+
+std::shared_ptr<const TileMaps> TileScan::result() const {
+    return hasResult() ? mResult : nullptr;
+}
+
+std::shared_ptr<const TileMaps> TileScan::takeResult() {
+    if (!hasResult()) {
+        return nullptr;
+    }
+    mStage.store(Stage::idle, std::memory_order_relaxed);
+    return std::move(mResult);
+}
+
+void TileScan::start(const std::string& path, const std::shared_ptr<const TileMaps>& known) {
+    wait();
+    mResult = known;
+    mStage.store(Stage::running, std::memory_order_relaxed);
+    try {
+        mThread = std::thread([this, path, known] { run(path, *known); });
+    } catch (const std::system_error&) {
+        run(path, *known);
+    }
+}
+
+void TileScan::wait() {
+    if (mThread.joinable()) {
+        mThread.join();
+    }
+}
+
+void TileScan::run(const std::string& path, const TileMaps& known) noexcept {
+    try {
+        const auto maps = std::make_shared<TileMaps>(known);
+        mResult = maps;
+        scanDirectory(path, *maps);
+    } catch (const std::exception&) {
+        // Out of memory: the tiles found until then are still right.
+    }
+    mStage.store(Stage::finished, std::memory_order_release);
+}
+
+}  // namespace Orlek::Detail

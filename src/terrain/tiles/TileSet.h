@@ -1,0 +1,43 @@
+// Chooses the tile of a query and keeps a bounded number of tiles loaded: the most recently loaded
+// stay, the one loaded longest ago is unloaded.
+#pragma once
+
+#include <cstddef>
+#include <list>
+#include <map>
+#include <memory>
+
+#include "terrain/tiles/HeightTile.h"
+#include "terrain/tiles/TileKey.h"
+
+namespace Orlek::Detail {
+
+using TileMap = std::map<TileKey, std::shared_ptr<HeightTile>>;
+
+/// Copies share tiles. One thread at a time.
+class TileSet {
+public:
+    /// @param limit tiles loaded at a time.
+    explicit TileSet(std::size_t limit) : mLimit(limit) {}
+
+    /// Makes the tile of `key` current. A key that is current already changes nothing, not even
+    /// when its tile is unloaded and `load` is true. Returns false when the tile is not loaded and
+    /// `load` forbids to.
+    bool select(const TileMap& tiles, TileKey key, bool load) {
+        return key == mCurrentKey || change(tiles, key, load);
+    }
+
+    /// The tile last selected, loaded or not; null when there is none under that key.
+    [[nodiscard]] const HeightTile* current() const { return mCurrentTile.get(); }
+
+private:
+    bool change(const TileMap& tiles, TileKey key, bool load);
+    void loadCurrent();
+
+    TileKey mCurrentKey = noTileKey;
+    std::shared_ptr<HeightTile> mCurrentTile;
+    std::list<std::shared_ptr<HeightTile>> mLoadedTiles;  ///< most recently loaded first
+    std::size_t mLimit;
+};
+
+}  // namespace Orlek::Detail

@@ -1,0 +1,70 @@
+// The surface that the samples of a tile span: heights and normals between its posts.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "terrain/tiles/TileGrid.h"
+#include "terrain/tiles/TileKey.h"
+
+namespace Orlek::Detail {
+
+/// Sees the samples of a loaded tile; whoever loads them owns them. Coordinates are degrees within
+/// -90 to 90 and -180 to 180. The order of operations is part of the results.
+class TileSurface {
+public:
+    TileSurface() = default;
+    /// @param samples longitude lines from west to east, each from south to north, in metres.
+    TileSurface(const TileGrid& grid, const std::int16_t* samples);
+
+    /// Interpolates bilinearly between the four posts around a point, in metres. False, with
+    /// `value` unchanged, when the point lies outside the grid.
+    bool altitude(double lat, double lon, double& value) const;
+
+    /// The direction of the surface normal at a point, east, north and up, each mapped from -1 ...
+    /// 1 to a byte. False, with all three 0, when the point lies outside the grid.
+    bool normal(double lat, double lon, unsigned char& x, unsigned char& y, unsigned char& z) const;
+
+    /// The sample at latitude index i and longitude index j; outside the grid the line through the
+    /// two nearest samples inward, continued.
+    [[nodiscard]] double sampleOrExtrapolate(std::int32_t i, std::int32_t j) const;
+
+private:
+    struct Patch;
+
+    [[nodiscard]] const std::int16_t* at(std::int32_t i, std::int32_t j) const {
+        return mSamples + static_cast<std::size_t>(j) * mGrid.numLat + i;
+    }
+    void readPatch(std::int32_t i, std::int32_t j, Patch& patch) const;
+
+    TileGrid mGrid;
+    double mLatSpacingM = 0.0;
+    double mLonSpacingM = 0.0;
+    const std::int16_t* mSamples = nullptr;
+};
+
+inline bool TileSurface::altitude(double lat, double lon, double& value) const {
+    const double u = (lat - mGrid.latOrigin) / mGrid.latSpacing;
+    const double v = (lon - mGrid.lonOrigin) / mGrid.lonSpacing;
+    const std::uint32_t i = degreeIndex(u);
+    const std::uint32_t j = degreeIndex(v);
+    if (i >= mGrid.numLat || j >= mGrid.numLon) {
+        return false;
+    }
+    // On the last row or line the neighbours beyond it are the corner itself.
+    const std::size_t north = i < mGrid.numLat - 1 ? 1 : 0;
+    const std::size_t east = j < mGrid.numLon - 1 ? mGrid.numLat : 0;
+    const std::int16_t* corner = mSamples + std::size_t{j} * mGrid.numLat + i;
+    const double h00 = corner[0];
+    const double h01 = corner[north];
+    const double h10 = corner[east];
+    const double h11 = corner[north != 0 && east != 0 ? north + east : 0];
+    const double fu = u - i;
+    const double fv = v - j;
+    const double a = h00 + (h10 - h00) * fv;
+    const double b = h01 + (h11 - h01) * fv;
+    value = a + (b - a) * fu;
+    return true;
+}
+
+}  // namespace Orlek::Detail
