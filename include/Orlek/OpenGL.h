@@ -9,6 +9,7 @@
 #include <Orlek/OpenGL/MatrixStack.h>
 #include <Orlek/OpenGL/Shader.h>
 #include <Orlek/OpenGL/ShaderProgram.h>
+#include <Orlek/OpenGL/TextureFont.h>
 #include <Orlek/OpenGL/TextureTerrain.h>
 
 /// Drawing into the current OpenGL context.

@@ -3,6 +3,7 @@
 /// @file
 /// Everything the library offers.
 
+#include <Orlek/FileSystem.h>
 #include <Orlek/Geodetic.h>
 #include <Orlek/Math.h>
 #include <Orlek/Misc.h>
