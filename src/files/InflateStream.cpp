@@ -11,6 +11,7 @@ namespace Orlek::Detail {
 
 namespace {
 
+// Small enough that malloc serves it from memory in use already, which costs no page faults.
 constexpr std::size_t largestChunk = std::size_t{64} * 1024;
 constexpr int rawDeflate = -MAX_WBITS;
 
@@ -37,7 +38,7 @@ bool InflateStream::open(RegularFile file, std::uint64_t offset, std::uint32_t c
     mOffset = offset;
     mRemaining = compressedSize;
     mChunkSize = std::clamp<std::size_t>(compressedSize, 1, largestChunk);
-    mChunk = mallocBytes(mChunkSize);
+    mChunk = mallocArray<std::byte>(mChunkSize);
     auto stream = std::make_unique<z_stream>();
     if (!mChunk || inflateInit2(stream.get(), rawDeflate) != Z_OK) {
         return false;

@@ -9,7 +9,7 @@
 #include <span>
 #include <string>
 
-#include "files/MallocBytes.h"
+#include "platform/MallocArray.h"
 #include "platform/RegularFile.h"
 
 struct z_stream_s;
@@ -46,7 +46,7 @@ private:
     std::uint64_t mOffset = 0;
     std::uint32_t mRemaining = 0;  // compressed bytes not read from the file yet
     std::size_t mChunkSize = 0;
-    MallocBytes mChunk;
+    MallocArray<std::byte> mChunk;
     std::unique_ptr<z_stream_s, EndInflate> mStream;
     State mState = State::closed;
 };

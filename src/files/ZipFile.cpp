@@ -6,9 +6,9 @@
 #include <utility>
 
 #include "files/InflateStream.h"
-#include "files/MallocBytes.h"
 #include "files/ZipArchive.h"
 #include "platform/DirectorySearch.h"
+#include "platform/MallocArray.h"
 #include "platform/RegularFile.h"
 
 namespace Orlek::FileSystem {
@@ -77,7 +77,7 @@ unsigned char* ZipFile::readFileContent(const FileData& entry, unsigned int& siz
         return nullptr;
     }
     const std::size_t length = entry.uncompressedSize;
-    Detail::MallocBytes content = Detail::mallocBytes(length + 1);
+    Detail::MallocArray<std::byte> content = Detail::mallocArray<std::byte>(length + 1);
     if (!content) {
         return nullptr;
     }

@@ -24,6 +24,18 @@ inline std::string readFont(const std::string& path) {
     return bytes;
 }
 
+/// FreeType's error code for a font of these bytes.
+inline int openingError(const std::string& bytes) {
+    FT_Library library = nullptr;
+    FT_Face face = nullptr;
+    FT_Init_FreeType(&library);
+    const FT_Error error =
+        FT_New_Memory_Face(library, reinterpret_cast<const FT_Byte*>(bytes.data()),
+                           static_cast<FT_Long>(bytes.size()), 0, &face);
+    FT_Done_FreeType(library);
+    return error;
+}
+
 struct ReferenceGlyph {
     int left;     ///< Columns from the pen to the bitmap.
     int top;      ///< Rows from the baseline up to the bitmap's top.

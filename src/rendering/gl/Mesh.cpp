@@ -87,6 +87,7 @@ void syncMesh(std::shared_ptr<Mesh>& mesh, std::span<const Stream> streams,
         mesh = std::make_shared<Mesh>();
     }
     mesh->sync(streams, indices);
+    glBindVertexArray(0);
 }
 
 }  // namespace Orlek::Detail

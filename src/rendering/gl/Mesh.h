@@ -64,7 +64,8 @@ private:
 };
 
 /// Uploads into the mesh, or into a new one when there is none yet or when another drawable shares
-/// it. Deletes parked names first. Does nothing, and leaves the mesh null, without OpenGL.
+/// it. Deletes parked names first. Leaves no vertex array bound, so that the application cannot
+/// change it by mistake. Does nothing, and leaves the mesh null, without OpenGL.
 void syncMesh(std::shared_ptr<Mesh>& mesh, std::span<const Stream> streams,
               std::span<const std::uint32_t> indices = {});
 

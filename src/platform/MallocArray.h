@@ -1,0 +1,35 @@
+// Arrays from malloc that free themselves: for buffers that callers of the interface will free, and
+// for large ones that are filled at once and need no zeroes first.
+#pragma once
+
+#include <cstddef>
+#include <cstdlib>
+#include <limits>
+#include <memory>
+#include <type_traits>
+
+namespace Orlek::Detail {
+
+struct FreeMemory {
+    void operator()(void* memory) const { std::free(memory); }
+};
+
+template <typename T>
+using MallocArray = std::unique_ptr<T[], FreeMemory>;
+
+/// Memory to be released with std::free; null when there is none. From 2 MiB on it is meant to be
+/// filled: the system is asked for large pages, because fresh memory in small ones costs a fault
+/// every 4 KiB, which can take as long as inflating what goes there.
+void* mallocLarge(std::size_t size);
+
+/// `count` elements without initial values; null when there is no memory.
+template <typename T>
+MallocArray<T> mallocArray(std::size_t count) {
+    static_assert(std::is_trivially_default_constructible_v<T>);
+    if (count > std::numeric_limits<std::size_t>::max() / sizeof(T)) {
+        return nullptr;
+    }
+    return MallocArray<T>(static_cast<T*>(mallocLarge(count * sizeof(T))));
+}
+
+}  // namespace Orlek::Detail

@@ -1,0 +1,68 @@
+// Pictures of text: as FreeType renders it, and as it was drawn.
+#pragma once
+
+#include <GL/glew.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "text/FreeTypeReference.h"
+
+namespace OrlekTest {
+
+/// One channel, bottom row first.
+struct FontPicture {
+    int width;
+    int height;
+    std::vector<int> pixels;
+
+    FontPicture(int columns, int rows)
+        : width(columns), height(rows), pixels(static_cast<std::size_t>(columns * rows)) {}
+
+    int& at(int x, int y) { return pixels.at(static_cast<std::size_t>(y * width + x)); }
+
+    bool blank() const {
+        return std::all_of(pixels.begin(), pixels.end(), [](int value) { return value == 0; });
+    }
+
+    /// The largest difference of a pixel.
+    int distance(const FontPicture& other) const {
+        int largest = width == other.width && height == other.height ? 0 : 256;
+        for (std::size_t i = 0; largest < 256 && i < pixels.size(); ++i) {
+            largest = std::max(largest, std::abs(pixels[i] - other.pixels[i]));
+        }
+        return largest;
+    }
+};
+
+/// Blends a text in white, its pen starting at (x, y).
+inline void drawReference(FontPicture& picture, const ReferenceFont& font, const std::string& text,
+                          int x, int y) {
+    for (const char byte : text) {
+        const ReferenceGlyph glyph = font.glyph(static_cast<unsigned char>(byte));
+        for (int row = 0; row < glyph.rows; ++row) {
+            for (int column = 0; column < glyph.width; ++column) {
+                int& pixel = picture.at(x + glyph.left + column, y + glyph.top - 1 - row);
+                const int coverage = glyph.at(row, column);
+                pixel += ((255 - pixel) * coverage + 127) / 255;
+            }
+        }
+        x += glyph.advance;
+    }
+}
+
+/// The red channel of the framebuffer.
+inline FontPicture readPicture(int width, int height) {
+    FontPicture picture(width, height);
+    std::vector<std::uint8_t> bytes(picture.pixels.size() * 4);
+    glReadPixels(0, 0, width, height, GL_RGBA, GL_UNSIGNED_BYTE, bytes.data());
+    for (std::size_t i = 0; i < picture.pixels.size(); ++i) {
+        picture.pixels[i] = bytes[4 * i];
+    }
+    return picture;
+}
+
+}  // namespace OrlekTest
