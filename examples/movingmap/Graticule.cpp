@@ -1,0 +1,116 @@
+// In a flat map the lines are straight: a line is found from where it meets the picture's edges.
+#include "Graticule.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "Format.h"
+
+namespace MovingMap {
+
+namespace {
+
+struct Bounds {
+    double low;
+    double high;
+};
+
+Bounds boundsOf(const MapView& view, double Position::*axis) {
+    const Point size = view.size();
+    const std::array<Point, 4> corners = {Point(0.0, 0.0), Point(size.x, 0.0), size,
+                                          Point(0.0, size.y)};
+    Bounds bounds{1e9, -1e9};
+    for (const Point& corner : corners) {
+        const double value = view.toPosition(corner).*axis;
+        bounds.low = std::min(bounds.low, value);
+        bounds.high = std::max(bounds.high, value);
+    }
+    return bounds;
+}
+
+// Where the line from a to b has y = level; false when it runs along that level.
+bool crossesLevel(Point a, Point b, double level, double& x) {
+    if (std::abs(b.y - a.y) < 1.0) {
+        return false;
+    }
+    x = a.x + (b.x - a.x) * (level - a.y) / (b.y - a.y);
+    return true;
+}
+
+bool crossesColumn(Point a, Point b, double column, double& y) {
+    return crossesLevel(Point(a.y, a.x), Point(b.y, b.x), column, y);
+}
+
+// Puts labels where lines enter the area, when they do so at an angle that leaves no doubt which
+// line is meant.
+class EdgeLabels {
+public:
+    EdgeLabels(Canvas& canvas, const Box& area, const std::vector<Box>& blocked)
+        : mText(canvas.small), mArea(area), mBlocked(blocked), mPad(6.0 * canvas.unit) {}
+
+    void addLatitude(Point a, Point b, double lat) {
+        double y = 0.0;
+        if (std::abs(b.x - a.x) > std::abs(b.y - a.y) && crossesColumn(a, b, mArea.low.x, y)) {
+            add(latitudeLabel(lat), Point(mArea.low.x + mPad, y + 0.5 * mPad));
+        }
+    }
+
+    void addLongitude(Point a, Point b, double lon) {
+        double x = 0.0;
+        if (std::abs(b.y - a.y) >= std::abs(b.x - a.x) && crossesLevel(a, b, mArea.high.y, x)) {
+            add(longitudeLabel(lon),
+                Point(x + 0.5 * mPad, mArea.high.y - mPad - mText.capHeight()));
+        }
+    }
+
+private:
+    void add(const std::string& label, Point at) {
+        const Box box{at, Point(at.x + mText.width(label), at.y + mText.capHeight())};
+        const Box spaced = box.grown(0.5 * mPad);
+        const bool covered = std::any_of(mBlocked.begin(), mBlocked.end(),
+                                         [&](const Box& other) { return other.overlaps(spaced); });
+        if (mArea.contains(box) && !covered) {
+            mText.add(label, at, Align::left, white);
+        }
+    }
+
+    TextLayer& mText;
+    const Box& mArea;
+    const std::vector<Box>& mBlocked;
+    double mPad;
+};
+
+}  // namespace
+
+double graticuleMinutes(double leastMinutes) {
+    constexpr std::array<double, 10> spacings = {1, 2, 5, 10, 20, 30, 60, 120, 300, 600};
+    const auto found = std::find_if(spacings.begin(), spacings.end() - 1,
+                                    [=](double spacing) { return spacing >= leastMinutes; });
+    return *found;
+}
+
+void drawGraticule(Canvas& canvas, const MapView& view, const Box& area,
+                   const std::vector<Box>& blocked) {
+    EdgeLabels labels(canvas, area, blocked);
+    const double leastPixels = 150.0 * canvas.unit;
+    const double step =
+        graticuleMinutes(leastPixels * view.metresPerPixel() / metresPerMile) / 60.0;
+    const Bounds lats = boundsOf(view, &Position::lat);
+    const Bounds lons = boundsOf(view, &Position::lon);
+    for (double lat = std::ceil(lats.low / step) * step; lat <= lats.high; lat += step) {
+        const Point a = view.toScreen({lat, lons.low});
+        const Point b = view.toScreen({lat, lons.high});
+        canvas.stroke.segment(a, b);
+        labels.addLatitude(a, b, lat);
+    }
+    for (double lon = std::ceil(lons.low / step) * step; lon <= lons.high; lon += step) {
+        const Point a = view.toScreen({lats.low, lon});
+        const Point b = view.toScreen({lats.high, lon});
+        canvas.stroke.segment(a, b);
+        labels.addLongitude(a, b, lon);
+    }
+    canvas.stroke.draw({.colour = Colour(1.0F, 1.0F, 1.0F, 0.38F), .width = canvas.unit});
+}
+
+}  // namespace MovingMap

@@ -1,0 +1,65 @@
+// One context and one picture object serve all files.
+#include "Headless.h"
+
+#include <cstdio>
+#include <string>
+
+#include "HeadlessContext.h"
+#include "MapPicture.h"
+#include "Png.h"
+#include "ProgressBar.h"
+
+namespace MovingMap {
+
+namespace {
+
+constexpr int finest = 1;
+
+void save(const std::string& path, MapPicture& picture, const Scene& scene, Point size) {
+    picture.draw(scene, size, scene.own, finest);
+    OrlekSupport::writePng(
+        path, OrlekSupport::readFramebuffer(static_cast<int>(size.x), static_cast<int>(size.y)));
+}
+
+void saveFrames(const Options& options, const Flight& flight, MapPicture& picture, Point size) {
+    ProgressBar progress(options.frames);
+    for (int i = 0; i < options.frames; ++i) {
+        const double share = options.frames > 1 ? i / (options.frames - 1.0) : 0.0;
+        save(numberedPath(options.out, i + 1, options.frames), picture,
+             flight.sceneAt(share * flight.path().lengthM()), size);
+        progress.show(i + 1);
+    }
+}
+
+}  // namespace
+
+std::string numberedPath(const std::string& path, int number, int count) {
+    const std::string digits = std::to_string(number);
+    const std::size_t width = std::to_string(count).size();
+    const std::string name = path.substr(path.find_last_of('/') + 1);
+    const std::size_t dot = name.find_last_of('.');
+    const std::string extension = dot == std::string::npos ? "" : name.substr(dot);
+    return path.substr(0, path.size() - extension.size()) + "-" +
+           std::string(width - digits.size(), '0') + digits + extension;
+}
+
+void drawPictures(const Options& options, const Flight& flight,
+                  Orlek::Geodetic::HeightMap& terrain) {
+    const OrlekSupport::HeadlessContext context(options.width, options.height);
+    MapPicture picture(options.font, options.scale, terrain, flight.route(), flight.path());
+    const Point size(options.width, options.height);
+    if (options.frames > 0) {
+        saveFrames(options, flight, picture, size);
+        std::printf("%d pictures: %s to %s\n", options.frames,
+                    numberedPath(options.out, 1, options.frames).c_str(),
+                    numberedPath(options.out, options.frames, options.frames).c_str());
+    } else {
+        save(options.out, picture, flight.scene(), size);
+        std::printf("%s\n", options.out.c_str());
+    }
+    if (!picture.terrainComplete()) {
+        std::printf("hatched: no elevation tile there\n");
+    }
+}
+
+}  // namespace MovingMap

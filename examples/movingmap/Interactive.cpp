@@ -1,0 +1,126 @@
+// The aircraft flies on its own; the user moves the map.
+#include "Interactive.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "MapPicture.h"
+#include "Window.h"
+
+namespace MovingMap {
+
+namespace {
+
+using OrlekSupport::Window;
+
+// While the map moves the relief is coarser, so that the picture follows at once.
+constexpr int movingStep = 3;
+constexpr int restingStep = 1;
+constexpr double keyPanPixels = 60.0;
+constexpr double timeLapse = 10.0;  // The flight is shown ten times as fast as it is.
+
+class Session {
+public:
+    Session(const Options& options, const Flight& flight, Orlek::Geodetic::HeightMap& terrain)
+        : mFrames(options.frames),
+          mFlight(flight),
+          mWindow("Moving map", options.width, options.height),
+          mPicture(options.font, options.scale * mWindow.contentScale(), terrain, flight.route(),
+                   flight.path()),
+          mScene(flight.scene()),
+          mCentre(mScene.own) {
+        mWindow.onKey([this](const std::string& key) { pressKey(key); });
+        mWindow.onDrag([this](double dx, double dy) { pan(dx, dy); });
+        mWindow.onScroll([this](double steps) { zoom(steps); });
+    }
+
+    void run() {
+        double before = mWindow.seconds();
+        for (int frame = 0; mWindow.isOpen() && (mFrames == 0 || frame < mFrames); ++frame) {
+            const double now = mWindow.seconds();
+            fly(now - before);
+            before = now;
+            drawFrame();
+            mWindow.showFrame();
+        }
+    }
+
+private:
+    void fly(double seconds) {
+        if (mHeld || mScene.alongM < 0.0 || mScene.alongM >= mFlight.path().lengthM()) {
+            return;
+        }
+        const double metres = seconds * timeLapse * mScene.speedKt * metresPerMile / 3600.0;
+        const double rangeM = mScene.rangeM;
+        const bool headingUp = mScene.headingUp;
+        mScene = mFlight.sceneAt(mScene.alongM + metres);
+        mScene.rangeM = rangeM;
+        mScene.headingUp = headingUp;
+        if (mFollow) {
+            mCentre = mScene.own;
+            mMoved = true;
+        }
+    }
+
+    void drawFrame() {
+        const auto [width, height] = mWindow.framebufferSize();
+        mPicture.draw(mScene, Point(width, height), mCentre, mMoved ? movingStep : restingStep);
+        mMoved = false;
+    }
+
+    void pan(double dx, double dy) {
+        const MapView& view = mPicture.view();
+        mCentre = view.toPosition(Point(view.focus().x - dx, view.focus().y + dy));
+        mFollow = false;
+        mMoved = true;
+    }
+
+    void zoom(double steps) {
+        mScene.rangeM = std::clamp(mScene.rangeM * std::pow(0.85, steps), 0.2 * metresPerMile,
+                                   200.0 * metresPerMile);
+        mMoved = true;
+    }
+
+    void pressKey(const std::string& key) {
+        if (key == "Escape") {
+            mWindow.close();
+        } else if (key == "H") {
+            mScene.headingUp = !mScene.headingUp;
+        } else if (key == "C") {
+            mFollow = true;
+            mCentre = mScene.own;
+        } else if (key == "Space") {
+            mHeld = !mHeld;
+        } else if (key == "+" || key == "-") {
+            zoom(key == "+" ? 1.0 : -1.0);
+        } else {
+            panByKey(key);
+        }
+    }
+
+    void panByKey(const std::string& key) {
+        const double x = key == "Left" ? 1.0 : key == "Right" ? -1.0 : 0.0;
+        const double y = key == "Up" ? 1.0 : key == "Down" ? -1.0 : 0.0;
+        if (x != 0.0 || y != 0.0) {
+            pan(x * keyPanPixels, y * keyPanPixels);
+        }
+    }
+
+    int mFrames;
+    const Flight& mFlight;
+    Window mWindow;
+    MapPicture mPicture;
+    Scene mScene;
+    Position mCentre;
+    bool mFollow = true;
+    bool mHeld = false;
+    bool mMoved = false;
+};
+
+}  // namespace
+
+void showWindow(const Options& options, const Flight& flight, Orlek::Geodetic::HeightMap& terrain) {
+    Session(options, flight, terrain).run();
+}
+
+}  // namespace MovingMap

@@ -1,0 +1,15 @@
+// The map in a window.
+#pragma once
+
+#include "Flight.h"
+
+namespace MovingMap {
+
+/// Opens a window and flies the route in it until it is closed or Escape is pressed.
+///
+/// Mouse: drag pans, the wheel zooms. Keys: arrows pan, + and - zoom, H turns the map north or
+/// heading up, C centres it on the aircraft again, space holds the flight, Escape quits.
+/// Throws std::runtime_error when there is no display, no GL or no font.
+void showWindow(const Options& options, const Flight& flight, Orlek::Geodetic::HeightMap& terrain);
+
+}  // namespace MovingMap

@@ -1,0 +1,53 @@
+// Where labels go so that they can be read.
+#pragma once
+
+#include <vector>
+
+#include "MapView.h"
+
+namespace MovingMap {
+
+/// An upright rectangle of the picture.
+struct Box {
+    Point low;
+    Point high;
+
+    bool overlaps(const Box& other) const;
+    bool contains(const Box& other) const;
+    Box grown(double margin) const;
+};
+
+/// Whether the straight line between two points touches the box.
+bool touches(const Box& box, Point a, Point b);
+
+/// Finds free places for labels around their points, one label after the other.
+class LabelPlacer {
+public:
+    /// @param area labels lie inside it
+    explicit LabelPlacer(const Box& area) : mArea(area) {}
+
+    /// A place that no label shall cover.
+    void block(const Box& box) { mBlocked.push_back(box); }
+
+    /// A line that labels avoid.
+    void avoid(const std::vector<Point>& polyline);
+
+    /// Chooses the best of the places around a point for a label of this size: right, left, above,
+    /// below and between, first close by, then further away. A place that touches a blocked box, an
+    /// earlier label or a line is taken only when there is no free one. The chosen place is blocked
+    /// for later labels.
+    Box place(Point point, Point size, double unit);
+
+private:
+    double cost(const Box& box) const;
+
+    Box mArea;
+    std::vector<Box> mBlocked;
+    struct Segment {
+        Point a;
+        Point b;
+    };
+    std::vector<Segment> mLines;
+};
+
+}  // namespace MovingMap

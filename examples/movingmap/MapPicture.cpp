@@ -1,0 +1,114 @@
+// From the ground up: relief, graticule, rings, route, aircraft and their text, then the plates.
+#include "MapPicture.h"
+
+#include <GL/gl.h>
+
+#include <algorithm>
+
+#include "CompassRose.h"
+#include "Graticule.h"
+#include "HeightLegend.h"
+#include "Ortho.h"
+#include "OwnShip.h"
+#include "RouteLayer.h"
+#include "ScaleBar.h"
+#include "StatusPlates.h"
+#include "WaypointLabels.h"
+
+namespace MovingMap {
+
+namespace {
+
+// What is left free around the outer ring: room for the heading above it.
+constexpr double ringMargin = 58.0;
+
+}  // namespace
+
+MapPicture::MapPicture(const std::string& fontFile, double scale,
+                       Orlek::Geodetic::HeightMap& terrain, const Route& route,
+                       const RoutePath& path)
+    : mCanvas(fontFile, scale),
+      mTerrain(terrain),
+      mRoute(route),
+      mPath(path),
+      mView({}, 1.0, 0.0, Point(0.0, 0.0), Point(1.0, 1.0)) {}
+
+MapView MapPicture::viewFor(const Scene& scene, Point size, const Position& centre,
+                            double infoHeight) const {
+    const double mapHeight = size.y - infoHeight;
+    const double radius =
+        std::max(std::min(size.x, mapHeight) / 2.0 - ringMargin * mCanvas.unit, 40.0);
+    const Point focus(size.x / 2.0, infoHeight + mapHeight / 2.0);
+    return MapView(centre, scene.rangeM / radius, scene.headingUp ? scene.headingDeg : 0.0, focus,
+                   size);
+}
+
+MapPicture::Layout MapPicture::layOut(Point size, double infoHeight) const {
+    const double margin = 10.0 * mCanvas.unit;
+    Layout layout{Box{Point(0.0, infoHeight), size}, headingBox(mCanvas, size),
+                  modeBox(mCanvas, size),
+                  scaleBarBox(mCanvas, mView, Point(margin, infoHeight + margin)), std::nullopt};
+    const Box legend = heightLegendBox(mCanvas, Point(size.x - margin, size.y - margin));
+    if (legend.high.y - legend.low.y < (size.y - infoHeight) / 2.0) {
+        layout.legend = legend;
+    }
+    return layout;
+}
+
+std::vector<Box> MapPicture::Layout::plates() const {
+    std::vector<Box> boxes{heading, mode, scaleBar};
+    if (legend) {
+        boxes.push_back(*legend);
+    }
+    return boxes;
+}
+
+void MapPicture::drawMap(const Scene& scene, const Layout& layout) {
+    mRelief.draw();
+    drawGraticule(mCanvas, mView, layout.map, layout.plates());
+    const std::vector<Box> figures = drawCompassRose(mCanvas, mView, scene);
+    const RouteLine line = projectRoute(mPath, mView, scene.alongM);
+    drawRoute(mCanvas, mView, mRoute, line, scene.next.index);
+    drawOwnShip(mCanvas, mView, scene);
+    LabelPlacer placer(layout.map.grown(-6.0 * mCanvas.unit));
+    for (const Box& box : layout.plates()) {
+        placer.block(box);
+    }
+    for (const Box& box : figures) {
+        placer.block(box);
+    }
+    const Point own = mView.toScreen(scene.own);
+    placer.block(Box{own, own}.grown(18.0 * mCanvas.unit));
+    addWaypointLabels(mCanvas, mView, mRoute, line, scene.next.index, placer, layout.map);
+}
+
+void MapPicture::drawPlates(const Scene& scene, const Layout& layout) {
+    drawHeading(mCanvas, layout.heading, scene.headingDeg);
+    drawMode(mCanvas, layout.mode, scene);
+    drawScaleBar(mCanvas, mView, layout.scaleBar);
+    if (layout.legend) {
+        drawHeightLegend(mCanvas, *layout.legend);
+    }
+}
+
+void MapPicture::drawText() {
+    mCanvas.small.draw();
+    mCanvas.normal.draw();
+    mCanvas.large.draw();
+}
+
+void MapPicture::draw(const Scene& scene, Point size, const Position& centre, int reliefStep) {
+    const InfoLine info(mCanvas, scene, size.x);
+    mView = viewFor(scene, size, centre, info.height());
+    glViewport(0, 0, static_cast<int>(size.x), static_cast<int>(size.y));
+    setPixelMatrix(size);
+    mRelief.update(mTerrain, mView, reliefStep);
+    const Layout layout = layOut(size, info.height());
+    drawMap(scene, layout);
+    drawText();
+    drawPlates(scene, layout);
+    info.draw(mCanvas);
+    drawText();
+}
+
+}  // namespace MovingMap

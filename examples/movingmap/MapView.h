@@ -1,0 +1,42 @@
+// Where places of the earth lie in the picture.
+#pragma once
+
+#include <Orlek/Math.h>
+
+#include "Position.h"
+
+namespace MovingMap {
+
+/// A point of the picture in pixels, x to the right and y up from the lower left corner.
+using Point = Orlek::Math::Vector2<double>;
+
+/// A flat map: the local grid of one position, turned and scaled. Good for the few hundred miles
+/// around a position that a moving map shows.
+class MapView {
+public:
+    /// @param centre the position that is shown at @p focus
+    /// @param metresPerPixel scale, above 0
+    /// @param upDeg the direction at the top of the picture, degrees clockwise from north
+    /// @param focus a point of the picture
+    /// @param size width and height of the picture in pixels
+    MapView(Position centre, double metresPerPixel, double upDeg, Point focus, Point size);
+
+    Point toScreen(const Position& position) const;
+    Position toPosition(const Point& point) const;
+
+    double metresPerPixel() const { return mMetresPerPixel; }
+    double upDeg() const { return mUpDeg; }
+    Point focus() const { return mFocus; }
+    Point size() const { return mSize; }
+
+    bool operator==(const MapView& other) const;
+
+private:
+    Position mCentre;
+    double mMetresPerPixel;
+    double mUpDeg;
+    Point mFocus;
+    Point mSize;
+};
+
+}  // namespace MovingMap

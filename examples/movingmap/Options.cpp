@@ -1,0 +1,114 @@
+// Registered with the library's command line, then turned into numbers and checked.
+#include "Options.h"
+
+#include <Orlek/Misc.h>
+
+#include <charconv>
+#include <stdexcept>
+
+#include "BuildPaths.h"
+
+namespace MovingMap {
+
+namespace {
+
+using Orlek::Misc::CmdLine;
+
+// The built-in route is best seen from here: the terrain reaches to all edges of the picture.
+constexpr double builtInPlaceMiles = 12.35;
+
+void registerOptions(CmdLine& line) {
+    line.addParameter("--tiles", "directory of elevation tiles (.DT1, .zip)", defaultTiles);
+    line.addParameter("--route", "route file; the built-in route when empty", "");
+    line.addParameter("--font", "font file",
+                      "/usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf");
+    line.addParameter("--out", "picture to write", "movingmap.png");
+    line.addParameter(
+        "--frames",
+        "fly the route in this many numbered pictures; in a window: close after as many", "0");
+    line.addSwitch("--window", "open a window instead of writing pictures");
+    line.addParameter("--lat", "own latitude, degrees; on the route when empty", "");
+    line.addParameter("--lon", "own longitude, degrees; on the route when empty", "");
+    line.addParameter("--heading", "own heading, degrees; along the route when empty", "");
+    line.addParameter("--along", "own place on the route, nautical miles from its start", "");
+    line.addParameter("--range", "radius of the outer ring, nautical miles", "4");
+    line.addParameter("--altitude", "own altitude, feet", "5500");
+    line.addParameter("--speed", "ground speed, knots", "110");
+    line.addSwitch("--headingup", "turn the map so that the heading points up");
+    line.addSwitch("--northup", "keep north at the top (so it is without either)");
+    line.addParameter("--width", "width of the picture, pixels", "1280");
+    line.addParameter("--height", "height of the picture, pixels", "800");
+    line.addParameter("--scale", "size of text and symbols, 1 is for 100 dots an inch", "1");
+    line.addSwitch("--help", "print this text");
+}
+
+std::string textOf(const char* name) {
+    std::string value;
+    CmdLine::instance().getParameter(name, value);
+    return value;
+}
+
+template <typename Number>
+Number numberOf(const char* name, Number low, Number high) {
+    const std::string text = textOf(name);
+    Number value{};
+    const char* end = text.data() + text.size();
+    const auto [stopped, error] = std::from_chars(text.data(), end, value);
+    if (error != std::errc() || stopped != end || !(value >= low && value <= high)) {
+        throw std::runtime_error(std::string(name) + ": '" + text + "' is no number from " +
+                                 std::to_string(low) + " to " + std::to_string(high));
+    }
+    return value;
+}
+
+std::optional<double> optionalNumberOf(const char* name, double low, double high) {
+    if (textOf(name).empty()) {
+        return std::nullopt;
+    }
+    return numberOf(name, low, high);
+}
+
+Options collect() {
+    const CmdLine& line = CmdLine::instance();
+    Options options;
+    options.tiles = textOf("--tiles");
+    options.route = textOf("--route");
+    options.font = textOf("--font");
+    options.out = textOf("--out");
+    options.frames = numberOf("--frames", 0, 99999);
+    options.window = line.getSwitch("--window");
+    options.lat = optionalNumberOf("--lat", -85.0, 85.0);
+    options.lon = optionalNumberOf("--lon", -180.0, 180.0);
+    options.headingDeg = optionalNumberOf("--heading", 0.0, 360.0);
+    const std::optional<double> along = optionalNumberOf("--along", 0.0, 10000.0);
+    options.alongMiles = along.value_or(options.route.empty() ? builtInPlaceMiles : 0.0);
+    options.rangeMiles = numberOf("--range", 0.1, 500.0);
+    options.altitudeFt = numberOf("--altitude", -1500.0, 99999.0);
+    options.speedKt = numberOf("--speed", 10.0, 3000.0);
+    options.headingUp = line.getSwitch("--headingup") && !line.getSwitch("--northup");
+    options.width = numberOf("--width", 320, 8192);
+    options.height = numberOf("--height", 240, 8192);
+    options.scale = numberOf("--scale", 0.5, 3.0);
+    return options;
+}
+
+}  // namespace
+
+std::optional<Options> readOptions(int argc, char** argv) {
+    CmdLine& line = CmdLine::instance();
+    registerOptions(line);
+    if (!line.parse(argc, argv)) {
+        throw std::runtime_error("see --help for the options");
+    }
+    if (line.getSwitch("--help")) {
+        line.printUsage();
+        return std::nullopt;
+    }
+    Options options = collect();
+    if (options.lat.has_value() != options.lon.has_value()) {
+        throw std::runtime_error("--lat and --lon go together");
+    }
+    return options;
+}
+
+}  // namespace MovingMap

@@ -1,0 +1,33 @@
+// The command line.
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace MovingMap {
+
+struct Options {
+    std::string tiles;
+    std::string route;  ///< Empty: the default route.
+    std::string font;
+    std::string out;
+    int frames = 0;  ///< 0: one picture; a window stays open.
+    bool window = false;
+    std::optional<double> lat;
+    std::optional<double> lon;
+    std::optional<double> headingDeg;
+    double alongMiles = 0.0;
+    double rangeMiles = 0.0;
+    double altitudeFt = 0.0;
+    double speedKt = 0.0;
+    bool headingUp = false;
+    int width = 0;
+    int height = 0;
+    double scale = 1.0;
+};
+
+/// Reads the program's arguments. Returns nothing when only the usage was asked for (it is then
+/// printed). Throws std::runtime_error with one line that says what is wrong.
+std::optional<Options> readOptions(int argc, char** argv);
+
+}  // namespace MovingMap

@@ -1,0 +1,43 @@
+// The shaded relief under the map.
+#pragma once
+
+#include <Orlek/OpenGL.h>
+
+#include <optional>
+
+#include "MapView.h"
+#include "ReliefImage.h"
+
+namespace MovingMap {
+
+/// Keeps the relief of the last view and draws it. Needs the GL context.
+class Relief {
+public:
+    Relief();
+    ~Relief();
+    Relief(const Relief&) = delete;
+    Relief& operator=(const Relief&) = delete;
+
+    /// Samples the terrain of a view, one texel for @p step x @p step pixels; nothing is done when
+    /// the last update was the same or finer.
+    void update(Orlek::Geodetic::HeightMap& terrain, const MapView& view, int step);
+
+    /// Fills the view of the last update.
+    void draw();
+
+    /// Whether the last update found terrain everywhere.
+    bool complete() const { return mComplete; }
+
+private:
+    void upload(const ReliefImage& image);
+    void setLight(double upDeg);
+
+    Orlek::OpenGL::TextureTerrain mTerrain;
+    Orlek::OpenGL::TextureTerrain mCover;
+    unsigned mColourMap = 0;
+    std::optional<MapView> mView;
+    int mStep = 0;
+    bool mComplete = true;
+};
+
+}  // namespace MovingMap

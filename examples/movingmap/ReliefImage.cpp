@@ -1,0 +1,161 @@
+// Latitude and longitude are linear in the pixels of a flat map, so that a texel costs two
+// additions, an elevation and a normal.
+#include "ReliefImage.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <memory>
+
+#include "HeightColours.h"
+
+namespace MovingMap {
+
+namespace {
+
+using Orlek::Geodetic::HeightMap;
+
+// Slopes are shown steeper than they are, as on any relief map.
+constexpr double exaggeration = 1.25;
+
+struct PackedNormal {
+    unsigned char x = 0;
+    unsigned char y = 0;
+    unsigned char z = 0;
+
+    bool operator==(const PackedNormal&) const = default;
+};
+
+constexpr PackedNormal noTile{128, 128, 255};
+constexpr PackedNormal noSamples{0, 0, 0};
+
+using Texel = std::array<std::uint16_t, 3>;
+
+std::uint16_t signedUnit(double value) {
+    return static_cast<std::uint16_t>((value + 1.0) * 32767.5);
+}
+
+Texel steeper(double east, double north) {
+    const double up = std::sqrt(std::max(1e-4, 1.0 - east * east - north * north));
+    const double x = east * exaggeration;
+    const double y = north * exaggeration;
+    const double length = std::sqrt(x * x + y * y + up * up);
+    return {signedUnit(x / length), signedUnit(y / length), signedUnit(up / length)};
+}
+
+// The exaggerated normal of each pair of packed east and north components.
+using NormalTable = std::array<Texel, 256 * 256>;
+
+const NormalTable& normalTable() {
+    static const auto table = [] {
+        auto made = std::make_unique<NormalTable>();
+        for (int y = 0; y < 256; ++y) {
+            for (int x = 0; x < 256; ++x) {
+                // A component is truncated when packed: a flat surface has 127.
+                (*made)[static_cast<std::size_t>(y * 256 + x)] =
+                    steeper((x - 127) / 127.5, (y - 127) / 127.5);
+            }
+        }
+        return made;
+    }();
+    return *table;
+}
+
+using Rgba = std::array<std::uint8_t, 4>;
+
+// Water lies at sea level. Its edge is blended over the first metre of height, which a tile does
+// not resolve anyway: bilinear steps would draw the coast as a staircase.
+Rgba waterOver(double heightM) {
+    constexpr double lowest = -2.0;
+    const double share = heightM < lowest ? 0.0 : std::clamp(1.5 - heightM, 0.0, 1.0);
+    return {118, 160, 196, static_cast<std::uint8_t>(share * 255.0)};
+}
+
+// Diagonal lines, fixed to the picture.
+Rgba hatch(int x, int y) {
+    constexpr int spacing = 14;
+    constexpr int width = 2;
+    const bool line = (x + y) % spacing < width;
+    return line ? Rgba{112, 116, 124, 255} : Rgba{74, 78, 86, 255};
+}
+
+class Sampler {
+public:
+    Sampler(HeightMap& terrain, const MapView& view, int step)
+        : mTerrain(terrain), mTable(normalTable()), mStep(step) {
+        const double half = step / 2.0;
+        mStart = view.toPosition(Point(half, half));
+        mAlongX = difference(view.toPosition(Point(half + step, half)), mStart);
+        mAlongY = difference(view.toPosition(Point(half, half + step)), mStart);
+    }
+
+    void sampleRow(ReliefImage& image, int row) {
+        const auto first = static_cast<std::size_t>(row) * static_cast<std::size_t>(image.width);
+        std::uint16_t* normal = image.normals.data() + first * 4;
+        std::uint8_t* cover = image.cover.data() + first * 4;
+        for (int column = 0; column < image.width; ++column, normal += 4, cover += 4) {
+            const Position position{mStart.lat + mAlongX.lat * column + mAlongY.lat * row,
+                                    mStart.lon + mAlongX.lon * column + mAlongY.lon * row};
+            const Rgba over = sample(position, column, row, normal);
+            std::copy(over.begin(), over.end(), cover);
+        }
+    }
+
+    bool complete() const { return mComplete; }
+
+private:
+    static Position difference(const Position& a, const Position& b) {
+        return {a.lat - b.lat, a.lon - b.lon};
+    }
+
+    Rgba sample(const Position& at, int column, int row, std::uint16_t* texel) {
+        PackedNormal normal;
+        mTerrain.getNormal(at.lat, at.lon, true, false, normal.x, normal.y, normal.z);
+        if (normal == noTile || normal == noSamples) {
+            mComplete = false;
+            return hatch(column * mStep, row * mStep);
+        }
+        const double height = mTerrain.getAltitude(at.lat, at.lon, true, false);
+        const Texel& steep = mTable[static_cast<std::size_t>(normal.y * 256 + normal.x)];
+        std::copy(steep.begin(), steep.end(), texel);
+        texel[3] = heightCode(height);
+        return waterOver(height);
+    }
+
+    HeightMap& mTerrain;
+    const NormalTable& mTable;
+    int mStep;
+    Position mStart;
+    Position mAlongX;
+    Position mAlongY;
+    bool mComplete = true;
+};
+
+}  // namespace
+
+ReliefImage sampleRelief(HeightMap& terrain, const MapView& view, int step) {
+    ReliefImage image;
+    image.width = (static_cast<int>(view.size().x) + step - 1) / step;
+    image.height = (static_cast<int>(view.size().y) + step - 1) / step;
+    const auto texels =
+        static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height);
+    image.normals.resize(texels * 4);
+    image.cover.resize(texels * 4);
+    Sampler sampler(terrain, view, step);
+    for (int row = 0; row < image.height; ++row) {
+        sampler.sampleRow(image, row);
+    }
+    image.complete = sampler.complete();
+    return image;
+}
+
+Ground groundAt(HeightMap& terrain, const Position& position) {
+    PackedNormal normal;
+    terrain.getNormal(position.lat, position.lon, true, false, normal.x, normal.y, normal.z);
+    if (normal == noTile || normal == noSamples) {
+        return {};
+    }
+    return {true, terrain.getAltitude(position.lat, position.lon, true, false)};
+}
+
+}  // namespace MovingMap

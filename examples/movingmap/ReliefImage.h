@@ -1,0 +1,41 @@
+// The terrain of a map view as texels, ready for the terrain shader.
+#pragma once
+
+#include <Orlek/Geodetic.h>
+
+#include <cstdint>
+#include <vector>
+
+#include "MapView.h"
+
+namespace MovingMap {
+
+/// Two textures of the same size, the bottom row first.
+struct ReliefImage {
+    int width = 0;
+    int height = 0;
+    /// Four numbers a texel: the surface normal (east, north, up, each from -1 to 1 in 0 to 65535)
+    /// and the height's code.
+    std::vector<std::uint16_t> normals;
+    /// Red, green, blue, alpha: what lies over the relief. Water and missing terrain are opaque,
+    /// land is transparent.
+    std::vector<std::uint8_t> cover;
+    bool complete = true;  ///< No terrain was missing.
+};
+
+/// Samples the terrain under every @p step th pixel of the view in both directions.
+///
+/// The height map must be ready (see HeightMap::loadData). Tiles are loaded as the view needs
+/// them. Where a tile is missing the cover is hatched: nobody shall take it for sea.
+ReliefImage sampleRelief(Orlek::Geodetic::HeightMap& terrain, const MapView& view, int step);
+
+/// Terrain under a position.
+struct Ground {
+    bool known = false;
+    double heightM = 0.0;
+};
+
+/// Elevation, and whether it is one: HeightMap::getAltitude gives 0 also where it has no data.
+Ground groundAt(Orlek::Geodetic::HeightMap& terrain, const Position& position);
+
+}  // namespace MovingMap
