@@ -10,12 +10,12 @@
 
 namespace Orlek::Detail {
 
-struct FreeMemory {
+struct FreeArray {
     void operator()(void* memory) const { std::free(memory); }
 };
 
 template <typename T>
-using MallocArray = std::unique_ptr<T[], FreeMemory>;
+using MallocArray = std::unique_ptr<T[], FreeArray>;
 
 /// Memory to be released with std::free; null when there is none. From 2 MiB on it is meant to be
 /// filled: the system is asked for large pages, because fresh memory in small ones costs a fault
