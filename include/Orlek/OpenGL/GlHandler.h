@@ -116,10 +116,9 @@ public:
 private:
     GlHandler();
 
-    ShaderProgram* activeProgram();
-
     std::map<std::uint32_t, ShaderProgram> mShaders;
     std::uint32_t mActiveShader;
+    ShaderProgram* mActiveProgram = nullptr;  // the element of mShaders under that number, if any
     std::string mGlVersion;
     std::string mGlSlVersion;
     Math::Vector2<float> mViewPort;

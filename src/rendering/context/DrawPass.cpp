@@ -5,6 +5,8 @@
 #include <Orlek/OpenGL/MatrixStack.h>
 
 #include "rendering/gl/Mesh.h"
+#include "rendering/programs/UniformLocations.h"
+#include "rendering/programs/Uniforms.h"
 
 namespace Orlek::Detail {
 
@@ -26,6 +28,7 @@ PrimitiveRestart::~PrimitiveRestart() {
 DrawPass::DrawPass(const char* label, unsigned program)
     : mCheck(label), mHandler(OpenGL::GlHandler::instance()) {
     mHandler.activateShader(program);
+    mProgram = mHandler.activeShaderHandle();
 }
 
 DrawPass::~DrawPass() {
@@ -34,28 +37,46 @@ DrawPass::~DrawPass() {
     mHandler.deactivateShader();
 }
 
-void DrawPass::set(const char* uniform, float value) {
-    mHandler.setFloatVar(uniform, value);
+bool DrawPass::has(std::string_view uniform) const {
+    return uniformLocation(mProgram, uniform) >= 0;
 }
 
-void DrawPass::set(const char* uniform, int value) {
-    mHandler.setIntVar(uniform, value);
+void DrawPass::set(std::string_view uniform, float value) {
+    if (has(uniform)) {
+        setUniform(mProgram, uniform, value);
+    }
 }
 
-void DrawPass::set(const char* uniform, const Math::Vector3<float>& value) {
-    mHandler.setFloatVar(uniform, value.x, value.y, value.z);
+void DrawPass::set(std::string_view uniform, int value) {
+    if (has(uniform)) {
+        setUniform(mProgram, uniform, value);
+    }
 }
 
-void DrawPass::set(const char* uniform, const Math::Vector4<float>& value) {
-    mHandler.setFloatVar(uniform, value.x, value.y, value.z, value.w);
+void DrawPass::set(std::string_view uniform, const Math::Vector3<float>& value) {
+    if (has(uniform)) {
+        setUniform(mProgram, uniform, value.x, value.y, value.z);
+    }
+}
+
+void DrawPass::set(std::string_view uniform, const Math::Vector4<float>& value) {
+    if (has(uniform)) {
+        setUniform(mProgram, uniform, value.x, value.y, value.z, value.w);
+    }
 }
 
 void DrawPass::setViewPort() {
-    mHandler.activateViewPort();
+    if (has("viewPort")) {
+        mHandler.activateViewPort();
+    }
 }
 
 void DrawPass::blend() {
     glEnable(GL_BLEND);
+    blendFunction();
+}
+
+void DrawPass::blendFunction() {
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
 }
 

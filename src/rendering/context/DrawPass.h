@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string_view>
 
 #include "rendering/gl/Errors.h"
 #include "rendering/gl/LineState.h"
@@ -50,17 +51,20 @@ public:
     DrawPass(const DrawPass&) = delete;
     DrawPass& operator=(const DrawPass&) = delete;
 
-    void set(const char* uniform, float value);
-    void set(const char* uniform, int value);
-    void set(const char* uniform, const Math::Vector3<float>& value);
-    void set(const char* uniform, const Math::Vector4<float>& value);
+    // A uniform that the program lacks costs no GL call: setting it could do and report nothing.
+    void set(std::string_view uniform, float value);
+    void set(std::string_view uniform, int value);
+    void set(std::string_view uniform, const Math::Vector3<float>& value);
+    void set(std::string_view uniform, const Math::Vector4<float>& value);
     void setViewPort();
 
     /// Blends by source alpha.
     void blend();
 
+    /// Line smoothing and blending by source alpha together, or neither; see LineState.
     template <typename... Arguments>
     void lineState(Arguments... arguments) {
+        blendFunction();
         mLineState.emplace(arguments...);
     }
     void restart(std::uint32_t index) { mRestart.emplace(index); }
@@ -78,12 +82,16 @@ public:
     void drawIndexed(DrawMode mode, std::size_t count);
 
 private:
+    bool has(std::string_view uniform) const;
+    static void blendFunction();
+
     // Destroyed in the reverse order: errors are reported last.
     ErrorCheck mCheck;
     std::optional<PrimitiveRestart> mRestart;
     std::optional<LineState> mLineState;
     std::optional<TextureUnits> mTextures;
     OpenGL::GlHandler& mHandler;
+    unsigned mProgram = 0;
 };
 
 }  // namespace Orlek::Detail

@@ -61,6 +61,7 @@ GlHandler::GlHandler() : mActiveShader(neverActive), mViewPort(0.0F, 0.0F) {
 
 void GlHandler::initStandardShaders() {
     mActiveShader = neverActive;
+    mActiveProgram = nullptr;
     if (!Detail::glReady()) {
         return;
     }
@@ -104,7 +105,8 @@ void GlHandler::activateShader(unsigned int number) {
     const auto program = mShaders.find(number);
     if (program != mShaders.end()) {
         mActiveShader = number;
-        program->second.use(true);
+        mActiveProgram = &program->second;
+        mActiveProgram->use(true);
     }
 }
 
@@ -113,6 +115,7 @@ void GlHandler::deactivateShader() {
         return;
     }
     mActiveShader = 0;
+    mActiveProgram = nullptr;
     if (Detail::glReady()) {
         Detail::clearErrors();
         glUseProgram(0);
@@ -120,49 +123,43 @@ void GlHandler::deactivateShader() {
     }
 }
 
-ShaderProgram* GlHandler::activeProgram() {
-    const auto program = mShaders.find(mActiveShader);
-    return program == mShaders.end() ? nullptr : &program->second;
-}
-
 unsigned int GlHandler::activeShaderHandle() {
-    ShaderProgram* const program = activeProgram();
-    return program == nullptr ? 0 : program->handle();
+    return mActiveProgram == nullptr ? 0 : mActiveProgram->handle();
 }
 
 void GlHandler::setFloatVar(std::string name, float a) {
-    if (ShaderProgram* const program = activeProgram()) {
-        program->setFloatVar(std::move(name), a);
+    if (mActiveProgram != nullptr) {
+        mActiveProgram->setFloatVar(std::move(name), a);
     }
 }
 
 void GlHandler::setFloatVar(std::string name, float a, float b) {
-    if (ShaderProgram* const program = activeProgram()) {
-        program->setFloatVar(std::move(name), a, b);
+    if (mActiveProgram != nullptr) {
+        mActiveProgram->setFloatVar(std::move(name), a, b);
     }
 }
 
 void GlHandler::setFloatVar(std::string name, float a, float b, float c) {
-    if (ShaderProgram* const program = activeProgram()) {
-        program->setFloatVar(std::move(name), a, b, c);
+    if (mActiveProgram != nullptr) {
+        mActiveProgram->setFloatVar(std::move(name), a, b, c);
     }
 }
 
 void GlHandler::setFloatVar(std::string name, float a, float b, float c, float d) {
-    if (ShaderProgram* const program = activeProgram()) {
-        program->setFloatVar(std::move(name), a, b, c, d);
+    if (mActiveProgram != nullptr) {
+        mActiveProgram->setFloatVar(std::move(name), a, b, c, d);
     }
 }
 
 void GlHandler::setIntVar(std::string name, int value) {
-    if (ShaderProgram* const program = activeProgram()) {
-        program->setIntVar(std::move(name), value);
+    if (mActiveProgram != nullptr) {
+        mActiveProgram->setIntVar(std::move(name), value);
     }
 }
 
 void GlHandler::setStippleVar(std::string name, int* const pattern) {
-    if (ShaderProgram* const program = activeProgram()) {
-        program->setStippleVar(std::move(name), pattern);
+    if (mActiveProgram != nullptr) {
+        mActiveProgram->setStippleVar(std::move(name), pattern);
     }
 }
 

@@ -1,14 +1,12 @@
 #include <Orlek/OpenGL/MatrixStack.h>
 
-#include <GL/glew.h>
 #include <Orlek/OpenGL/GlHandler.h>
 
 #include <array>
 #include <cmath>
 #include <cstddef>
 
-#include "rendering/gl/Errors.h"
-#include "rendering/programs/UniformLocations.h"
+#include "rendering/programs/Uniforms.h"
 
 namespace Orlek::OpenGL {
 
@@ -103,12 +101,9 @@ void MatrixPop() {
 
 void MatrixActivate() {
     const unsigned program = GlHandler::instance().activeShaderHandle();
-    if (program == 0) {
-        return;
+    if (program != 0) {
+        Detail::setMatrixUniform(program, "mvp", current().m);
     }
-    Detail::clearErrors();
-    glUniformMatrix4fv(Detail::uniformLocation(program, "mvp"), 1, GL_FALSE, current().m);
-    Detail::reportErrors("glUniformMatrix4fv");
 }
 
 }  // namespace Orlek::OpenGL

@@ -50,7 +50,6 @@ void drawLines(const LineRecipe& recipe, const LineStyle& style, const Mesh& mes
     DrawPass pass(recipe.label, oneColorProgram);
     setUniforms(pass, style);
     pass.bind(mesh);
-    pass.blend();
     pass.lineState(style.antiAlias, style.lineWidth, static_cast<unsigned short>(style.stipple));
     pass.matrix();
     if (recipe.restart.has_value()) {

@@ -3,25 +3,14 @@
 #include <GL/glew.h>
 
 #include "rendering/gl/EntryPoints.h"
-#include "rendering/gl/Errors.h"
 #include "rendering/gl/InfoLog.h"
+#include "rendering/programs/Checked.h"
 #include "rendering/programs/UniformLocations.h"
+#include "rendering/programs/Uniforms.h"
 
 namespace Orlek::OpenGL {
 
-namespace {
-
-// Errors before the call are not blamed on it.
-template <typename Call>
-void checked(const char* label, Call call) {
-    if (Detail::glReady()) {
-        Detail::clearErrors();
-        call();
-        Detail::reportErrors(label);
-    }
-}
-
-}  // namespace
+using Detail::checked;
 
 ShaderProgram::ShaderProgram() {
     checked("glCreateProgram", [&] { mHandle = glCreateProgram(); });
@@ -78,30 +67,27 @@ unsigned int ShaderProgram::handle() {
 }
 
 void ShaderProgram::setFloatVar(std::string name, float a) {
-    checked("glUniform1f", [&] { glUniform1f(Detail::uniformLocation(mHandle, name), a); });
+    Detail::setUniform(mHandle, name, a);
 }
 
 void ShaderProgram::setFloatVar(std::string name, float a, float b) {
-    checked("glUniform2f", [&] { glUniform2f(Detail::uniformLocation(mHandle, name), a, b); });
+    Detail::setUniform(mHandle, name, a, b);
 }
 
 void ShaderProgram::setFloatVar(std::string name, float a, float b, float c) {
-    checked("glUniform3f", [&] { glUniform3f(Detail::uniformLocation(mHandle, name), a, b, c); });
+    Detail::setUniform(mHandle, name, a, b, c);
 }
 
 void ShaderProgram::setFloatVar(std::string name, float a, float b, float c, float d) {
-    checked("glUniform4f",
-            [&] { glUniform4f(Detail::uniformLocation(mHandle, name), a, b, c, d); });
+    Detail::setUniform(mHandle, name, a, b, c, d);
 }
 
 void ShaderProgram::setIntVar(std::string name, int value) {
-    checked("glUniform1i", [&] { glUniform1i(Detail::uniformLocation(mHandle, name), value); });
+    Detail::setUniform(mHandle, name, value);
 }
 
 void ShaderProgram::setStippleVar(std::string name, int* const pattern) {
-    checked("glUniform1iv", [&] {
-        glUniform1iv(Detail::uniformLocation(mHandle, name), pattern == nullptr ? 0 : 32, pattern);
-    });
+    Detail::setStippleUniform(mHandle, name, pattern);
 }
 
 }  // namespace Orlek::OpenGL

@@ -21,8 +21,42 @@ struct Location {
 
 using Locations = std::vector<Location>;
 
-std::unordered_map<unsigned, Locations>& programs() {
-    static std::unordered_map<unsigned, Locations> table;
+// The locations of the linked programs. A drawable asks for several names of one program in turn,
+// so the program asked for last is at hand without a search.
+class Table {
+public:
+    Locations* find(unsigned program) {
+        if (program != mLastProgram) {
+            const auto entry = mPrograms.find(program);
+            mLastProgram = program;
+            mLast = entry == mPrograms.end() ? nullptr : &entry->second;
+        }
+        return mLast;
+    }
+
+    void add(unsigned program) {
+        mPrograms[program].clear();
+        forgetLast();
+    }
+
+    void remove(unsigned program) {
+        mPrograms.erase(program);
+        forgetLast();
+    }
+
+private:
+    void forgetLast() {
+        mLastProgram = 0;
+        mLast = nullptr;
+    }
+
+    std::unordered_map<unsigned, Locations> mPrograms;
+    unsigned mLastProgram = 0;  // 0 is no program and has no locations
+    Locations* mLast = nullptr;
+};
+
+Table& programs() {
+    static Table table;
     return table;
 }
 
@@ -33,27 +67,26 @@ int askDriver(unsigned program, const std::string& name) {
 }  // namespace
 
 void rememberLocations(unsigned program) {
-    programs()[program].clear();
+    programs().add(program);
 }
 
 void forgetLocations(unsigned program) {
-    programs().erase(program);
+    programs().remove(program);
 }
 
 int uniformLocation(unsigned program, std::string_view name) {
-    const auto entry = programs().find(program);
-    if (entry == programs().end()) {
+    Locations* const known = programs().find(program);
+    if (known == nullptr) {
         return askDriver(program, std::string(name));
     }
-    Locations& known = entry->second;
-    const auto found = std::ranges::find(known, name, &Location::name);
-    if (found != known.end()) {
+    const auto found = std::ranges::find(*known, name, &Location::name);
+    if (found != known->end()) {
         return found->value;
     }
     std::string text(name);
     const int value = askDriver(program, text);
-    if (known.size() < mostNames) {
-        known.push_back({std::move(text), value});
+    if (known->size() < mostNames) {
+        known->push_back({std::move(text), value});
     }
     return value;
 }
