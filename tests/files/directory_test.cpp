@@ -1,0 +1,197 @@
+#include <Orlek/FileSystem/Directory.h>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "support/Capture.h"
+#include "support/OpenFiles.h"
+#include "support/TempDir.h"
+#include "support/Unprivileged.h"
+
+namespace {
+
+using namespace OrlekTest;
+using Orlek::FileSystem::Directory;
+using Paths = std::vector<std::string>;
+namespace fs = std::filesystem;
+
+// The system's order is no particular one, so listings are compared sorted.
+Paths list(const std::string& path, bool recursive) {
+    Paths files = Directory(path).entryList(recursive);
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+std::string couldNotOpen(const std::string& path) {
+    return "Property::readAllFiles: could not open path <" + path + "\\*>\n";
+}
+
+TEST(Directory, ListsFilesAndOnRequestThoseBelow) {
+    const TempDir dir;
+    dir.write("a.DT1", "");
+    dir.write(".hidden", "");
+    dir.write("N47/N47E011.DT1", "");
+    dir.write("N47/deep/er/b", "");
+    fs::create_directory(dir.path("empty"));
+    ASSERT_EQ(mkfifo(dir.path("pipe").c_str(), 0600), 0);
+    const std::string root = dir.path();
+    EXPECT_EQ(list(root, false), (Paths{root + "/.hidden", root + "/a.DT1"}));
+    const Paths all{root + "/.hidden", root + "/N47/N47E011.DT1", root + "/N47/deep/er/b",
+                    root + "/a.DT1"};
+    EXPECT_EQ(list(root, true), all);
+    EXPECT_EQ(list(root + "/", false), (Paths{root + "//.hidden", root + "//a.DT1"}));
+    EXPECT_TRUE(list(root + "/empty", true).empty());
+
+    Directory twice(root);
+    EXPECT_EQ(twice.entryList(true), twice.entryList(true));
+    Directory copy = twice;
+    EXPECT_EQ(copy.entryList(true), twice.entryList(true));
+}
+
+TEST(Directory, SaysWhatItCannotOpenAndGoesOn) {
+    const TempDir dir;
+    const std::string file = dir.write("readable/file", "");
+    const std::string locked = dir.path("locked");
+    fs::create_directory(locked);
+    for (const std::string& path : {dir.path("missing"), file, std::string()}) {
+        Paths files{"not empty"};
+        EXPECT_EQ(captureStdout([&] { files = list(path, true); }), couldNotOpen(path));
+        EXPECT_TRUE(files.empty());
+    }
+    fs::permissions(dir.path(), fs::perms{0755});
+    fs::permissions(locked, fs::perms::none);
+    Paths files;
+    std::string said;
+    {
+        const Unprivileged scope;
+        if (!scope.ok()) {
+            GTEST_SKIP() << "cannot give up root's rights: the unreadable directory is left out";
+        }
+        said = captureStdout([&] { files = list(dir.path(), true); });
+    }
+    EXPECT_EQ(said, couldNotOpen(locked));
+    EXPECT_EQ(files, Paths{file});
+}
+
+TEST(Directory, FollowsLinksButNotInCircles) {
+    const TempDir dir;
+    const TempDir other;
+    const std::string root = dir.path();
+    const std::string elsewhere = other.write("tile", "");
+    dir.write("a/file", "");
+    fs::create_symlink(elsewhere, dir.path("linkedFile"));
+    fs::create_symlink("nowhere", dir.path("broken"));
+    fs::create_symlink(other.path(), dir.path("disk"));
+    fs::create_symlink("..", dir.path("a/up"));
+    fs::create_symlink(".", dir.path("a/self"));
+    fs::create_symlink(root, other.path("back"));
+    EXPECT_EQ(list(root, true),
+              (Paths{root + "/a/file", root + "/disk/tile", root + "/linkedFile"}));
+    EXPECT_EQ(list(root, false), Paths{root + "/linkedFile"});
+}
+
+// Entered anew from everywhere, these would be 2^40 paths.
+TEST(Directory, EndsWhereManyLinksLeadToTheSamePlaces) {
+    const TempDir dir;
+    constexpr int levels = 40;
+    for (int i = 0; i < levels; ++i) {
+        const std::string here = std::to_string(i);
+        dir.write(here + "/file", "");
+        const fs::path next = dir.path(std::to_string((i + 1) % levels));
+        fs::create_directory_symlink(next, dir.path(here + "/left"));
+        fs::create_directory_symlink(next, dir.path(here + "/right"));
+    }
+    const Paths files = list(dir.path(), true);
+    EXPECT_LT(files.size(), 2U * levels + 1);
+    for (int i = 0; i < levels; ++i) {
+        const std::string file = dir.path(std::to_string(i) + "/file");
+        EXPECT_TRUE(std::binary_search(files.begin(), files.end(), file)) << file;
+    }
+}
+
+TEST(Directory, WalksDeepTreesWithFewDescriptors) {
+    const TempDir dir;
+    std::string deep = dir.path();
+    for (int i = 0; i < 600; ++i) {
+        deep += "/d";
+    }
+    ASSERT_TRUE(Directory::createDirectoryRecursive(deep));
+    const std::string file = deep + "/file";
+    close(open(file.c_str(), O_CREAT | O_WRONLY, 0600));
+    const auto before = openFiles();
+    rlimit usual{};
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &usual), 0);
+    const rlimit few{static_cast<rlim_t>(before + 8), usual.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &few), 0);
+    const Paths files = list(dir.path(), true);
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &usual), 0);
+    EXPECT_EQ(files, Paths{file});
+    EXPECT_EQ(openFiles(), before);
+}
+
+TEST(Directory, StopsWherePathsBecomeTooLongForTheSystem) {
+    const TempDir dir;
+    const std::string name(250, 'n');
+    std::string path = dir.path();
+    int parent = open(path.c_str(), O_RDONLY | O_DIRECTORY);
+    for (int i = 0; i < 20; ++i) {  // 5000 bytes
+        ASSERT_EQ(mkdirat(parent, name.c_str(), 0700), 0);
+        const int child = openat(parent, name.c_str(), O_RDONLY | O_DIRECTORY);
+        close(openat(parent, "file", O_CREAT | O_WRONLY, 0600));
+        close(parent);
+        parent = child;
+    }
+    close(parent);
+    Paths files;
+    const std::string said = captureStdout([&] { files = list(dir.path(), true); });
+    while (path.size() < 4096) {
+        path += "/" + name;
+    }
+    EXPECT_EQ(said, couldNotOpen(path));
+    EXPECT_EQ(files.size(), 1 + 4095 / 251U);
+}
+
+TEST(Directory, Exists) {
+    const TempDir dir;
+    const std::string file = dir.write("file", "");
+    fs::create_symlink(".", dir.path("link"));
+    EXPECT_TRUE(Directory::exists(dir.path()));
+    EXPECT_TRUE(Directory(dir.path("link")).exists());
+    EXPECT_FALSE(Directory::exists(file));
+    EXPECT_FALSE(Directory(dir.path("missing")).exists());
+}
+
+TEST(Directory, CreatesMissingParents) {
+    const TempDir dir;
+    EXPECT_TRUE(Directory::createDirectoryRecursive(dir.path("a/b/c")));
+    EXPECT_TRUE(fs::is_directory(dir.path("a/b/c")));
+    EXPECT_TRUE(Directory::createDirectoryRecursive(dir.path("a/b/c")));
+    EXPECT_TRUE(Directory::createDirectoryRecursive(dir.path("d//e/")));
+    EXPECT_TRUE(fs::is_directory(dir.path("d/e")));
+    EXPECT_TRUE(Directory::createDirectoryRecursive(dir.path("f\\g")));
+    EXPECT_TRUE(fs::is_directory(dir.path("f")));
+    EXPECT_TRUE(fs::is_directory(dir.path("f\\g")));
+
+    const std::string file = dir.write("file", "");
+    EXPECT_TRUE(Directory::createDirectoryRecursive(file)) << "something of that path exists";
+    EXPECT_FALSE(Directory::createDirectoryRecursive(file + "/below"));
+    EXPECT_FALSE(Directory::createDirectoryRecursive(""));
+    EXPECT_FALSE(Directory::createDirectoryRecursive(dir.path(std::string(300, 'x'))));
+}
+
+TEST(Directory, ExtractsThePathOfAFile) {
+    const TempDir dir;
+    EXPECT_EQ(Directory::extractPathFomFile("dir/sub/file.txt"), "dir/sub");
+    EXPECT_EQ(Directory::extractPathFomFile("file.txt"), "");
+    EXPECT_EQ(Directory::extractPathFomFile("dir\\file.txt"), "");
+    EXPECT_EQ(Directory::extractPathFomFile("/no-such-file"), "");
+    EXPECT_EQ(Directory::extractPathFomFile(dir.path()), dir.path());
+    EXPECT_EQ(Directory::extractPathFomFile(dir.path("missing")), dir.path());
+}
+
+}  // namespace

@@ -1,0 +1,114 @@
+#include "files/InflateStream.h"
+
+#include <gtest/gtest.h>
+#include <zlib.h>
+
+#include <cstring>
+#include <random>
+#include <vector>
+
+#include "support/OpenFiles.h"
+#include "support/TempDir.h"
+
+namespace {
+
+using Orlek::Detail::InflateStream;
+using OrlekTest::TempDir;
+
+// Half noise, half repetition: compressed it spans several chunks of the reader.
+std::string sample() {
+    std::mt19937 random(1);
+    std::string text(400000, 'r');
+    for (std::size_t i = 0; i < text.size() / 2; ++i) {
+        text[i] = static_cast<char>(random());
+    }
+    return text;
+}
+
+std::string deflateRaw(const std::string& text) {
+    z_stream stream{};
+    deflateInit2(&stream, Z_BEST_SPEED, Z_DEFLATED, -MAX_WBITS, 8, Z_DEFAULT_STRATEGY);
+    std::string out(deflateBound(&stream, text.size()), '\0');
+    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(text.data()));
+    stream.avail_in = static_cast<uInt>(text.size());
+    stream.next_out = reinterpret_cast<Bytef*>(out.data());
+    stream.avail_out = static_cast<uInt>(out.size());
+    EXPECT_EQ(deflate(&stream, Z_FINISH), Z_STREAM_END);
+    out.resize(stream.total_out);
+    deflateEnd(&stream);
+    return out;
+}
+
+std::string readAll(InflateStream& stream, std::size_t pieceSize) {
+    std::string text;
+    std::vector<std::byte> piece(pieceSize);
+    std::size_t got = 0;
+    do {
+        got = stream.read(piece);
+        text.append(reinterpret_cast<char*>(piece.data()), got);
+    } while (got == piece.size());
+    return text;
+}
+
+class InflateStreamTest : public testing::Test {
+protected:
+    const std::string mText = sample();
+    const std::string mData = deflateRaw(mText);
+    const std::uint32_t mSize = static_cast<std::uint32_t>(mData.size());
+    const TempDir mDir;
+    const std::string mPath = mDir.write("stream", "head" + mData + "tail");
+};
+
+TEST_F(InflateStreamTest, GivesTheSameBytesInPiecesOfAnySize) {
+    ASSERT_GT(mData.size(), 3U * 64 * 1024);
+    const auto before = OrlekTest::openFiles();
+    InflateStream stream;
+    for (const std::size_t pieceSize : {1UL, 257UL, 4096UL, 307456UL, mText.size(), 1000000UL}) {
+        ASSERT_TRUE(stream.open(mPath, 4, mSize));
+        EXPECT_EQ(readAll(stream, pieceSize), mText) << pieceSize;
+        EXPECT_TRUE(stream.atEnd());
+    }
+    stream = InflateStream();
+    EXPECT_EQ(OrlekTest::openFiles(), before);
+}
+
+TEST_F(InflateStreamTest, KnowsTheEndAndGoesOnAfterBeingAsked) {
+    InflateStream stream;
+    ASSERT_TRUE(stream.open(mPath, 4, mSize));
+    std::vector<std::byte> piece(mText.size() / 4);
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_FALSE(stream.atEnd());
+        ASSERT_EQ(stream.read(piece), piece.size());
+        EXPECT_EQ(std::memcmp(piece.data(), mText.data() + piece.size() * i, piece.size()), 0);
+    }
+    EXPECT_TRUE(stream.atEnd());
+    EXPECT_EQ(stream.read(piece), 0U);
+    EXPECT_TRUE(stream.atEnd());
+}
+
+TEST_F(InflateStreamTest, NeverEndsWhenCutOrBroken) {
+    for (const std::uint32_t size : {0U, 1U, 1000U, 65536U, mSize - 1}) {
+        InflateStream stream;
+        ASSERT_TRUE(stream.open(mPath, 4, size));
+        const std::string text = readAll(stream, 4096);
+        EXPECT_EQ(text, mText.substr(0, text.size())) << size;
+        EXPECT_FALSE(stream.atEnd()) << size;
+    }
+    InflateStream broken;
+    ASSERT_TRUE(broken.open(mDir.write("noise", std::string(500, '\xFF')), 0, 500));
+    EXPECT_EQ(readAll(broken, 100), "");
+    EXPECT_FALSE(broken.atEnd());
+}
+
+TEST_F(InflateStreamTest, RefusesRangesOutsideTheFile) {
+    InflateStream stream;
+    EXPECT_FALSE(stream.atEnd());
+    EXPECT_FALSE(stream.open(mPath, 4, mSize + 5));
+    EXPECT_FALSE(stream.open(mPath, mSize + 9, 0));
+    EXPECT_FALSE(stream.open(mPath, ~std::uint64_t{0}, 0xFFFFFFFF));
+    EXPECT_FALSE(stream.open(mDir.path(), 0, 0));
+    std::byte one{};
+    EXPECT_EQ(stream.read({&one, 1}), 0U);
+}
+
+}  // namespace

@@ -1,0 +1,126 @@
+// Archives as real writers make them.
+#include <Orlek/FileSystem/ZipFile.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <map>
+#include <optional>
+
+#include "support/Capture.h"
+#include "support/DataDir.h"
+#include "support/OpenFiles.h"
+
+namespace {
+
+using namespace OrlekTest;
+using Orlek::FileSystem::ZipFile;
+using Names = std::vector<std::string>;
+
+std::string numbers() {
+    std::string text;
+    for (int i = 0; i < 500; ++i) {
+        text.append(std::to_string(i)).append("\n");
+    }
+    return text;
+}
+
+std::string zipData(const std::string& name) {
+    return ORLEK_SOURCE_DIR "/tests/data/zip/" + name;
+}
+
+// Takes what readFile or readFirstFile gave; size must be 0 when that is nothing.
+std::optional<std::string> take(unsigned char* bytes, unsigned int size) {
+    if (bytes == nullptr) {
+        EXPECT_EQ(size, 0U);
+        return std::nullopt;
+    }
+    std::string text(reinterpret_cast<char*>(bytes), size);
+    std::free(bytes);
+    return text;
+}
+
+std::optional<std::string> read(ZipFile& zip, const std::string& name) {
+    unsigned int size = 99;
+    unsigned char* bytes = zip.readFile(name, size);
+    return take(bytes, size);
+}
+
+std::optional<std::string> readFirst(ZipFile& zip) {
+    unsigned int size = 99;
+    unsigned char* bytes = zip.readFirstFile(size);
+    return take(bytes, size);
+}
+
+struct Writer {
+    const char* archive;
+    Names names;
+    bool readable;
+};
+
+TEST(ZipFile, ReadsWhatRealWritersWrote) {
+    const Names both{"numbers.txt", "sub/zeros.bin"};
+    const std::map<std::string, std::string> contents{
+        {"numbers.txt", numbers()}, {"sub/zeros.bin", std::string(5000, '\0')}, {"empty", ""}};
+    const std::vector<Writer> writers{
+        {"infozip.zip", both, true},
+        {"sevenzip.zip", both, true},
+        {"python.zip", {"numbers.txt", "sub/zeros.bin", "empty", "numbers.txt"}, true},
+        {"stored.zip", {"numbers.txt"}, false},
+        // Their local headers leave the compressed size to a descriptor behind the data.
+        {"piped.zip", {"numbers.txt"}, false},
+        {"bsdtar.zip", {"numbers.txt"}, false},
+    };
+    const auto before = openFiles();
+    for (const Writer& writer : writers) {
+        SCOPED_TRACE(writer.archive);
+        ZipFile zip(zipData(writer.archive));
+        EXPECT_TRUE(zip.exists());
+        EXPECT_EQ(zip.nrFiles(), 0U);
+        EXPECT_EQ(zip.getFiles(), writer.names);
+        EXPECT_EQ(zip.getFiles(), writer.names);
+        EXPECT_EQ(zip.nrFiles(), writer.names.size());
+        for (const std::string& name : writer.names) {
+            const auto expected = writer.readable ? std::optional(contents.at(name)) : std::nullopt;
+            EXPECT_EQ(read(zip, name), expected) << name;
+        }
+    }
+    EXPECT_EQ(openFiles(), before);
+}
+
+TEST(ZipFile, FindsNamesByteByByteAndTheFirstOfEqualOnes) {
+    ZipFile zip(zipData("python.zip"));
+    EXPECT_EQ(readFirst(zip), numbers()) << "walks the archive by itself";
+    EXPECT_EQ(zip.nrFiles(), 4U);
+    const std::string said = captureStdout([&] {
+        EXPECT_EQ(read(zip, "Numbers.txt"), std::nullopt);
+        EXPECT_EQ(read(zip, "numbers"), std::nullopt);
+        EXPECT_EQ(read(zip, ""), std::nullopt);
+    });
+    EXPECT_EQ(said, "");
+    EXPECT_EQ(read(zip, "numbers.txt"), numbers()) << "not the empty one behind it";
+}
+
+TEST(ZipFile, CopiesKeepTheirOwnTable) {
+    ZipFile original(zipData("infozip.zip"));
+    ZipFile early = original;
+    original.getFiles();
+    const ZipFile late = original;
+    EXPECT_EQ(early.nrFiles(), 0U);
+    EXPECT_EQ(late.nrFiles(), 2U);
+    early = ZipFile(zipData("python.zip"));
+    EXPECT_EQ(early.getFiles().size(), 4U);
+    EXPECT_EQ(original.nrFiles(), 2U);
+}
+
+TEST(ZipFile, ReadsRealTiles) {
+    if (terrainDir().empty()) {
+        GTEST_SKIP() << "no real elevation tiles: reading them whole is left out";
+    }
+    ZipFile coast(terrainDir() + "/N48W125.SRTMGL1.hgt.zip");
+    const std::optional<std::string> tile = readFirst(coast);
+    ASSERT_TRUE(tile);
+    EXPECT_EQ(tile->size(), 3601U * 3601U * 2U);
+    EXPECT_EQ(coast.getFiles(), Names{"N48W125.hgt"});
+}
+
+}  // namespace
