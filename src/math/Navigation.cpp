@@ -3,6 +3,7 @@
 #include <Orlek/Geodetic/Navigation.h>
 
 #include <cmath>
+#include <limits>
 
 #include "math/Crossing.h"
 #include "math/EarthModels.h"
@@ -10,6 +11,19 @@
 namespace Orlek::Geodetic {
 
 using namespace Detail;
+
+namespace {
+
+// The direction of a course in the plane. Along the axes the component that should vanish is set to
+// zero, since dividing by what rounding leaves of it would lose the crossing.
+Math::Vector2<double> courseDirection(double courseDeg) {
+    const double courseRad = courseDeg * radiansPerDegree;
+    const double rounding = std::numeric_limits<double>::epsilon() * (1.0 + std::abs(courseRad));
+    const auto cleared = [rounding](double v) { return std::abs(v) < rounding ? 0.0 : v; };
+    return {cleared(std::sin(courseRad)), cleared(std::cos(courseRad))};
+}
+
+}  // namespace
 
 double calcBearing(double lat1, double lon1, double lat2, double lon2) {
     const double phi1 = lat1 * radiansPerDegree;
@@ -45,8 +59,10 @@ void calcPointFromBrgDistance(double lat, double lon, double bearing, double dis
 
 void calcIntersection(double lat1, double lon1, double course1, double lat2, double lon2,
                       double course2, double& outLat, double& outLon) {
-    const Math::Vector2<double> along1(sinDegrees(course1), cosDegrees(course1));
-    const Math::Vector2<double> along2(sinDegrees(course2), cosDegrees(course2));
+    if (std::remainder(course2 - course1, 180.0) == 0.0)
+        return;
+    const Math::Vector2<double> along1 = courseDirection(course1);
+    const Math::Vector2<double> along2 = courseDirection(course2);
     Math::Vector2<double> start2;
     latLong2Grid(lat1, lon1, lat2, lon2, start2.x, start2.y);
 

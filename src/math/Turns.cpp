@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "math/EarthModels.h"
 
@@ -30,8 +31,8 @@ double headingDegrees(Point from, Point to) {
     return (to - from).Heading() * degreesPerRadian;
 }
 
-Point pointAt(Point from, double headingDeg, double metres) {
-    return {from.x + metres * sinDegrees(headingDeg), from.y + metres * cosDegrees(headingDeg)};
+Point pointAt(Point from, double headingRad, double metres) {
+    return {from.x + metres * std::sin(headingRad), from.y + metres * std::cos(headingRad)};
 }
 
 bool turnsRight(Point previous, Point waypoint, Point next, int direction) {
@@ -47,8 +48,10 @@ struct Arc {
 };
 
 // The arc that leaves a point on the given course.
-Arc arcFrom(Point start, double courseDeg, double radius, bool clockwise) {
-    return {pointAt(start, courseDeg + (clockwise ? 90.0 : -90.0), radius), radius, clockwise};
+Arc arcFrom(Point start, double courseRad, double radius, bool clockwise) {
+    constexpr double quarterTurn = 90.0 * radiansPerDegree;
+    const double toCentre = courseRad + (clockwise ? quarterTurn : -quarterTurn);
+    return {pointAt(start, toCentre, radius), radius, clockwise};
 }
 
 // Appends the points at whole degrees after `start`, at least one, as far as the one that has
@@ -67,8 +70,29 @@ void appendArc(std::vector<Point>& points, const Arc& arc, Point start, Point en
     int count = 0;
     do {
         ++count;
-        points.push_back(pointAt(arc.centre, a + count * step, arc.radius));
+        points.push_back(pointAt(arc.centre, (a + count * step) * radiansPerDegree, arc.radius));
     } while (!reached(a + (count + stepsAhead) * step));
+}
+
+// Limits the radius; true when that changed it.
+bool reduceRadius(double& radius, double largest) {
+    if (!(radius > largest))
+        return false;
+    radius = largest;
+    return true;
+}
+
+// Where the arc has turned far enough to head straight for a point; nothing for a point inside.
+std::optional<Point> leavingPoint(const Arc& arc, Point next) {
+    Point tangent1;
+    Point tangent2;
+    const Math::Circle<double> circle(arc.centre.x, arc.centre.y, arc.radius);
+    if (!circle.tangent(next, tangent1, tangent2))
+        return std::nullopt;
+    const Point toCentre = arc.centre - next;
+    const Point toTangent = tangent1 - next;
+    const bool leftOfCentre = toCentre.x * toTangent.y - toCentre.y * toTangent.x > 0.0;
+    return leftOfCentre == arc.clockwise ? tangent2 : tangent1;
 }
 
 double semiPerimeterArea(double l1, double l2, double l3) {
@@ -112,18 +136,15 @@ std::vector<Point> calcFlyByPoints(Point previous, Point waypoint, Point next, d
     const double interiorAngle = std::acos((in.x * back.x + in.y * back.y) / (legOut * legIn));
     const double slope = std::tan(interiorAngle / 2.0);
     const double largestRadius = slope * std::min(legIn, legOut);
-    if (radius > largestRadius) {
-        radius = largestRadius;
-        radiusReduced = true;
-    }
+    radiusReduced = reduceRadius(radius, largestRadius);
     const double toTangentPoint = radius / slope;
     if (std::isnan(toTangentPoint))
         return {waypoint};
 
-    const Point start = pointAt(waypoint, headingDegrees(waypoint, previous), toTangentPoint);
-    const Point end = pointAt(waypoint, headingDegrees(waypoint, next), toTangentPoint);
+    const Point start = pointAt(waypoint, (previous - waypoint).Heading(), toTangentPoint);
+    const Point end = pointAt(waypoint, (next - waypoint).Heading(), toTangentPoint);
     const bool clockwise = turnsRight(previous, waypoint, next, direction);
-    const Arc arc = arcFrom(start, headingDegrees(previous, waypoint), radius, clockwise);
+    const Arc arc = arcFrom(start, in.Heading(), radius, clockwise);
     std::vector<Point> points;
     appendArc(points, arc, start, end, 1);
     return points.empty() ? std::vector<Point>{waypoint} : points;
@@ -144,25 +165,15 @@ std::vector<Point> calcFlyOverPoints(Point previous, Point waypoint, Point next,
     Point oneMetre = waypoint - previous;
     oneMetre.Normalize();
     const double largestRadius = share * calcRadius(waypoint, waypoint + oneMetre, next);
-    if (radius > largestRadius) {
-        radius = largestRadius;
-        radiusReduced = true;
-    }
+    radiusReduced = reduceRadius(radius, largestRadius);
     const double course = headingDegrees(previous, waypoint);
     if (std::abs(getHeadingDifference(course, headingDegrees(waypoint, next))) < smallestTurn)
         return points;
 
     const bool clockwise = turnsRight(previous, waypoint, next, direction);
-    const Arc arc = arcFrom(waypoint, course, radius, clockwise);
-    const Math::Circle<double> circle(arc.centre.x, arc.centre.y, radius);
-    Point tangent1;
-    Point tangent2;
-    if (!circle.tangent(next, tangent1, tangent2))
-        return points;
-    const Point toCentre = arc.centre - next;
-    const Point toTangent = tangent1 - next;
-    const bool leftOfCentre = toCentre.x * toTangent.y - toCentre.y * toTangent.x > 0.0;
-    appendArc(points, arc, waypoint, leftOfCentre == clockwise ? tangent2 : tangent1, 0);
+    const Arc arc = arcFrom(waypoint, (waypoint - previous).Heading(), radius, clockwise);
+    if (const auto end = leavingPoint(arc, next))
+        appendArc(points, arc, waypoint, *end, 0);
     return points;
 }
 

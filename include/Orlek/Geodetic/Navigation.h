@@ -46,9 +46,10 @@ ORLEK_EXPORT void calcPointFromBrgDistance(double lat, double lon, double bearin
 
 /// Finds where two courses cross, on the flat grid of the first position.
 ///
-/// The courses count as infinite lines: a crossing behind a start is found too. The crossing is
-/// computed in single precision: with the second position 100 km away it is good to some metres at
-/// best, and worse where the courses meet at a small angle.
+/// The courses count as infinite lines: a crossing behind a start is found too. It is computed in
+/// single precision, with two points of each course one metre apart, so the direction of the second
+/// course is the coarser the farther its start lies from the first: good to 0.02 degrees at 5 km
+/// and to 0.3 degrees at 100 km.
 /// @param lat1, lon1 the first position, in degrees.
 /// @param course1 the course through it, in degrees.
 /// @param lat2, lon2 the second position, in degrees.
