@@ -10,3 +10,17 @@ function(orlek_bench name)
     $<IF:$<BOOL:${arg_INTERNAL}>,orlek_objects,Orlek::Orlek>
     $<$<BOOL:${arg_GL}>:orlek_support> ${arg_LIBS})
 endfunction()
+
+# orlek_bench_peer(name module macro): links a peer known to pkg-config and defines the macro, or
+# leaves the peer out with a message.
+find_package(PkgConfig REQUIRED)
+
+function(orlek_bench_peer name module macro)
+  pkg_check_modules(${module} IMPORTED_TARGET ${module})
+  if(${module}_FOUND)
+    target_link_libraries(${name} PRIVATE PkgConfig::${module})
+    target_compile_definitions(${name} PRIVATE ${macro})
+  else()
+    message(STATUS "${name}: ${module} is missing and left out")
+  endif()
+endfunction()

@@ -33,8 +33,11 @@ double calcBearing(double lat1, double lon1, double lat2, double lon2) {
     const double y = cosPhi2 * std::sin(deltaLambda);
     const double x =
         std::cos(phi1) * std::sin(phi2) - std::sin(phi1) * cosPhi2 * std::cos(deltaLambda);
-    const double bearing = wrap360(std::atan2(y, x) * degreesPerRadian);
-    return std::isnan(bearing) ? 0.0 : bearing;
+    const double bearing = std::atan2(y, x) * degreesPerRadian;
+    if (std::isnan(bearing))
+        return 0.0;
+    // What wrap360 gives for -180 to 180, without its division.
+    return bearing < 0.0 ? bearing + 360.0 : bearing;
 }
 
 double calcDistance(double lat1, double lon1, double lat2, double lon2) {
