@@ -11,8 +11,8 @@
 #include <utility>
 
 #include "files/InflateStream.h"
-#include "files/MallocBytes.h"
 #include "files/ZipArchive.h"
+#include "platform/MallocArray.h"
 #include "platform/RegularFile.h"
 #include "platform/Report.h"
 #include "terrain/tiles/DtedHeader.h"
@@ -64,7 +64,7 @@ bool readDtedRecords(const RegularFile& file, const TileGrid& grid, std::byte* b
 /// Inflates and places all rows. The stream must end exactly after the last one.
 bool readSrtmRows(InflateStream& content, const TileGrid& grid, std::int16_t* samples) {
     const std::size_t rowSize = std::size_t{grid.numLon} * 2;
-    const MallocBytes band = mallocBytes(srtmBandRows * rowSize);
+    const MallocArray<std::byte> band = mallocArray<std::byte>(srtmBandRows * rowSize);
     if (!band) {
         return false;
     }
@@ -131,7 +131,8 @@ bool HeightTile::loadDted() {
         return false;
     }
     auto samples = allocateSamples(mGrid);
-    const MallocBytes records = mallocBytes(dtedLinesAtOnce * dtedRecordSize(mGrid.numLat));
+    const MallocArray<std::byte> records =
+        mallocArray<std::byte>(dtedLinesAtOnce * dtedRecordSize(mGrid.numLat));
     if (!samples || !records) {
         return true;
     }
