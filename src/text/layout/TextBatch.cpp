@@ -5,42 +5,45 @@
 namespace Orlek::Detail {
 namespace {
 
-Math::Vector3<float> transformed(const Math::Matrix4<float>& transform,
-                                 const Math::Vector3<float>& p) {
+Math::Vector3<float> transformed(const Math::Matrix4<float>& transform, float x, float y, float z) {
     const float* m = transform.m;
-    return {m[0] * p.x + m[4] * p.y + m[8] * p.z + m[12],
-            m[1] * p.x + m[5] * p.y + m[9] * p.z + m[13],
-            m[2] * p.x + m[6] * p.y + m[10] * p.z + m[14]};
-}
-
-/// Grows by half at least, so that many short texts do not copy the list each time.
-template <typename T>
-void reserveMore(std::vector<T>& list, std::size_t count) {
-    const std::size_t needed = list.size() + count;
-    if (needed > list.capacity()) {
-        list.reserve(std::max(needed, list.capacity() + list.capacity() / 2));
-    }
+    return {m[0] * x + m[4] * y + m[8] * z + m[12], m[1] * x + m[5] * y + m[9] * z + m[13],
+            m[2] * x + m[6] * y + m[10] * z + m[14]};
 }
 
 }  // namespace
 
-void TextBatch::reserve(std::size_t glyphs) {
-    reserveMore(mVertices, glyphs * 4);
-    reserveMore(mUvs, glyphs * 4);
-    reserveMore(mIndices, glyphs * 5);
+TextBatch::TextBatch(Lists lists, std::size_t glyphs, const Math::Matrix4<float>& transform,
+                     std::uint32_t restartIndex)
+    : mLists(lists),
+      mTransform(transform),
+      mRestartIndex(restartIndex),
+      mVertexCount(lists.vertices.size()),
+      mIndexCount(lists.indices.size()) {
+    mLists.vertices.resize(mVertexCount + glyphs * mostCorners);
+    mLists.uvs.resize(mVertexCount + glyphs * mostCorners);
+    mLists.indices.resize(mIndexCount + glyphs * (mostCorners + 1));
 }
 
-void TextBatch::append(const OpenGL::GlyphInfo& glyph, Math::Vector2<float> shift,
-                       const Math::Matrix4<float>& transform, std::uint32_t restartIndex) {
-    const std::size_t corners = std::min(glyph.vertices.size(), glyph.uvs.size());
+TextBatch::~TextBatch() {
+    mLists.vertices.resize(mVertexCount);
+    mLists.uvs.resize(mVertexCount);
+    mLists.indices.resize(mIndexCount);
+}
+
+void TextBatch::append(const OpenGL::GlyphInfo& glyph, Math::Vector2<float> shift) {
+    const std::size_t corners = std::min({glyph.vertices.size(), glyph.uvs.size(), mostCorners});
+    Math::Vector3<float>* const vertices = mLists.vertices.data() + mVertexCount;
+    std::uint32_t* const indices = mLists.indices.data() + mIndexCount;
     for (std::size_t k = 0; k < corners; ++k) {
-        const Math::Vector3<float> corner = glyph.vertices[k];
-        mIndices.push_back(static_cast<std::uint32_t>(mVertices.size()));
-        mVertices.push_back(
-            transformed(transform, {corner.x + shift.x, corner.y + shift.y, corner.z}));
-        mUvs.push_back(glyph.uvs[k]);
+        const Math::Vector3<float>& corner = glyph.vertices[k];
+        vertices[k] = transformed(mTransform, corner.x + shift.x, corner.y + shift.y, corner.z);
+        indices[k] = static_cast<std::uint32_t>(mVertexCount + k);
     }
-    mIndices.push_back(restartIndex);
+    std::copy_n(glyph.uvs.data(), corners, mLists.uvs.data() + mVertexCount);
+    indices[corners] = mRestartIndex;
+    mVertexCount += corners;
+    mIndexCount += corners + 1;
 }
 
 }  // namespace Orlek::Detail

@@ -15,24 +15,35 @@
 
 namespace Orlek::Detail {
 
+/// Appends one text. The lists are lengthened once for all its glyphs; the end of the scope takes
+/// back what was too much.
 class TextBatch {
 public:
-    TextBatch(std::vector<Math::Vector3<float>>& vertices, std::vector<Math::Vector2<float>>& uvs,
-              std::vector<std::uint32_t>& indices)
-        : mVertices(vertices), mUvs(uvs), mIndices(indices) {}
+    static constexpr std::size_t mostCorners = 4;
 
-    /// Makes room for `glyphs` more quads.
-    void reserve(std::size_t glyphs);
+    struct Lists {
+        std::vector<Math::Vector3<float>>& vertices;
+        std::vector<Math::Vector2<float>>& uvs;
+        std::vector<std::uint32_t>& indices;
+    };
 
-    /// Appends transform x (corner + shift, 1) for the corners of the glyph that have a texture
-    /// coordinate (w is dropped), then the restart index.
-    void append(const OpenGL::GlyphInfo& glyph, Math::Vector2<float> shift,
-                const Math::Matrix4<float>& transform, std::uint32_t restartIndex);
+    /// For at most `glyphs` glyphs. Nothing else may change the lists during the scope.
+    TextBatch(Lists lists, std::size_t glyphs, const Math::Matrix4<float>& transform,
+              std::uint32_t restartIndex);
+    ~TextBatch();
+    TextBatch(const TextBatch&) = delete;
+    TextBatch& operator=(const TextBatch&) = delete;
+
+    /// Appends transform x (corner + shift, 1), w dropped, for the corners of the glyph that have
+    /// a texture coordinate (at most four), then the restart index.
+    void append(const OpenGL::GlyphInfo& glyph, Math::Vector2<float> shift);
 
 private:
-    std::vector<Math::Vector3<float>>& mVertices;
-    std::vector<Math::Vector2<float>>& mUvs;
-    std::vector<std::uint32_t>& mIndices;
+    Lists mLists;
+    const Math::Matrix4<float> mTransform;
+    std::uint32_t mRestartIndex;
+    std::size_t mVertexCount;
+    std::size_t mIndexCount;
 };
 
 }  // namespace Orlek::Detail

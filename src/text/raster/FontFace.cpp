@@ -15,7 +15,7 @@ namespace {
 
 constexpr long maxBlock = 64L << 20;
 constexpr int maxPixelHeight = 256;
-constexpr int maxBitmapSide = 2048;
+constexpr int maxBitmapSide = 1024;
 
 bool granted(long size) {
     return size > 0 && size <= maxBlock;

@@ -67,8 +67,8 @@ public:
     /// cannot be loaded is reported and has the size that the face last held.
     GlyphSize measure(unsigned int character);
 
-    /// Draws the character. Nothing when it cannot be loaded or is wider or higher than 2,048
-    /// pixels, eight times the largest pixel height.
+    /// Draws the character. Nothing when it cannot be loaded or is wider or higher than 1,024
+    /// pixels, four times the largest pixel height.
     std::optional<RenderedGlyph> render(unsigned int character);
 
 private:

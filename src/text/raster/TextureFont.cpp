@@ -105,10 +105,9 @@ void TextureFont::addText(const std::string& text, Math::Matrix4<float> transfor
     const Detail::GlyphRun run(mGlyphs, text);
     const auto offset =
         Detail::anchorOffset(align, run.width(), static_cast<float>(mMaxGlyphHeight));
-    Detail::TextBatch batch(mVertices, mUvs, mIndices);
-    batch.reserve(text.size());
+    Detail::TextBatch batch({mVertices, mUvs, mIndices}, text.size(), transform, RESTART_INDEX);
     run.walk([&](std::size_t, const GlyphInfo& glyph, float pen) {
-        batch.append(glyph, {pen + offset.x, offset.y}, transform, RESTART_INDEX);
+        batch.append(glyph, {pen + offset.x, offset.y});
     });
 }
 

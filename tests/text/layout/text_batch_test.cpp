@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <span>
 
 #include "text/layout/GlyphRun.h"
 
@@ -22,17 +23,23 @@ struct Lists {
     std::vector<Math::Vector3<float>> vertices;
     std::vector<Math::Vector2<float>> uvs;
     std::vector<std::uint32_t> indices;
-    TextBatch batch{vertices, uvs, indices};
 };
 
 // Column-major: x' = -y + 100, y' = 2 x + 50, z' = 3 x + 7; the fourth row is not used.
 constexpr Math::Matrix4<float> placement{{0, 2, 3, 9, -1, 0, 0, 9, 0, 0, 1, 9, 100, 50, 7, 9}};
 
+void append(Lists& lists, std::span<const OpenGL::GlyphInfo> glyphs, Math::Vector2<float> shift) {
+    TextBatch batch({lists.vertices, lists.uvs, lists.indices}, glyphs.size(), placement, 77U);
+    for (const OpenGL::GlyphInfo& glyph : glyphs) {
+        batch.append(glyph, shift);
+    }
+}
+
 TEST(TextBatch, TransformsShiftedCornersAndEndsEachGlyphWithRestart) {
     Lists lists;
-    const OpenGL::GlyphInfo glyph = glyphWithQuad(4.0F, 8.0F, 5.0F);
-    lists.batch.append(glyph, {10.0F, 1.0F}, placement, 77U);
-    lists.batch.append(glyph, {0.0F, 0.0F}, placement, 77U);
+    const OpenGL::GlyphInfo glyph[] = {glyphWithQuad(4.0F, 8.0F, 5.0F)};
+    append(lists, glyph, {10.0F, 1.0F});
+    append(lists, glyph, {0.0F, 0.0F});
     ASSERT_EQ(lists.vertices.size(), 8U);
     EXPECT_EQ(lists.vertices[2].x, -9.0F + 100.0F);
     EXPECT_EQ(lists.vertices[2].y, 2.0F * 14.0F + 50.0F);
@@ -43,10 +50,9 @@ TEST(TextBatch, TransformsShiftedCornersAndEndsEachGlyphWithRestart) {
 
 TEST(TextBatch, TakesTheShorterListOfCorners) {
     Lists lists;
-    OpenGL::GlyphInfo glyph = glyphWithQuad(4.0F, 8.0F, 5.0F);
-    glyph.uvs.resize(3);
-    lists.batch.append(glyph, {0.0F, 0.0F}, placement, 77U);
-    lists.batch.append(OpenGL::GlyphInfo{}, {0.0F, 0.0F}, placement, 77U);
+    OpenGL::GlyphInfo glyphs[] = {glyphWithQuad(4.0F, 8.0F, 5.0F), {}};
+    glyphs[0].uvs.resize(3);
+    append(lists, glyphs, {0.0F, 0.0F});
     EXPECT_EQ(lists.vertices.size(), 3U);
     EXPECT_EQ(lists.uvs.size(), 3U);
     EXPECT_EQ(lists.indices, (std::vector<std::uint32_t>{0, 1, 2, 77, 77}));

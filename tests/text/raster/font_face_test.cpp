@@ -29,6 +29,12 @@ TEST(FontFace, RefusesWhatIsNoFont) {
     EXPECT_NE(open(std::string(5000, 'x')).error(), 0);
 }
 
+TEST(FontFace, RefusesAFontThatClaimsMoreMemoryThanAnyFontNeeds) {
+    const std::string bytes =
+        OrlekTest::readFont(ORLEK_SOURCE_DIR "/fuzz/corpus/font_load/lying.woff");
+    EXPECT_EQ(open(bytes).error(), static_cast<int>(FT_Err_Out_Of_Memory));
+}
+
 TEST(FontFace, TakesPixelHeightsFrom1To256) {
     const std::string bytes = OrlekTest::readFont(OrlekTest::sansFont);
     FontFace face = open(bytes);

@@ -1,0 +1,302 @@
+// Batched text beside the bare draw of the same quads, by a program that holds the arrays itself,
+// and beside FTGL's texture font: 1,000 strings of 20 characters.
+//
+// Every iteration ends with glFinish, so that the whole frame is measured. Report medians:
+//   text_bench --benchmark_repetitions=9 --benchmark_enable_random_interleaving=true
+#include <GL/glew.h>
+#include <Orlek/OpenGL/GlHandler.h>
+#include <Orlek/OpenGL/MatrixStack.h>
+#include <Orlek/OpenGL/TextureFont.h>
+#include <benchmark/benchmark.h>
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "HeadlessContext.h"
+#include "platform/WholeFile.h"
+#include "text/raster/GlyphRaster.h"
+
+#ifdef ORLEK_HAVE_FTGL
+#include <FTGL/ftgl.h>
+#endif
+
+namespace {
+
+using namespace Orlek;
+
+const char* const fontFile = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
+constexpr int pixelSize = 12;
+constexpr int width = 1280;
+constexpr int height = 800;
+
+struct Label {
+    std::string text;
+    float x;
+    float y;
+};
+
+std::vector<Label> makeLabels() {
+    std::vector<Label> labels;
+    for (int i = 0; i < 1000; ++i) {
+        std::string text;
+        for (int c = 0; c < 20; ++c) {
+            text.push_back(static_cast<char>('!' + (i * 7 + c * 13) % 90));
+        }
+        labels.push_back({text, static_cast<float>(i % 8 * 158), static_cast<float>(i / 8 * 6)});
+    }
+    return labels;
+}
+
+Math::Matrix4<float> placed(const Label& label) {
+    return {{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, label.x, label.y, 0, 1}};
+}
+
+/// The glyphs of the font, as a program with an atlas of its own would keep them.
+std::array<OpenGL::GlyphInfo, Detail::slotCount> makeGlyphs() {
+    std::vector<char> bytes;
+    std::array<OpenGL::GlyphInfo, Detail::slotCount> glyphs;
+    Detail::GlyphAtlas atlas;
+    Detail::readWholeFile(fontFile, bytes);
+    Detail::FontFace face(Detail::openFreeType(), bytes.data(), static_cast<int>(bytes.size()));
+    face.setPixelHeight(pixelSize);
+    const Detail::ShelfLayout layout = Detail::layoutGlyphs(face, {256, 3, 0});
+    Detail::allocateAtlas(layout, atlas);
+    Detail::rasterGlyphs(face, layout, atlas, glyphs);
+    return glyphs;
+}
+
+/// Vertex arrays built by hand: plain structs, one pass, memory reused.
+struct Arrays {
+    struct Position {
+        float x, y, z;
+    };
+    struct Coordinate {
+        float s, t;
+    };
+    std::vector<Position> positions;
+    std::vector<Coordinate> coordinates;
+    std::vector<std::uint32_t> indices;
+
+    void build(std::span<const Label> labels, std::span<const OpenGL::GlyphInfo> glyphs) {
+        positions.clear();
+        coordinates.clear();
+        indices.clear();
+        for (const Label& label : labels) {
+            float pen = label.x;
+            for (const char byte : label.text) {
+                const auto& glyph = glyphs[static_cast<unsigned char>(byte) - 32U];
+                add(glyph, pen + glyph.bearing.x, label.y + glyph.top);
+                pen += glyph.advance;
+            }
+        }
+    }
+
+    void add(const OpenGL::GlyphInfo& glyph, float left, float top) {
+        const float right = left + glyph.width;
+        const float bottom = top - glyph.height;
+        const auto next = static_cast<std::uint32_t>(positions.size());
+        positions.insert(
+            positions.end(),
+            {{left, bottom, 0.0F}, {left, top, 0.0F}, {right, top, 0.0F}, {right, bottom, 0.0F}});
+        coordinates.insert(coordinates.end(), {{glyph.s0, glyph.t0},
+                                               {glyph.s0, glyph.t1},
+                                               {glyph.s1, glyph.t1},
+                                               {glyph.s1, glyph.t0}});
+        indices.insert(indices.end(), {next, next + 1, next + 2, next + 3, 0xFFFFFFFFU});
+    }
+};
+
+/// The bare GL objects and calls of one batch.
+class BareBatch {
+public:
+    explicit BareBatch(unsigned texture) : mTexture(texture) {
+        OpenGL::GlHandler& gl = OpenGL::GlHandler::instance();
+        gl.activateShader(5);
+        mProgram = gl.activeShaderHandle();
+        gl.deactivateShader();
+        mColor = glGetUniformLocation(mProgram, "color");
+        mOffset = glGetUniformLocation(mProgram, "offset");
+        mMatrix = glGetUniformLocation(mProgram, "mvp");
+        glGenVertexArrays(1, &mVao);
+        glGenBuffers(3, mBuffers);
+    }
+    ~BareBatch() {
+        glDeleteBuffers(3, mBuffers);
+        glDeleteVertexArrays(1, &mVao);
+    }
+    BareBatch(const BareBatch&) = delete;
+    BareBatch& operator=(const BareBatch&) = delete;
+
+    void upload(const Arrays& arrays) {
+        glBindVertexArray(mVao);
+        fill(GL_ARRAY_BUFFER, mBuffers[0], arrays.positions);
+        glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, 0, nullptr);
+        glEnableVertexAttribArray(0);
+        fill(GL_ARRAY_BUFFER, mBuffers[1], arrays.coordinates);
+        glVertexAttribPointer(2, 2, GL_FLOAT, GL_FALSE, 0, nullptr);
+        glEnableVertexAttribArray(2);
+        fill(GL_ELEMENT_ARRAY_BUFFER, mBuffers[2], arrays.indices);
+        mCount = static_cast<GLsizei>(arrays.indices.size());
+    }
+
+    void draw() const {
+        const Math::Matrix4<float> matrix = OpenGL::MatrixGet();
+        glUseProgram(mProgram);
+        glUniform4f(mColor, 1.0F, 1.0F, 1.0F, 1.0F);
+        glUniform3f(mOffset, 0.0F, 0.0F, 0.0F);
+        glUniformMatrix4fv(mMatrix, 1, GL_FALSE, matrix.m);
+        glEnable(GL_BLEND);
+        glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+        glPrimitiveRestartIndex(0xFFFFFFFFU);
+        glEnable(GL_PRIMITIVE_RESTART);
+        glBindTexture(GL_TEXTURE_2D, mTexture);
+        glBindVertexArray(mVao);
+        glDrawElements(GL_TRIANGLE_FAN, mCount, GL_UNSIGNED_INT, nullptr);
+        glBindVertexArray(0);
+        glDisable(GL_PRIMITIVE_RESTART);
+        glUseProgram(0);
+    }
+
+private:
+    template <typename T>
+    static void fill(GLenum target, unsigned buffer, const std::vector<T>& values) {
+        glBindBuffer(target, buffer);
+        glBufferData(target, static_cast<GLsizeiptr>(values.size() * sizeof(T)), values.data(),
+                     GL_STATIC_DRAW);
+    }
+
+    unsigned mTexture;
+    unsigned mProgram = 0;
+    int mColor = -1;
+    int mOffset = -1;
+    int mMatrix = -1;
+    unsigned mVao = 0;
+    unsigned mBuffers[3]{};
+    GLsizei mCount = 0;
+};
+
+/// What all benchmarks share: one context, one font, the labels.
+struct Scene {
+    OrlekSupport::HeadlessContext context{width, height};
+    std::vector<Label> labels = makeLabels();
+    OpenGL::TextureFont font;
+    std::array<OpenGL::GlyphInfo, Detail::slotCount> glyphs = makeGlyphs();
+
+    Scene() {
+        OpenGL::GlHandler::instance();
+        glViewport(0, 0, width, height);
+        OpenGL::MatrixSet(
+            {{2.0F / width, 0, 0, 0, 0, 2.0F / height, 0, 0, 0, 0, 1, 0, -1, -1, 0, 1}});
+        font.load(fontFile, pixelSize);
+    }
+
+    void addAll() {
+        font.clearVertex();
+        for (const Label& label : labels) {
+            font.addText(label.text, placed(label), OpenGL::TextureFont::BOTTOM_LEFT);
+        }
+    }
+};
+
+Scene& scene() {
+    static Scene shared;
+    return shared;
+}
+
+/// Times whole frames, after one in which the driver compiles its shaders.
+template <typename Draw>
+void measureFrames(benchmark::State& state, Draw draw) {
+    const auto frame = [&draw] {
+        glClear(GL_COLOR_BUFFER_BIT);
+        draw();
+        glFinish();
+    };
+    frame();
+    for (auto _ : state) {
+        frame();
+    }
+}
+
+void unchangedBatch(benchmark::State& state) {
+    scene().addAll();
+    measureFrames(state, [] { scene().font.render(); });
+}
+BENCHMARK(unchangedBatch)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void unchangedBare(benchmark::State& state) {
+    BareBatch bare(scene().font.texture());
+    Arrays arrays;
+    arrays.build(scene().labels, scene().glyphs);
+    bare.upload(arrays);
+    measureFrames(state, [&] { bare.draw(); });
+}
+BENCHMARK(unchangedBare)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void rebuiltBatch(benchmark::State& state) {
+    measureFrames(state, [] {
+        scene().addAll();
+        scene().font.render();
+    });
+}
+BENCHMARK(rebuiltBatch)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void rebuiltBare(benchmark::State& state) {
+    BareBatch bare(scene().font.texture());
+    Arrays arrays;
+    measureFrames(state, [&] {
+        arrays.build(scene().labels, scene().glyphs);
+        bare.upload(arrays);
+        bare.draw();
+    });
+}
+BENCHMARK(rebuiltBare)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void buildBatchOnly(benchmark::State& state) {
+    for (auto _ : state) {
+        scene().addAll();
+    }
+}
+BENCHMARK(buildBatchOnly)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void buildArraysOnly(benchmark::State& state) {
+    Arrays arrays;
+    for (auto _ : state) {
+        arrays.build(scene().labels, scene().glyphs);
+        benchmark::DoNotOptimize(arrays.positions.data());
+    }
+}
+BENCHMARK(buildArraysOnly)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void atOnce(benchmark::State& state) {
+    measureFrames(state, [] {
+        for (const Label& label : scene().labels) {
+            scene().font.renderFont(label.x, label.y, label.text, OpenGL::TextureFont::BOTTOM_LEFT);
+        }
+    });
+}
+BENCHMARK(atOnce)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+#ifdef ORLEK_HAVE_FTGL
+void ftglTextureFont(benchmark::State& state) {
+    scene();
+    FTTextureFont font(fontFile);
+    font.FaceSize(pixelSize);
+    glMatrixMode(GL_PROJECTION);
+    glLoadIdentity();
+    glOrtho(0, width, 0, height, -1, 1);
+    measureFrames(state, [&] {
+        for (const Label& label : scene().labels) {
+            font.Render(label.text.c_str(), -1, FTPoint(label.x, label.y));
+        }
+    });
+    glLoadIdentity();
+}
+BENCHMARK(ftglTextureFont)->Unit(benchmark::kMillisecond)->UseRealTime();
+#endif
+
+}  // namespace
+
+BENCHMARK_MAIN();
