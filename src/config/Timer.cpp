@@ -22,8 +22,9 @@ Timer::~Timer() {
 
 double Timer::getTime() {
     const std::int64_t sinceEpochMs = Detail::wallClockMs();
-    return static_cast<double>(sinceEpochMs / 1000) +
-           static_cast<double>(sinceEpochMs % 1000) * 0.001;
+    const std::int64_t wholeSeconds = sinceEpochMs / 1000;
+    return static_cast<double>(wholeSeconds) +
+           static_cast<double>(sinceEpochMs - wholeSeconds * 1000) * 0.001;
 }
 
 void sleepMs(unsigned int ms) {
