@@ -21,6 +21,9 @@ using Vec3 = std::array<double, 3>;
 constexpr unsigned rgba = 0x1908;
 constexpr unsigned rgb = 0x1907;
 
+// Unit 0 last: it stays active.
+constexpr std::array<GLenum, 3> usedUnits{GL_TEXTURE2, GL_TEXTURE1, GL_TEXTURE0};
+
 Vec3 normalised(Vec3 v) {
     const double length = std::sqrt(v[0] * v[0] + v[1] * v[1] + v[2] * v[2]);
     return {v[0] / length, v[1] / length, v[2] / length};
@@ -77,7 +80,7 @@ protected:
         glBindTexture(GL_TEXTURE_1D, 0);
     }
     void TearDown() override {
-        for (const GLenum unit : {GL_TEXTURE2, GL_TEXTURE1, GL_TEXTURE0}) {
+        for (const GLenum unit : usedUnits) {
             glActiveTexture(unit);
             glBindTexture(GL_TEXTURE_1D, 0);
             glBindTexture(GL_TEXTURE_2D, 0);
@@ -232,7 +235,7 @@ TEST_F(TerrainTest, LeavesTheStateItPromises) {
     EXPECT_EQ(integer(GL_TEXTURE_BINDING_2D), 0);
     EXPECT_EQ(glIsEnabled(GL_BLEND), GL_TRUE);
     EXPECT_EQ(integer(GL_BLEND_DST), GL_ONE_MINUS_SRC_ALPHA);
-    for (const GLenum unit : {GL_TEXTURE2, GL_TEXTURE1, GL_TEXTURE0}) {
+    for (const GLenum unit : usedUnits) {
         glActiveTexture(unit);
         EXPECT_EQ(glIsEnabled(GL_TEXTURE_1D), GL_FALSE);
         EXPECT_EQ(glIsEnabled(GL_TEXTURE_2D), GL_FALSE);

@@ -187,7 +187,8 @@ TEST_F(LinesTest, LeaveWidthAsSetAndTheRestOff) {
     EXPECT_EQ(integer(GL_LINE_WIDTH), 3);
     EXPECT_EQ(integer(GL_BLEND_SRC), GL_SRC_ALPHA);
     EXPECT_EQ(integer(GL_BLEND_DST), GL_ONE_MINUS_SRC_ALPHA);
-    for (const GLenum capability : {GL_LINE_STIPPLE, GL_LINE_SMOOTH, GL_PRIMITIVE_RESTART}) {
+    for (const GLenum capability :
+         std::array<GLenum, 3>{GL_LINE_STIPPLE, GL_LINE_SMOOTH, GL_PRIMITIVE_RESTART}) {
         EXPECT_EQ(glIsEnabled(capability), GL_FALSE) << capability;
     }
 }
