@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <new>
 #include <optional>
 #include <span>
 #include <utility>
@@ -26,11 +25,6 @@ namespace {
 
 void reportUnusable(const std::string& path) {
     report("could not open data file <%s>\n", path.c_str());
-}
-
-/// Null when there is no memory. The samples are not set.
-std::unique_ptr<std::int16_t[]> allocateSamples(const TileGrid& grid) {
-    return std::unique_ptr<std::int16_t[]>(new (std::nothrow) std::int16_t[grid.sampleCount()]);
 }
 
 /// The grid of an opened DTED file that is long enough for it.
@@ -64,7 +58,7 @@ bool readDtedRecords(const RegularFile& file, const TileGrid& grid, std::byte* b
 /// Inflates and places all rows. The stream must end exactly after the last one.
 bool readSrtmRows(InflateStream& content, const TileGrid& grid, std::int16_t* samples) {
     const std::size_t rowSize = std::size_t{grid.numLon} * 2;
-    const MallocArray<std::byte> band = mallocArray<std::byte>(srtmBandRows * rowSize);
+    const auto band = mallocArray<std::byte>(srtmBandRows * rowSize);
     if (!band) {
         return false;
     }
@@ -130,9 +124,8 @@ bool HeightTile::loadDted() {
     if (!openDted(file) || file.size() < dtedFileSize(mGrid)) {
         return false;
     }
-    auto samples = allocateSamples(mGrid);
-    const MallocArray<std::byte> records =
-        mallocArray<std::byte>(dtedLinesAtOnce * dtedRecordSize(mGrid.numLat));
+    auto samples = mallocArray<std::int16_t>(mGrid.sampleCount());
+    const auto records = mallocArray<std::byte>(dtedLinesAtOnce * dtedRecordSize(mGrid.numLat));
     if (!samples || !records) {
         return true;
     }
@@ -155,14 +148,14 @@ void HeightTile::loadSrtm() {
     }
     grid->latOrigin = mGrid.latOrigin;
     grid->lonOrigin = mGrid.lonOrigin;
-    auto samples = allocateSamples(*grid);
+    auto samples = mallocArray<std::int16_t>(grid->sampleCount());
     if (samples && readSrtmRows(content, *grid, samples.get())) {
         mGrid = *grid;
         takeSamples(std::move(samples));
     }
 }
 
-void HeightTile::takeSamples(std::unique_ptr<std::int16_t[]> samples) {
+void HeightTile::takeSamples(MallocArray<std::int16_t> samples) {
     mData = std::move(samples);
     mSurface = TileSurface(mGrid, mData.get());
 }

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 
+#include "platform/MallocArray.h"
 #include "terrain/tiles/TileGrid.h"
 #include "terrain/tiles/TileKey.h"
 #include "terrain/tiles/TileSurface.h"
@@ -46,9 +46,9 @@ private:
     bool openDted(RegularFile& file);
     bool loadDted();
     void loadSrtm();
-    void takeSamples(std::unique_ptr<std::int16_t[]> samples);
+    void takeSamples(MallocArray<std::int16_t> samples);
 
-    std::unique_ptr<std::int16_t[]> mData;
+    MallocArray<std::int16_t> mData;
     TileSurface mSurface;  ///< sees mData
     Type mType = Type::dted;
     bool mFailed = false;
