@@ -9,7 +9,6 @@
 #include <fcntl.h>
 #include <malloc.h>
 #include <unistd.h>
-#include <zlib.h>
 
 #include <array>
 #include <cstdio>
@@ -19,55 +18,29 @@
 #include <string>
 #include <vector>
 
+#include "FirstEntry.h"
 #include "files/InflateStream.h"
 #include "files/ZipArchive.h"
 #include "platform/RegularFile.h"
-#include "platform/WholeFile.h"
 #include "support/DataDir.h"
 
 namespace {
 
 using namespace Orlek;
 
-// A tile archive with its first entry's place, read once.
-struct Archive {
-    std::string path;
-    std::vector<char> bytes;
-    FileSystem::ZipFile::FileData entry;
+// A tile archive and the size of its rows.
+struct Archive : OrlekBench::FirstEntry {
     std::size_t rowSize = 0;
 };
 
 Archive openTile(const std::string& name, std::size_t columns) {
-    Archive archive;
-    archive.path = OrlekTest::terrainDir() + "/" + name;
-    archive.rowSize = columns * 2;
-    Detail::RegularFile file;
-    if (!file.open(archive.path) || !Detail::readWholeFile(archive.path, archive.bytes)) {
-        std::perror(archive.path.c_str());
-        std::exit(1);
-    }
-    archive.entry = Detail::readEntry(file, 0).value().data;
-    return archive;
-}
-
-// One call of inflate from memory to memory: what reading an entry cannot beat.
-bool inflateAtOnce(const Archive& archive, Bytef* out) {
-    z_stream stream{};
-    inflateInit2(&stream, -MAX_WBITS);
-    stream.next_in = reinterpret_cast<Bytef*>(
-        const_cast<char*>(archive.bytes.data() + archive.entry.dataOffset));
-    stream.avail_in = archive.entry.compressedSize;
-    stream.next_out = out;
-    stream.avail_out = archive.entry.uncompressedSize;
-    const int result = inflate(&stream, Z_NO_FLUSH);
-    inflateEnd(&stream);
-    return result == Z_STREAM_END;
+    return {OrlekBench::readFirstEntry(OrlekTest::terrainDir() + "/" + name), columns * 2};
 }
 
 void zlibFresh(benchmark::State& state, const Archive& archive) {
     for (auto _ : state) {
         auto* out = static_cast<Bytef*>(std::malloc(archive.entry.uncompressedSize));
-        if (!inflateAtOnce(archive, out)) {
+        if (!OrlekBench::inflateAtOnce(archive, out)) {
             state.SkipWithError("inflate failed");
         }
         benchmark::DoNotOptimize(out);
@@ -78,7 +51,7 @@ void zlibFresh(benchmark::State& state, const Archive& archive) {
 void zlibWarm(benchmark::State& state, const Archive& archive) {
     std::vector<Bytef> out(archive.entry.uncompressedSize);
     for (auto _ : state) {
-        if (!inflateAtOnce(archive, out.data())) {
+        if (!OrlekBench::inflateAtOnce(archive, out.data())) {
             state.SkipWithError("inflate failed");
         }
         benchmark::DoNotOptimize(out.data());
