@@ -49,7 +49,7 @@ public:
     // Below and to the right of the aircraft, where the route seldom runs and no figure stands.
     void addDistances() {
         for (const double share : {0.5, 1.0}) {
-            const Point place = onScreen(135.0, mRadius * share);
+            const Point place = onScreen(135.0, mRadius * share + 17.0 * mCanvas.unit);
             addCentred(mCanvas.small, milesText(mScene.rangeM / metresPerMile * share), place,
                        white);
         }

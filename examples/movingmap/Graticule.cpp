@@ -42,25 +42,21 @@ bool crossesColumn(Point a, Point b, double column, double& y) {
     return crossesLevel(Point(a.y, a.x), Point(b.y, b.x), column, y);
 }
 
-// Puts labels where lines enter the area, when they do so at an angle that leaves no doubt which
-// line is meant.
+// Puts labels where lines enter the area.
 class EdgeLabels {
 public:
     EdgeLabels(Canvas& canvas, const Box& area, const std::vector<Box>& blocked)
         : mText(canvas.small), mArea(area), mBlocked(blocked), mPad(6.0 * canvas.unit) {}
 
-    void addLatitude(Point a, Point b, double lat) {
-        double y = 0.0;
-        if (std::abs(b.x - a.x) > std::abs(b.y - a.y) && crossesColumn(a, b, mArea.low.x, y)) {
-            add(latitudeLabel(lat), Point(mArea.low.x + mPad, y + 0.5 * mPad));
-        }
-    }
-
-    void addLongitude(Point a, Point b, double lon) {
-        double x = 0.0;
-        if (std::abs(b.y - a.y) >= std::abs(b.x - a.x) && crossesLevel(a, b, mArea.high.y, x)) {
-            add(longitudeLabel(lon),
-                Point(x + 0.5 * mPad, mArea.high.y - mPad - mText.capHeight()));
+    // Steep lines are labelled at the upper edge, shallow ones at the left.
+    void addFor(Point a, Point b, const std::string& label) {
+        double at = 0.0;
+        if (std::abs(b.x - a.x) > std::abs(b.y - a.y)) {
+            if (crossesColumn(a, b, mArea.low.x, at)) {
+                add(label, Point(mArea.low.x + mPad, at + 0.5 * mPad));
+            }
+        } else if (crossesLevel(a, b, mArea.high.y, at)) {
+            add(label, Point(at + 0.5 * mPad, mArea.high.y - mPad - mText.capHeight()));
         }
     }
 
@@ -102,13 +98,13 @@ void drawGraticule(Canvas& canvas, const MapView& view, const Box& area,
         const Point a = view.toScreen({lat, lons.low});
         const Point b = view.toScreen({lat, lons.high});
         canvas.stroke.segment(a, b);
-        labels.addLatitude(a, b, lat);
+        labels.addFor(a, b, latitudeLabel(lat));
     }
     for (double lon = std::ceil(lons.low / step) * step; lon <= lons.high; lon += step) {
         const Point a = view.toScreen({lats.low, lon});
         const Point b = view.toScreen({lats.high, lon});
         canvas.stroke.segment(a, b);
-        labels.addLongitude(a, b, lon);
+        labels.addFor(a, b, longitudeLabel(lon));
     }
     canvas.stroke.draw({.colour = Colour(1.0F, 1.0F, 1.0F, 0.38F), .width = canvas.unit});
 }

@@ -69,23 +69,22 @@ void Relief::setLight(double upDeg) {
                                               static_cast<float>(-height)));
 }
 
-void Relief::upload(const ReliefImage& image) {
-    const auto width = static_cast<unsigned>(image.width);
-    const auto height = static_cast<unsigned>(image.height);
-    mTerrain.loadNormals(image.normals.data(), width, height, GL_RGBA);
-    mCover.load(image.cover.data(), width, height, GL_RGBA);
+void Relief::upload() {
+    const auto width = static_cast<unsigned>(mImage.width);
+    const auto height = static_cast<unsigned>(mImage.height);
+    mTerrain.loadNormals(mImage.normals.data(), width, height, GL_RGBA);
+    mCover.load(mImage.cover.data(), width, height, GL_RGBA);
 }
 
 void Relief::update(Orlek::Geodetic::HeightMap& terrain, const MapView& view, int step) {
     if (mView && *mView == view && mStep <= step) {
         return;
     }
-    const ReliefImage image = sampleRelief(terrain, view, step);
-    upload(image);
-    setQuad(mTerrain, image.width * step, image.height * step);
-    setQuad(mCover, image.width * step, image.height * step);
+    sampleRelief(terrain, view, step, mImage);
+    upload();
+    setQuad(mTerrain, mImage.width * step, mImage.height * step);
+    setQuad(mCover, mImage.width * step, mImage.height * step);
     setLight(view.upDeg());
-    mComplete = image.complete;
     mView = view;
     mStep = step;
 }

@@ -26,10 +26,10 @@ public:
     void draw();
 
     /// Whether the last update found terrain everywhere.
-    bool complete() const { return mComplete; }
+    bool complete() const { return mImage.complete; }
 
 private:
-    void upload(const ReliefImage& image);
+    void upload();
     void setLight(double upDeg);
 
     Orlek::OpenGL::TextureTerrain mTerrain;
@@ -37,7 +37,7 @@ private:
     unsigned mColourMap = 0;
     std::optional<MapView> mView;
     int mStep = 0;
-    bool mComplete = true;
+    ReliefImage mImage;
 };
 
 }  // namespace MovingMap

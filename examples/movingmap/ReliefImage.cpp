@@ -63,12 +63,13 @@ const NormalTable& normalTable() {
 
 using Rgba = std::array<std::uint8_t, 4>;
 
+constexpr std::array<std::uint8_t, 3> water{118, 160, 196};
+
 // Water lies at sea level. Its edge is blended over the first metre of height, which a tile does
 // not resolve anyway: bilinear steps would draw the coast as a staircase.
-Rgba waterOver(double heightM) {
+double waterShare(double heightM) {
     constexpr double lowest = -2.0;
-    const double share = heightM < lowest ? 0.0 : std::clamp(1.5 - heightM, 0.0, 1.0);
-    return {118, 160, 196, static_cast<std::uint8_t>(share * 255.0)};
+    return heightM < lowest ? 0.0 : std::clamp(1.5 - heightM, 0.0, 1.0);
 }
 
 // Diagonal lines, fixed to the picture.
@@ -79,14 +80,35 @@ Rgba hatch(int x, int y) {
     return line ? Rgba{112, 116, 124, 255} : Rgba{74, 78, 86, 255};
 }
 
+// What the terrain under a texel adds up to.
+struct Sum {
+    std::array<unsigned, 3> normal{};
+    double heightM = 0.0;
+    double water = 0.0;
+    unsigned count = 0;
+
+    void add(const Texel& steep, double height) {
+        for (std::size_t i = 0; i < normal.size(); ++i) {
+            normal[i] += steep[i];
+        }
+        heightM += height;
+        water += waterShare(height);
+        ++count;
+    }
+};
+
 class Sampler {
 public:
     Sampler(HeightMap& terrain, const MapView& view, int step)
-        : mTerrain(terrain), mTable(normalTable()), mStep(step) {
-        const double half = step / 2.0;
-        mStart = view.toPosition(Point(half, half));
-        mAlongX = difference(view.toPosition(Point(half + step, half)), mStart);
-        mAlongY = difference(view.toPosition(Point(half, half + step)), mStart);
+        : mTerrain(terrain),
+          mTable(normalTable()),
+          mStep(step),
+          mSide(samplesASide(view.metresPerPixel() * step)) {
+        const double distance = static_cast<double>(step) / mSide;
+        const double first = distance / 2.0;
+        mStart = view.toPosition(Point(first, first));
+        mAlongX = difference(view.toPosition(Point(first + distance, first)), mStart);
+        mAlongY = difference(view.toPosition(Point(first, first + distance)), mStart);
     }
 
     void sampleRow(ReliefImage& image, int row) {
@@ -94,9 +116,7 @@ public:
         std::uint16_t* normal = image.normals.data() + first * 4;
         std::uint8_t* cover = image.cover.data() + first * 4;
         for (int column = 0; column < image.width; ++column, normal += 4, cover += 4) {
-            const Position position{mStart.lat + mAlongX.lat * column + mAlongY.lat * row,
-                                    mStart.lon + mAlongX.lon * column + mAlongY.lon * row};
-            const Rgba over = sample(position, column, row, normal);
+            const Rgba over = write(sumAt(column, row), column, row, normal);
             std::copy(over.begin(), over.end(), cover);
         }
     }
@@ -104,27 +124,55 @@ public:
     bool complete() const { return mComplete; }
 
 private:
+    // Where texels are wider than the posts of common tiles, single samples would be noise.
+    static int samplesASide(double metresPerTexel) {
+        constexpr double postsM = 120.0;
+        return std::clamp(static_cast<int>(metresPerTexel / postsM + 0.5), 1, 3);
+    }
+
     static Position difference(const Position& a, const Position& b) {
         return {a.lat - b.lat, a.lon - b.lon};
     }
 
-    Rgba sample(const Position& at, int column, int row, std::uint16_t* texel) {
+    Sum sumAt(int column, int row) {
+        Sum sum;
+        for (int y = row * mSide; y < (row + 1) * mSide; ++y) {
+            for (int x = column * mSide; x < (column + 1) * mSide; ++x) {
+                addSample({mStart.lat + mAlongX.lat * x + mAlongY.lat * y,
+                           mStart.lon + mAlongX.lon * x + mAlongY.lon * y},
+                          sum);
+            }
+        }
+        return sum;
+    }
+
+    void addSample(const Position& at, Sum& sum) {
         PackedNormal normal;
         mTerrain.getNormal(at.lat, at.lon, true, false, normal.x, normal.y, normal.z);
         if (normal == noTile || normal == noSamples) {
+            return;
+        }
+        sum.add(mTable[static_cast<std::size_t>(normal.y * 256 + normal.x)],
+                mTerrain.getAltitude(at.lat, at.lon, true, false));
+    }
+
+    Rgba write(const Sum& sum, int column, int row, std::uint16_t* texel) {
+        if (sum.count == 0) {
             mComplete = false;
             return hatch(column * mStep, row * mStep);
         }
-        const double height = mTerrain.getAltitude(at.lat, at.lon, true, false);
-        const Texel& steep = mTable[static_cast<std::size_t>(normal.y * 256 + normal.x)];
-        std::copy(steep.begin(), steep.end(), texel);
-        texel[3] = heightCode(height);
-        return waterOver(height);
+        for (std::size_t i = 0; i < sum.normal.size(); ++i) {
+            texel[i] = static_cast<std::uint16_t>(sum.normal[i] / sum.count);
+        }
+        texel[3] = heightCode(sum.heightM / sum.count);
+        const double share = sum.water / sum.count;
+        return {water[0], water[1], water[2], static_cast<std::uint8_t>(share * 255.0)};
     }
 
     HeightMap& mTerrain;
     const NormalTable& mTable;
     int mStep;
+    int mSide;
     Position mStart;
     Position mAlongX;
     Position mAlongY;
@@ -133,8 +181,7 @@ private:
 
 }  // namespace
 
-ReliefImage sampleRelief(HeightMap& terrain, const MapView& view, int step) {
-    ReliefImage image;
+void sampleRelief(HeightMap& terrain, const MapView& view, int step, ReliefImage& image) {
     image.width = (static_cast<int>(view.size().x) + step - 1) / step;
     image.height = (static_cast<int>(view.size().y) + step - 1) / step;
     const auto texels =
@@ -146,7 +193,6 @@ ReliefImage sampleRelief(HeightMap& terrain, const MapView& view, int step) {
         sampler.sampleRow(image, row);
     }
     image.complete = sampler.complete();
-    return image;
 }
 
 Ground groundAt(HeightMap& terrain, const Position& position) {

@@ -23,11 +23,13 @@ struct ReliefImage {
     bool complete = true;  ///< No terrain was missing.
 };
 
-/// Samples the terrain under every @p step th pixel of the view in both directions.
+/// Samples the terrain of a view, one texel for @p step x @p step pixels, into @p image, whose
+/// memory is used again from one view to the next.
 ///
 /// The height map must be ready (see HeightMap::loadData). Tiles are loaded as the view needs
 /// them. Where a tile is missing the cover is hatched: nobody shall take it for sea.
-ReliefImage sampleRelief(Orlek::Geodetic::HeightMap& terrain, const MapView& view, int step);
+void sampleRelief(Orlek::Geodetic::HeightMap& terrain, const MapView& view, int step,
+                  ReliefImage& image);
 
 /// Terrain under a position.
 struct Ground {
