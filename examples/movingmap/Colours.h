@@ -12,7 +12,7 @@ inline const Colour grey(0.72F, 0.76F, 0.80F, 1.0F);
 inline const Colour black(0.0F, 0.0F, 0.0F, 1.0F);
 inline const Colour halo(0.04F, 0.05F, 0.07F, 0.85F);
 inline const Colour shadow(0.04F, 0.05F, 0.07F, 0.45F);
-inline const Colour plate(0.05F, 0.07F, 0.10F, 0.82F);
+inline const Colour plate(0.05F, 0.07F, 0.10F, 0.88F);
 inline const Colour magenta(1.0F, 0.10F, 0.86F, 1.0F);
 inline const Colour magentaText(1.0F, 0.62F, 0.96F, 1.0F);
 inline const Colour flownMagenta(0.62F, 0.22F, 0.58F, 1.0F);

@@ -45,7 +45,7 @@ std::string miles(double metres) {
 }
 
 std::string milesText(double value) {
-    return format("%g NM", value);
+    return format("%.3g NM", value);
 }
 
 std::string feet(double metres) {

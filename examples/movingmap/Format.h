@@ -10,7 +10,7 @@ namespace MovingMap {
 std::string wholeNumber(double value);  ///< "1234"
 std::string direction(double degrees);  ///< "007\xB0", 1 to 360
 std::string miles(double metres);       ///< "3.4" nautical miles, whole from 100 on
-std::string milesText(double miles);    ///< "2.5 NM", no more digits than needed
+std::string milesText(double miles);    ///< "2.5 NM", up to three digits
 std::string feet(double metres);        ///< "1834"
 std::string duration(double seconds);   ///< "04:12", "1:04:12" from an hour on
 std::string latitudeText(double lat);   ///< "N36 18.40"

@@ -58,7 +58,7 @@ void drawPictures(const Options& options, const Flight& flight,
         std::printf("%s\n", options.out.c_str());
     }
     if (!picture.terrainComplete()) {
-        std::printf("hatched: no elevation tile there\n");
+        std::printf("hatched: no elevation data there\n");
     }
 }
 

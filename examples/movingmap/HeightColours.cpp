@@ -58,6 +58,10 @@ std::uint16_t heightCode(double heightM) {
     return static_cast<std::uint16_t>(std::clamp(t, 0.0, 1.0) * 65535.0 + 0.5);
 }
 
+double heightOf(std::uint16_t code) {
+    return mix(lowestColouredM, highestColouredM, code / 65535.0);
+}
+
 std::array<std::uint8_t, 3 * colourTableSize> colourTable() {
     std::array<std::uint8_t, 3 * colourTableSize> table{};
     for (std::size_t i = 0; i < colourTableSize; ++i) {

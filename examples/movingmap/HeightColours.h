@@ -22,6 +22,9 @@ Rgb heightColour(double heightM);
 /// The height as the relief's texture holds it: 0 is lowestColouredM, 65535 highestColouredM.
 std::uint16_t heightCode(double heightM);
 
+/// The height in metres of a code.
+double heightOf(std::uint16_t code);
+
 constexpr int colourTableSize = 1024;
 
 /// The colours of all codes, evenly spaced, as red, green and blue bytes.

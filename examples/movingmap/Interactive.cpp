@@ -2,7 +2,7 @@
 #include "Interactive.h"
 
 #include <algorithm>
-#include <cmath>
+#include <array>
 
 #include "MapPicture.h"
 #include "Window.h"
@@ -17,6 +17,8 @@ using OrlekSupport::Window;
 constexpr int movingStep = 3;
 constexpr int restingStep = 1;
 constexpr double keyPanPixels = 60.0;
+constexpr std::array<double, 18> rangesMiles = {0.5, 1,  2,  3,  4,  6,   8,   10,  15,
+                                                20,  30, 40, 60, 80, 100, 150, 200, 300};
 constexpr double timeLapse = 10.0;  // The flight is shown ten times as fast as it is.
 
 class Session {
@@ -76,8 +78,14 @@ private:
     }
 
     void zoom(double steps) {
-        mScene.rangeM = std::clamp(mScene.rangeM * std::pow(0.85, steps), 0.2 * metresPerMile,
-                                   200.0 * metresPerMile);
+        const double miles = mScene.rangeM / metresPerMile;
+        auto range = std::lower_bound(rangesMiles.begin(), rangesMiles.end() - 1, miles - 1e-6);
+        if (steps > 0.0 && range != rangesMiles.begin()) {
+            --range;
+        } else if (steps < 0.0 && *range <= miles + 1e-6 && range + 1 != rangesMiles.end()) {
+            ++range;
+        }
+        mScene.rangeM = *range * metresPerMile;
         mMoved = true;
     }
 

@@ -8,6 +8,7 @@
 #include <numbers>
 
 #include "HeightColours.h"
+#include "Voids.h"
 
 namespace MovingMap {
 
@@ -81,6 +82,7 @@ void Relief::update(Orlek::Geodetic::HeightMap& terrain, const MapView& view, in
         return;
     }
     sampleRelief(terrain, view, step, mImage);
+    hatchVoids(mImage, view.metresPerPixel() * step, step);
     upload();
     setQuad(mTerrain, mImage.width * step, mImage.height * step);
     setQuad(mCover, mImage.width * step, mImage.height * step);

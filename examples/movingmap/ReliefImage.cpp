@@ -7,6 +7,7 @@
 #include <cmath>
 #include <memory>
 
+#include "Cover.h"
 #include "HeightColours.h"
 
 namespace MovingMap {
@@ -61,23 +62,11 @@ const NormalTable& normalTable() {
     return *table;
 }
 
-using Rgba = std::array<std::uint8_t, 4>;
-
-constexpr std::array<std::uint8_t, 3> water{118, 160, 196};
-
 // Water lies at sea level. Its edge is blended over the first metre of height, which a tile does
 // not resolve anyway: bilinear steps would draw the coast as a staircase.
 double waterShare(double heightM) {
     constexpr double lowest = -2.0;
     return heightM < lowest ? 0.0 : std::clamp(1.5 - heightM, 0.0, 1.0);
-}
-
-// Diagonal lines, fixed to the picture.
-Rgba hatch(int x, int y) {
-    constexpr int spacing = 14;
-    constexpr int width = 2;
-    const bool line = (x + y) % spacing < width;
-    return line ? Rgba{112, 116, 124, 255} : Rgba{74, 78, 86, 255};
 }
 
 // What the terrain under a texel adds up to.
@@ -159,14 +148,13 @@ private:
     Rgba write(const Sum& sum, int column, int row, std::uint16_t* texel) {
         if (sum.count == 0) {
             mComplete = false;
-            return hatch(column * mStep, row * mStep);
+            return hatchCover(column * mStep, row * mStep);
         }
         for (std::size_t i = 0; i < sum.normal.size(); ++i) {
             texel[i] = static_cast<std::uint16_t>(sum.normal[i] / sum.count);
         }
         texel[3] = heightCode(sum.heightM / sum.count);
-        const double share = sum.water / sum.count;
-        return {water[0], water[1], water[2], static_cast<std::uint8_t>(share * 255.0)};
+        return waterCover(sum.water / sum.count);
     }
 
     HeightMap& mTerrain;

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "Cover.h"
 #include "Format.h"
 #include "Graticule.h"
 #include "Headless.h"
@@ -18,6 +19,7 @@
 #include "RouteLayer.h"
 #include "RoutePath.h"
 #include "ScaleBar.h"
+#include "Voids.h"
 
 namespace {
 
@@ -231,6 +233,36 @@ TEST(HeightColours, codesAreMonotoneAndBounded) {
     EXPECT_LT(heightCode(100.0), heightCode(101.0));
     EXPECT_NEAR(heightColour(4700.0).red, 1.0, 1e-12);
     EXPECT_NEAR(heightColour(75.0).green, (142.0 + 164.0) / 2.0 / 255.0, 1e-12);
+}
+
+// A square of sea level in land of one height, all of it flat.
+ReliefImage landWithWater(double landM) {
+    ReliefImage image;
+    image.width = 20;
+    image.height = 20;
+    for (int i = 0; i < 400; ++i) {
+        const bool water = i % 20 >= 5 && i % 20 < 12 && i / 20 >= 5 && i / 20 < 12;
+        image.normals.insert(image.normals.end(),
+                             {32767, 32767, 65535, heightCode(water ? 0.0 : landM)});
+        const Rgba cover = waterCover(water ? 1.0 : 0.0);
+        image.cover.insert(image.cover.end(), cover.begin(), cover.end());
+    }
+    return image;
+}
+
+TEST(Voids, areHatchedAndLakesAreNot) {
+    const std::size_t middle = (8 * 20 + 8) * 4;
+    ReliefImage hole = landWithWater(2000.0);
+    const auto land = hole.cover[0];
+    hatchVoids(hole, 90.0, 1);
+    EXPECT_FALSE(isWater(&hole.cover[middle]));
+    EXPECT_EQ(hole.cover[middle + 3], 255);
+    EXPECT_EQ(hole.cover[0], land);
+    EXPECT_FALSE(hole.complete);
+    ReliefImage lake = landWithWater(40.0);
+    hatchVoids(lake, 90.0, 1);
+    EXPECT_TRUE(isWater(&lake.cover[middle]));
+    EXPECT_TRUE(lake.complete);
 }
 
 TEST(Headless, numbersItsPictures) {

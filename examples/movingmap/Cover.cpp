@@ -1,0 +1,27 @@
+// Water and the hatching have nothing but their opacity in common.
+#include "Cover.h"
+
+namespace MovingMap {
+
+namespace {
+
+constexpr std::array<std::uint8_t, 3> water{118, 160, 196};
+
+}  // namespace
+
+Rgba waterCover(double share) {
+    return {water[0], water[1], water[2], static_cast<std::uint8_t>(share * 255.0)};
+}
+
+Rgba hatchCover(int x, int y) {
+    constexpr int spacing = 14;
+    constexpr int width = 2;
+    const bool line = (x + y) % spacing < width;
+    return line ? Rgba{112, 116, 124, 255} : Rgba{74, 78, 86, 255};
+}
+
+bool isWater(const std::uint8_t* cover) {
+    return cover[3] >= 128 && cover[0] == water[0];
+}
+
+}  // namespace MovingMap
