@@ -1,0 +1,67 @@
+// Any bytes as an archive: it is walked, every entry is read, and the first one is read again in
+// small pieces, which must give the same.
+#include <Orlek/FileSystem/ZipFile.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "MemoryFile.h"
+#include "files/InflateStream.h"
+#include "files/ZipArchive.h"
+#include "platform/MallocArray.h"
+
+namespace {
+
+using Orlek::FileSystem::ZipFile;
+using Content = Orlek::Detail::MallocArray<unsigned char>;
+
+void check(bool held) {
+    if (!held) {
+        std::abort();
+    }
+}
+
+// Whether the first entry, read piece by piece, is `whole`, or broken when there is none.
+void checkPieces(const std::string& path, const unsigned char* whole, std::size_t size) {
+    Orlek::Detail::InflateStream stream;
+    const auto promised = Orlek::Detail::openFirstEntry(path, stream);
+    if (!promised) {
+        check(whole == nullptr);
+        return;
+    }
+    std::vector<std::byte> pieces(*promised);
+    std::size_t done = 0;
+    while (done < pieces.size()) {
+        const std::size_t asked = std::min<std::size_t>(pieces.size() - done, 1 + done % 61);
+        const std::size_t got = stream.read(std::span(pieces).subspan(done, asked));
+        done += got;
+        if (got < asked) {
+            break;
+        }
+    }
+    check(stream.atEnd() == (whole != nullptr));
+    check(whole == nullptr ||
+          (size == *promised && std::equal(pieces.begin(), pieces.begin() + std::ptrdiff_t(done),
+                                           reinterpret_cast<const std::byte*>(whole))));
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const MemoryFile file(data, size);
+    ZipFile zip(file.path());
+    check(zip.exists());
+    unsigned int length = 0;
+    for (const std::string& name : zip.getFiles()) {
+        const Content content(zip.readFile(name, length));
+        check(content != nullptr || length == 0);
+    }
+    const Content first(zip.readFirstFile(length));
+    checkPieces(file.path(), first.get(), length);
+    return 0;
+}
