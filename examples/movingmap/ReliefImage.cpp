@@ -4,63 +4,17 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
-#include <memory>
 
 #include "Cover.h"
 #include "HeightColours.h"
+#include "NormalTable.h"
+#include "Terrain.h"
 
 namespace MovingMap {
 
 namespace {
 
 using Orlek::Geodetic::HeightMap;
-
-// Slopes are shown steeper than they are, as on any relief map.
-constexpr double exaggeration = 1.25;
-
-struct PackedNormal {
-    unsigned char x = 0;
-    unsigned char y = 0;
-    unsigned char z = 0;
-
-    bool operator==(const PackedNormal&) const = default;
-};
-
-constexpr PackedNormal noTile{128, 128, 255};
-constexpr PackedNormal noSamples{0, 0, 0};
-
-using Texel = std::array<std::uint16_t, 3>;
-
-std::uint16_t signedUnit(double value) {
-    return static_cast<std::uint16_t>((value + 1.0) * 32767.5);
-}
-
-Texel steeper(double east, double north) {
-    const double up = std::sqrt(std::max(1e-4, 1.0 - east * east - north * north));
-    const double x = east * exaggeration;
-    const double y = north * exaggeration;
-    const double length = std::sqrt(x * x + y * y + up * up);
-    return {signedUnit(x / length), signedUnit(y / length), signedUnit(up / length)};
-}
-
-// The exaggerated normal of each pair of packed east and north components.
-using NormalTable = std::array<Texel, 256 * 256>;
-
-const NormalTable& normalTable() {
-    static const auto table = [] {
-        auto made = std::make_unique<NormalTable>();
-        for (int y = 0; y < 256; ++y) {
-            for (int x = 0; x < 256; ++x) {
-                // A component is truncated when packed: a flat surface has 127.
-                (*made)[static_cast<std::size_t>(y * 256 + x)] =
-                    steeper((x - 127) / 127.5, (y - 127) / 127.5);
-            }
-        }
-        return made;
-    }();
-    return *table;
-}
 
 // Water lies at sea level. Its edge is blended over the first metre of height, which a tile does
 // not resolve anyway: bilinear steps would draw the coast as a staircase.
@@ -76,7 +30,7 @@ struct Sum {
     double water = 0.0;
     unsigned count = 0;
 
-    void add(const Texel& steep, double height) {
+    void add(const NormalTexel& steep, double height) {
         for (std::size_t i = 0; i < normal.size(); ++i) {
             normal[i] += steep[i];
         }
@@ -136,13 +90,11 @@ private:
     }
 
     void addSample(const Position& at, Sum& sum) {
-        PackedNormal normal;
-        mTerrain.getNormal(at.lat, at.lon, true, false, normal.x, normal.y, normal.z);
-        if (normal == noTile || normal == noSamples) {
-            return;
+        const PackedNormal normal = normalAt(mTerrain, at);
+        if (isTerrain(normal)) {
+            sum.add(mTable[static_cast<std::size_t>(normal.y * 256 + normal.x)],
+                    mTerrain.getAltitude(at.lat, at.lon, true, false));
         }
-        sum.add(mTable[static_cast<std::size_t>(normal.y * 256 + normal.x)],
-                mTerrain.getAltitude(at.lat, at.lon, true, false));
     }
 
     Rgba write(const Sum& sum, int column, int row, std::uint16_t* texel) {
@@ -181,15 +133,6 @@ void sampleRelief(HeightMap& terrain, const MapView& view, int step, ReliefImage
         sampler.sampleRow(image, row);
     }
     image.complete = sampler.complete();
-}
-
-Ground groundAt(HeightMap& terrain, const Position& position) {
-    PackedNormal normal;
-    terrain.getNormal(position.lat, position.lon, true, false, normal.x, normal.y, normal.z);
-    if (normal == noTile || normal == noSamples) {
-        return {};
-    }
-    return {true, terrain.getAltitude(position.lat, position.lon, true, false)};
 }
 
 }  // namespace MovingMap

@@ -31,13 +31,4 @@ struct ReliefImage {
 void sampleRelief(Orlek::Geodetic::HeightMap& terrain, const MapView& view, int step,
                   ReliefImage& image);
 
-/// Terrain under a position.
-struct Ground {
-    bool known = false;
-    double heightM = 0.0;
-};
-
-/// Elevation, and whether it is one: HeightMap::getAltitude gives 0 also where it has no data.
-Ground groundAt(Orlek::Geodetic::HeightMap& terrain, const Position& position);
-
 }  // namespace MovingMap

@@ -1,11 +1,10 @@
 // What one picture shows.
 #pragma once
 
-#include <optional>
 #include <string>
 
 #include "MapView.h"
-#include "ReliefImage.h"
+#include "Terrain.h"
 
 namespace MovingMap {
 

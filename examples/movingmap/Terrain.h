@@ -1,4 +1,4 @@
-// Opening a directory of elevation tiles.
+// Opening a directory of elevation tiles, and asking for terrain.
 #pragma once
 
 #include <Orlek/Geodetic.h>
@@ -14,5 +14,29 @@ namespace MovingMap {
 /// @param near a position that will be looked at
 void openTerrain(Orlek::Geodetic::HeightMap& terrain, const std::string& directory,
                  const Position& near);
+
+/// A surface normal (east, north, up) as the library packs it: 0 to 255 for -1 to 1.
+struct PackedNormal {
+    unsigned char x = 0;
+    unsigned char y = 0;
+    unsigned char z = 0;
+
+    bool operator==(const PackedNormal&) const = default;
+};
+
+/// The surface normal; its tile is loaded if need be.
+PackedNormal normalAt(Orlek::Geodetic::HeightMap& terrain, const Position& position);
+
+/// Whether a normal is one. It is none where no tile is, and where a tile has no samples:
+/// HeightMap::getAltitude gives 0 there, as at sea level.
+bool isTerrain(const PackedNormal& normal);
+
+/// Terrain under a position.
+struct Ground {
+    bool known = false;
+    double heightM = 0.0;
+};
+
+Ground groundAt(Orlek::Geodetic::HeightMap& terrain, const Position& position);
 
 }  // namespace MovingMap
