@@ -4,6 +4,7 @@
 /// Everything of Orlek::OpenGL: the shared state, shader objects, the matrix stack, drawing.
 
 #include <Orlek/OpenGL/GlHandler.h>
+#include <Orlek/OpenGL/GlyphInfo.h>
 #include <Orlek/OpenGL/LineLoops.h>
 #include <Orlek/OpenGL/Lines.h>
 #include <Orlek/OpenGL/MatrixStack.h>
