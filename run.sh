@@ -18,8 +18,8 @@ map and prints the path of the picture.
   --docs      builds the API documentation, out/docs/html/index.html
   --help      prints this text
 
-Options after -- go to the moving map; "./run.sh -- -help" lists them. An example:
-  ./run.sh -- -range 8 -headingup
+Options after -- go to the moving map; "./run.sh -- --help" lists them. An example:
+  ./run.sh -- --range 8 --headingup
 TEXT
 }
 

@@ -31,10 +31,12 @@ export UBSAN_OPTIONS=print_stacktrace=1
 export LIBGL_ALWAYS_SOFTWARE=1
 mkdir -p build
 
-build() {  # preset
-  echo "== $1"
-  cmake --preset "$1" >"build/$1.log" 2>&1 || { cat "build/$1.log"; return 1; }
-  cmake --build "build/$1"
+build() {  # preset, options of the build
+  local preset=$1
+  shift
+  echo "== $preset"
+  cmake --preset "$preset" >"build/$preset.log" 2>&1 || { cat "build/$preset.log"; return 1; }
+  cmake --build "build/$preset" "$@"
 }
 
 run() {  # preset, ctest options
@@ -52,10 +54,9 @@ style() {
 for step in "$@"; do
   case "$step" in
     style) style ;;
-    release) build release; cmake --build build/release --target all_verify_interface_header_sets
-      run release ;;
+    release) build release --target all all_verify_interface_header_sets; run release ;;
     asan) build asan; run asan ;;
-    tsan) build tsan; run tsan -L threads ;;
+    tsan) build tsan --target orlek_threads; run tsan -L threads ;;
     fuzz) build fuzz; run fuzz ;;
     *) echo "test.sh: unknown step $step (see ./test.sh --help)" >&2; exit 1 ;;
   esac

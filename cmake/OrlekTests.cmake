@@ -1,5 +1,7 @@
-# Functions that declare tests. Each executable is one ctest test.
+# Functions that declare tests. Each executable is one ctest test. Tests with the label "threads"
+# are what the target orlek_threads builds: those worth a run under the thread sanitizer.
 find_package(GTest REQUIRED)
+add_custom_target(orlek_threads)
 
 function(orlek_add_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "GL" "" "SOURCES;LIBS;LABELS")
@@ -13,6 +15,9 @@ function(orlek_add_test name)
   endif()
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+  if("threads" IN_LIST arg_LABELS)
+    add_dependencies(orlek_threads ${name})
+  endif()
   if(arg_LABELS)
     set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}")
   endif()
