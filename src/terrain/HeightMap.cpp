@@ -23,6 +23,7 @@ struct HeightMap::State {
     void takeScan();
     bool isReady();
     const HeightTile* findTile(double lat, double lon, bool load, bool lowRes);
+    double altitude(double lat, double lon, bool load, bool lowRes);
 };
 
 void HeightMap::State::copyFrom(const State& other) {
@@ -62,6 +63,17 @@ inline const HeightTile* HeightMap::State::findTile(double lat, double lon, bool
     return low.current();
 }
 
+[[gnu::noinline]] double HeightMap::State::altitude(double lat, double lon, bool load,
+                                                    bool lowRes) {
+    double metres = 0.0;
+    if (isReady()) {
+        if (const HeightTile* tile = findTile(lat, lon, load, lowRes)) {
+            tile->altitude(lat, lon, metres);
+        }
+    }
+    return metres;
+}
+
 HeightMap::HeightMap() : mState(std::make_unique<State>()) {}
 
 HeightMap::HeightMap(const HeightMap& other) : HeightMap() {
@@ -91,12 +103,15 @@ void HeightMap::loadData() {
 
 double HeightMap::getAltitude(double lat, double lon, bool load, bool lowRes) {
     double metres = 0.0;
-    if (mState->isReady()) {
-        if (const HeightTile* tile = mState->findTile(lat, lon, load, lowRes)) {
-            tile->altitude(lat, lon, metres);
+    // In the cell of the last query there is nothing to look up and no scan to take: even new tiles
+    // have to wait for another cell.
+    if (!lowRes) [[likely]] {
+        const HeightTile* tile = mState->high.currentIf(Detail::queryKey(lat, lon));
+        if (tile != nullptr && tile->altitudeInside(lat, lon, metres)) [[likely]] {
+            return metres;
         }
     }
-    return metres;
+    return mState->altitude(lat, lon, load, lowRes);
 }
 
 bool HeightMap::getNormal(double lat, double lon, bool load, bool lowRes, unsigned char& x,

@@ -9,6 +9,21 @@
 
 #include <Orlek/Math/Vector2.h>
 
+/// @cond internal
+namespace Orlek::Math::Detail {
+
+// T is double, or several of them side by side.
+template <typename T>
+inline T cubicValue(T p0, T p1, T p2, T p3, double t) {
+    const double t2 = t * t;
+    const double t3 = t2 * t;
+    return (1.5 * p1 - 0.5 * p0 - 1.5 * p2 + 0.5 * p3) * t3 +
+           (p0 - 2.5 * p1 + 2.0 * p2 - 0.5 * p3) * t2 + (0.5 * p2 - 0.5 * p0) * t + p1;
+}
+
+}  // namespace Orlek::Math::Detail
+/// @endcond
+
 namespace Orlek::Math {
 
 /// Interpolates between the second and the third of four samples.
@@ -17,11 +32,7 @@ namespace Orlek::Math {
 /// @return the value at @p t.
 /// May be called from any thread.
 inline double getCubicValue(const double* p, double t) {
-    const double t2 = t * t;
-    const double t3 = t2 * t;
-    return (1.5 * p[1] - 0.5 * p[0] - 1.5 * p[2] + 0.5 * p[3]) * t3 +
-           (p[0] - 2.5 * p[1] + 2.0 * p[2] - 0.5 * p[3]) * t2 + (0.5 * p[2] - 0.5 * p[0]) * t +
-           p[1];
+    return Detail::cubicValue(p[0], p[1], p[2], p[3], t);
 }
 
 /// Gives the slope of getCubicValue().

@@ -37,6 +37,10 @@ public:
     bool altitude(double lat, double lon, double& value) const {
         return loaded() && mSurface.altitude(lat, lon, value);
     }
+    /// TileSurface::altitudeInside; false also when the tile is not loaded.
+    bool altitudeInside(double lat, double lon, double& value) const {
+        return loaded() && mSurface.altitudeInside(lat, lon, value);
+    }
     /// TileSurface::normal; false also when the tile is not loaded.
     bool normal(double lat, double lon, unsigned char& x, unsigned char& y, unsigned char& z) const;
 

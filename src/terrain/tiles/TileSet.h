@@ -27,6 +27,12 @@ public:
         return key == mCurrentKey || change(tiles, key, load);
     }
 
+    /// What current() would be after selecting `key`, if that is clear without looking anything up;
+    /// otherwise null.
+    [[nodiscard]] const HeightTile* currentIf(TileKey key) const {
+        return key == mCurrentKey ? mCurrentTile.get() : nullptr;
+    }
+
     /// The tile last selected, loaded or not; null when there is none under that key.
     [[nodiscard]] const HeightTile* current() const { return mCurrentTile.get(); }
 

@@ -1,10 +1,10 @@
 // Slopes of the surface between the posts, from the sixteen posts around a point.
 #include "terrain/tiles/TileSurface.h"
 
-#include <Orlek/Math/Cubic.h>
-
 #include <algorithm>
 #include <cmath>
+
+#include "terrain/tiles/SamplePatch.h"
 
 namespace Orlek::Detail {
 
@@ -26,11 +26,6 @@ unsigned char packComponent(float component) {
 
 }  // namespace
 
-/// Four by four samples: lines[k][m] is the sample m of the line k, from the south-west.
-struct TileSurface::Patch {
-    double lines[4][4];
-};
-
 TileSurface::TileSurface(const TileGrid& grid, const std::int16_t* samples)
     : mGrid(grid),
       mLatSpacingM(grid.latSpacing * 60 * 1852),
@@ -50,20 +45,43 @@ double TileSurface::sampleOrExtrapolate(std::int32_t i, std::int32_t j) const {
     return 2.0 * *at(iEdge, jEdge) - *at(iEdge + iStep, jEdge + jStep);
 }
 
+bool TileSurface::altitude(double lat, double lon, double& value) const {
+    const double u = (lat - mGrid.latOrigin) / mGrid.latSpacing;
+    const double v = (lon - mGrid.lonOrigin) / mGrid.lonSpacing;
+    const std::int32_t i = degreeIndex(u);
+    const std::int32_t j = degreeIndex(v);
+    const auto numLat = static_cast<std::int32_t>(mGrid.numLat);
+    const auto numLon = static_cast<std::int32_t>(mGrid.numLon);
+    if (i >= numLat || j >= numLon) {
+        return false;
+    }
+    // On the last row or line the neighbours beyond it are the corner itself.
+    value = interpolate(at(i, j), i < numLat - 1 ? 1 : 0, j < numLon - 1 ? mGrid.numLat : 0, u - i,
+                        v - j);
+    return true;
+}
+
 /// Reads the posts around the cell whose south-west post is (i, j).
-inline void TileSurface::readPatch(std::int32_t i, std::int32_t j, Patch& patch) const {
+inline void TileSurface::readPatch(std::int32_t i, std::int32_t j, SamplePatch& patch) const {
     const auto numLat = static_cast<std::int32_t>(mGrid.numLat);
     const auto numLon = static_cast<std::int32_t>(mGrid.numLon);
     const bool inside = i >= 1 && i + 2 < numLat && j >= 1 && j + 2 < numLon;
-    for (std::int32_t k = 0; k < 4; ++k) {
-        if (inside) [[likely]] {
+    if (inside) [[likely]] {
+        for (std::int32_t k = 0; k < 4; ++k) {
             const std::int16_t* line = at(i - 1, j - 1 + k);
-            std::copy_n(line, 4, patch.lines[k]);
-        } else {
-            for (std::int32_t m = 0; m < 4; ++m) {
-                patch.lines[k][m] = sampleOrExtrapolate(i - 1 + m, j - 1 + k);
-            }
+            patch.south[k] = Two{static_cast<double>(line[0]), static_cast<double>(line[1])};
+            patch.north[k] = Two{static_cast<double>(line[2]), static_cast<double>(line[3])};
         }
+    } else {
+        readEdgePatch(i, j, patch);
+    }
+}
+
+void TileSurface::readEdgePatch(std::int32_t i, std::int32_t j, SamplePatch& patch) const {
+    for (std::int32_t k = 0; k < 4; ++k) {
+        const std::int32_t line = j - 1 + k;
+        patch.south[k] = Two{sampleOrExtrapolate(i - 1, line), sampleOrExtrapolate(i, line)};
+        patch.north[k] = Two{sampleOrExtrapolate(i + 1, line), sampleOrExtrapolate(i + 2, line)};
     }
 }
 
@@ -78,24 +96,14 @@ bool TileSurface::normal(double lat, double lon, unsigned char& x, unsigned char
     }
     const double fu = (lat - (i * mGrid.latSpacing + mGrid.latOrigin)) / mGrid.latSpacing;
     const double fv = (lon - (j * mGrid.lonSpacing + mGrid.lonOrigin)) / mGrid.lonSpacing;
-    Patch patch;
+    SamplePatch patch;
     readPatch(i, j, patch);
-    // The two spacings are the other way round than their names suggest: each slope is scaled with
-    // the spacing of the axis along which its four values were interpolated.
-    double alongLon[4];
-    double alongLat[4];
-    for (int n = 0; n < 4; ++n) {
-        double line[4];
-        double row[4];
-        for (int m = 0; m < 4; ++m) {
-            line[m] = patch.lines[n][m] / mLatSpacingM;
-            row[m] = patch.lines[m][n] / mLonSpacingM;
-        }
-        alongLon[n] = Math::getCubicValue(line, fu);
-        alongLat[n] = Math::getCubicValue(row, fv);
-    }
-    const auto a = static_cast<float>(Math::getCubicDerivate(alongLon, fv));
-    const auto b = static_cast<float>(Math::getCubicDerivate(alongLat, fu));
+    // The spacings are the ones of the axis along which the four values of a slope were
+    // interpolated, not of the axis along which it rises.
+    const auto alongLon = patch.dividedBy(mLatSpacingM).cubicsAlongLines(fu);
+    const auto alongLat = patch.dividedBy(mLonSpacingM).cubicsAcrossLines(fv);
+    const auto a = static_cast<float>(Math::getCubicDerivate(alongLon.data(), fv));
+    const auto b = static_cast<float>(Math::getCubicDerivate(alongLat.data(), fu));
     const float length = std::sqrt(a * a + b * b + 1.0F);
     x = packComponent(-a / length);
     y = packComponent(-b / length);

@@ -9,6 +9,8 @@
 
 namespace Orlek::Detail {
 
+struct SamplePatch;
+
 /// Sees the samples of a loaded tile; whoever loads them owns them. Coordinates are degrees within
 /// -90 to 90 and -180 to 180. The order of operations is part of the results.
 class TileSurface {
@@ -20,6 +22,8 @@ public:
     /// Interpolates bilinearly between the four posts around a point, in metres. False, with
     /// `value` unchanged, when the point lies outside the grid.
     bool altitude(double lat, double lon, double& value) const;
+    /// The same with few instructions for nearly all points: false also on the last row and line.
+    bool altitudeInside(double lat, double lon, double& value) const;
 
     /// The direction of the surface normal at a point, east, north and up, each mapped from -1 ...
     /// 1 to a byte. False, with all three 0, when the point lies outside the grid.
@@ -30,12 +34,14 @@ public:
     [[nodiscard]] double sampleOrExtrapolate(std::int32_t i, std::int32_t j) const;
 
 private:
-    struct Patch;
-
     [[nodiscard]] const std::int16_t* at(std::int32_t i, std::int32_t j) const {
         return mSamples + static_cast<std::size_t>(j) * mGrid.numLat + i;
     }
-    void readPatch(std::int32_t i, std::int32_t j, Patch& patch) const;
+    /// Between a post, its neighbours at these distances and the one diagonally across.
+    double interpolate(const std::int16_t* corner, std::size_t north, std::size_t east, double fu,
+                       double fv) const;
+    void readPatch(std::int32_t i, std::int32_t j, SamplePatch& patch) const;
+    void readEdgePatch(std::int32_t i, std::int32_t j, SamplePatch& patch) const;
 
     TileGrid mGrid;
     double mLatSpacingM = 0.0;
@@ -43,27 +49,28 @@ private:
     const std::int16_t* mSamples = nullptr;
 };
 
-inline bool TileSurface::altitude(double lat, double lon, double& value) const {
-    const double u = (lat - mGrid.latOrigin) / mGrid.latSpacing;
-    const double v = (lon - mGrid.lonOrigin) / mGrid.lonSpacing;
-    const std::uint32_t i = degreeIndex(u);
-    const std::uint32_t j = degreeIndex(v);
-    if (i >= mGrid.numLat || j >= mGrid.numLon) {
-        return false;
-    }
-    // On the last row or line the neighbours beyond it are the corner itself.
-    const std::size_t north = i < mGrid.numLat - 1 ? 1 : 0;
-    const std::size_t east = j < mGrid.numLon - 1 ? mGrid.numLat : 0;
-    const std::int16_t* corner = mSamples + std::size_t{j} * mGrid.numLat + i;
+inline double TileSurface::interpolate(const std::int16_t* corner, std::size_t north,
+                                       std::size_t east, double fu, double fv) const {
     const double h00 = corner[0];
     const double h01 = corner[north];
     const double h10 = corner[east];
     const double h11 = corner[north != 0 && east != 0 ? north + east : 0];
-    const double fu = u - i;
-    const double fv = v - j;
     const double a = h00 + (h10 - h00) * fv;
     const double b = h01 + (h11 - h01) * fv;
-    value = a + (b - a) * fu;
+    return a + (b - a) * fu;
+}
+
+inline bool TileSurface::altitudeInside(double lat, double lon, double& value) const {
+    const double u = (lat - mGrid.latOrigin) / mGrid.latSpacing;
+    const double v = (lon - mGrid.lonOrigin) / mGrid.lonSpacing;
+    const auto i = static_cast<std::int32_t>(u);
+    const auto j = static_cast<std::int32_t>(v);
+    // A negative index is a large one when taken as unsigned.
+    if (static_cast<std::uint32_t>(i) >= mGrid.numLat - 1 ||
+        static_cast<std::uint32_t>(j) >= mGrid.numLon - 1) {
+        return false;
+    }
+    value = interpolate(at(i, j), 1, mGrid.numLat, u - i, v - j);
     return true;
 }
 
