@@ -18,8 +18,8 @@ constexpr int rawDeflate = -MAX_WBITS;
 }  // namespace
 
 void InflateStream::EndInflate::operator()(z_stream_s* stream) const {
+    const std::unique_ptr<z_stream> owner(stream);
     inflateEnd(stream);
-    delete stream;
 }
 
 bool InflateStream::open(const std::string& path, std::uint64_t offset,

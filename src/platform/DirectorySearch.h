@@ -21,6 +21,7 @@ bool createDirectory(const std::string& path);
 struct DirectoryIdentity {
     std::uint64_t device = 0;
     std::uint64_t number = 0;
+    // NOLINTNEXTLINE(modernize-use-nullptr): a false alarm of clang-tidy 14
     auto operator<=>(const DirectoryIdentity&) const = default;
 };
 
