@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <new>
 #include <utility>
 
 namespace Orlek::Detail {
@@ -39,8 +40,8 @@ bool InflateStream::open(RegularFile file, std::uint64_t offset, std::uint32_t c
     mRemaining = compressedSize;
     mChunkSize = std::clamp<std::size_t>(compressedSize, 1, largestChunk);
     mChunk = mallocArray<std::byte>(mChunkSize);
-    auto stream = std::make_unique<z_stream>();
-    if (!mChunk || inflateInit2(stream.get(), rawDeflate) != Z_OK) {
+    std::unique_ptr<z_stream> stream(new (std::nothrow) z_stream());
+    if (!mChunk || !stream || inflateInit2(stream.get(), rawDeflate) != Z_OK) {
         return false;
     }
     mStream.reset(stream.release());

@@ -26,7 +26,7 @@ double distance(Point from, Point to) {
     return (to - from).Length();
 }
 
-// The compass heading in degrees, in [0, 360).
+// The compass heading in degrees, in [0, 360], 360 only by rounding.
 double headingDegrees(Point from, Point to) {
     return (to - from).Heading() * degreesPerRadian;
 }

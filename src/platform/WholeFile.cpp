@@ -2,6 +2,7 @@
 #include "platform/WholeFile.h"
 
 #include <cerrno>
+#include <new>
 #include <span>
 
 #include "platform/RegularFile.h"
@@ -18,7 +19,12 @@ bool readWholeFile(const std::string& path, std::vector<char>& bytes) {
         errno = EFBIG;
         return false;
     }
-    bytes.resize(static_cast<std::size_t>(file.size()));
+    try {
+        bytes.resize(static_cast<std::size_t>(file.size()));
+    } catch (const std::bad_alloc&) {
+        errno = ENOMEM;
+        return false;
+    }
     if (file.readAt(0, std::as_writable_bytes(std::span(bytes))) != bytes.size()) {
         bytes.clear();
         errno = EIO;

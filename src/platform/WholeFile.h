@@ -12,8 +12,8 @@ namespace Orlek::Detail {
 inline constexpr std::uint64_t wholeFileLimit = std::uint64_t{1} << 30U;
 
 /// Replaces `bytes` by the content of the regular file `path`, which may be empty. On failure
-/// `bytes` is empty, errno tells why (EFBIG above the limit, EIO when the file shrank while it was
-/// read) and the result is false. Safe from any thread.
+/// `bytes` is empty, errno tells why (EFBIG above the limit, ENOMEM without memory, EIO when the
+/// file shrank while it was read) and the result is false. Safe from any thread.
 bool readWholeFile(const std::string& path, std::vector<char>& bytes);
 
 }  // namespace Orlek::Detail

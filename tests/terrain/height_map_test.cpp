@@ -90,6 +90,7 @@ TEST(HeightMap, OffTheGlobeThereIsNoTile) {
     const TempDir dir;
     writeFlatDted(dir, -90, -180, 700);  // the cell that wrong coordinates would fall into
     writeFlatDted(dir, 0, 0, 700);
+    dir.write("S92W182.SRTMGL1.hgt.zip", flatSrtmArchive(700));  // its key is that of no tile
     HeightMap map;
     quietScan(map, dir.path());
     EXPECT_EQ(map.getAltitude(-89.9, -179.9, true, false), 700.0);

@@ -34,8 +34,8 @@ namespace Orlek::Geodetic {
 ///
 /// Threads: an object is used by one thread at a time, and so are an object and its copies, because
 /// they share their tiles. Objects that are no copies of each other are independent. No GL context
-/// is needed. Nothing throws but the constructors and assignment, when there is no memory for the
-/// object itself.
+/// is needed. Nothing throws but std::bad_alloc, when there is no memory for the small records
+/// of the object itself; without memory for samples a tile stays unloaded.
 class ORLEK_EXPORT HeightMap {
 public:
     /// High-resolution tiles loaded at a time.
@@ -88,9 +88,9 @@ public:
     /// @param lowRes whether to leave the high-resolution tiles out.
     /// @return metres above mean sea level. 0 when the object is not ready, no tile covers the
     /// point,
-    ///         the tile is not loaded or cannot be read, the post is missing, or the coordinates
-    ///         are out of range or not finite. As 0 is an elevation too, ask getNormal() where the
-    ///         difference matters.
+    ///         the tile is not loaded or cannot be read, the post is missing (a DTED void reads
+    ///         as -1), or the coordinates are out of range or not finite. As 0 is an elevation too,
+    ///         ask getNormal() where the difference matters.
     double getAltitude(double lat, double lon, bool load, bool lowRes);
 
     /// The direction in which the surface of the terrain faces, from slopes of the Catmull-Rom

@@ -6,7 +6,7 @@
 /// Latitudes and longitudes are in degrees, north and east positive; bearings and courses in
 /// degrees clockwise from north; distances in metres. Arguments are not checked: a latitude beyond
 /// 90 degrees, a pole where a longitude is asked for, or a value that is not finite gives infinite
-/// or NaN results.
+/// or NaN results (0 from calcBearing()).
 ///
 /// Two kinds of earth serve: great circles on a sphere for bearing and distance, and the flat grid
 /// of latLong2Grid() with 111319.49079327358 metres per degree for the rest, which is good for the
@@ -74,7 +74,7 @@ ORLEK_EXPORT bool calcDmeDistIntersection(double lat, double lon, double course,
                                           double& outLon);
 
 /// Gives the smaller turn from one heading to another.
-/// @param from, to the headings in degrees, of any number of turns.
+/// @param from, to the headings in degrees, within 2^31 turns.
 /// @return the turn in degrees, in [-180, 180]; positive to the right. A half turn keeps its sign.
 ORLEK_EXPORT double getHeadingDifference(double from, double to);
 

@@ -24,8 +24,12 @@ T circLimit(T value, T min, T max) {
     const T range = max - min;
     const auto wholeRanges = [range](T distance) {
         constexpr auto most = static_cast<T>(std::numeric_limits<std::int32_t>::max());
+        constexpr auto least = static_cast<T>(std::numeric_limits<std::int32_t>::min());
         const T ranges = distance / range + 1;
-        return ranges < most ? static_cast<T>(static_cast<std::int32_t>(ranges)) : most;
+        if (!(ranges < most)) {
+            return most;
+        }
+        return ranges > least ? static_cast<T>(static_cast<std::int32_t>(ranges)) : least;
     };
     if (min > value)
         value += wholeRanges(min - value) * range;

@@ -47,11 +47,17 @@ void RegularFile::close() {
 
 bool RegularFile::open(const std::string& path) {
     close();
+    struct stat status {};
+    // Merely opening a pipe or a device can disturb others.
+    if (::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
+        errno = S_ISDIR(status.st_mode) ? EISDIR : ENOTSUP;
+        return false;
+    }
     mDescriptor = openForReading(path.c_str());
     if (mDescriptor < 0) {
         return false;
     }
-    struct stat status {};
+    // Looked at again: the name may stand for another file by now.
     if (::fstat(mDescriptor, &status) != 0) {
         close();
         return false;

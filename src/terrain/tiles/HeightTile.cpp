@@ -1,8 +1,6 @@
 // Finds out where a tile lies and reads its samples.
 #include "terrain/tiles/HeightTile.h"
 
-#include <Orlek/FileSystem/ZipFile.h>
-
 #include <algorithm>
 #include <array>
 #include <optional>
@@ -11,6 +9,7 @@
 
 #include "files/InflateStream.h"
 #include "files/ZipArchive.h"
+#include "platform/DirectorySearch.h"
 #include "platform/MallocArray.h"
 #include "platform/RegularFile.h"
 #include "platform/Report.h"
@@ -137,7 +136,7 @@ bool HeightTile::loadDted() {
 }
 
 void HeightTile::loadSrtm() {
-    if (!FileSystem::ZipFile(mPath).exists()) {
+    if (fileKind(mPath) != FileKind::regular) {
         return;
     }
     InflateStream content;

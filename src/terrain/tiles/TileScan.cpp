@@ -5,7 +5,6 @@
 
 #include <exception>
 #include <string_view>
-#include <system_error>
 
 #include "platform/Report.h"
 
@@ -68,7 +67,7 @@ void TileScan::start(const std::string& path, const std::shared_ptr<const TileMa
     mStage.store(Stage::running, std::memory_order_relaxed);
     try {
         mThread = std::thread([this, path, known] { run(path, *known); });
-    } catch (const std::system_error&) {
+    } catch (const std::exception&) {  // no thread, or no memory for one
         run(path, *known);
     }
 }

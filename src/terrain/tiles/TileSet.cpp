@@ -7,7 +7,8 @@ namespace Orlek::Detail {
 
 bool TileSet::change(const TileMap& tiles, TileKey key, bool load) {
     mCurrentKey = key;
-    const auto found = tiles.find(key);
+    // Points off the globe have no tile, whatever a strange file has been registered under.
+    const auto found = key == noTileKey ? tiles.end() : tiles.find(key);
     mCurrentTile = found != tiles.end() ? found->second : nullptr;
     if (!mCurrentTile || mCurrentTile->loaded()) {
         return true;
@@ -19,12 +20,14 @@ bool TileSet::change(const TileMap& tiles, TileKey key, bool load) {
 }
 
 void TileSet::loadCurrent() {
-    mCurrentTile->load();
+    // Listed first: without memory for the list no tile is loaded that nobody would unload.
     const auto listed = std::find(mLoadedTiles.begin(), mLoadedTiles.end(), mCurrentTile);
     if (listed != mLoadedTiles.end()) {
-        mLoadedTiles.erase(listed);
+        mLoadedTiles.splice(mLoadedTiles.begin(), mLoadedTiles, listed);
+    } else {
+        mLoadedTiles.push_front(mCurrentTile);
     }
-    mLoadedTiles.push_front(mCurrentTile);
+    mCurrentTile->load();
     if (mLoadedTiles.size() > mLimit) {
         mLoadedTiles.back()->unload();
         mLoadedTiles.pop_back();
