@@ -6,6 +6,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <malloc.h>
+#include <sys/mman.h>
 #include <unistd.h>
 
 #include <array>
@@ -25,6 +26,27 @@ namespace {
 
 using Orlek::Detail::HeightTile;
 
+/// Memory that nobody has touched yet. Malloc may serve what was freed before, without page faults.
+class FreshMemory {
+public:
+    explicit FreshMemory(std::size_t size)
+        : mSize(size),
+          mMemory(mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0)) {
+        if (mMemory == MAP_FAILED) {
+            std::perror("mmap");
+            std::exit(1);
+        }
+    }
+    ~FreshMemory() { munmap(mMemory, mSize); }
+    FreshMemory(const FreshMemory&) = delete;
+    FreshMemory& operator=(const FreshMemory&) = delete;
+    void* get() const { return mMemory; }
+
+private:
+    std::size_t mSize;
+    void* mMemory;
+};
+
 void loadTile(benchmark::State& state, HeightTile& tile) {
     for (auto _ : state) {
         tile.load();
@@ -37,12 +59,10 @@ void loadTile(benchmark::State& state, HeightTile& tile) {
 
 void zlibAlone(benchmark::State& state, const OrlekBench::FirstEntry& first) {
     for (auto _ : state) {
-        auto* out = static_cast<Bytef*>(std::malloc(first.entry.uncompressedSize));
-        if (!OrlekBench::inflateAtOnce(first, out)) {
+        const FreshMemory out(first.entry.uncompressedSize);
+        if (!OrlekBench::inflateAtOnce(first, static_cast<Bytef*>(out.get()))) {
             state.SkipWithError("inflate failed");
         }
-        benchmark::DoNotOptimize(out);
-        std::free(out);
     }
 }
 
@@ -50,12 +70,10 @@ void readAlone(benchmark::State& state, const std::string& path) {
     const std::size_t size = std::filesystem::file_size(path);
     for (auto _ : state) {
         const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-        void* out = std::malloc(size);
-        if (read(file, out, size) != static_cast<ssize_t>(size)) {
+        const FreshMemory out(size);
+        if (read(file, out.get(), size) != static_cast<ssize_t>(size)) {
             state.SkipWithError("read failed");
         }
-        benchmark::DoNotOptimize(out);
-        std::free(out);
         close(file);
     }
 }
@@ -66,14 +84,12 @@ void gdalBand(benchmark::State& state, const std::string& path) {
         GDALDatasetH dataset = GDALOpen(path.c_str(), GA_ReadOnly);
         const int columns = GDALGetRasterXSize(dataset);
         const int rows = GDALGetRasterYSize(dataset);
-        void* out = std::malloc(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows) *
-                                sizeof(std::int16_t));
-        if (GDALRasterIO(GDALGetRasterBand(dataset, 1), GF_Read, 0, 0, columns, rows, out, columns,
-                         rows, GDT_Int16, 0, 0) != CE_None) {
+        const FreshMemory out(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows) *
+                              sizeof(std::int16_t));
+        if (GDALRasterIO(GDALGetRasterBand(dataset, 1), GF_Read, 0, 0, columns, rows, out.get(),
+                         columns, rows, GDT_Int16, 0, 0) != CE_None) {
             state.SkipWithError("GDAL cannot read it");
         }
-        benchmark::DoNotOptimize(out);
-        std::free(out);
         GDALClose(dataset);
     }
 }
