@@ -85,7 +85,7 @@ Box LabelPlacer::place(Point point, Point size, double unit) {
     Box best{};
     double bestCost = std::numeric_limits<double>::infinity();
     double preference = 0.0;
-    for (const double distance : {14.0, 24.0, 36.0}) {
+    for (const double distance : {16.0, 26.0, 38.0}) {
         for (const auto& side : sides) {
             const Box box = boxBeside(point, size, side, distance * unit);
             const double boxCost = cost(box) + preference;

@@ -4,6 +4,7 @@
 #include <Orlek/Misc.h>
 
 #include <charconv>
+#include <sstream>
 #include <stdexcept>
 
 #include "BuildPaths.h"
@@ -55,8 +56,9 @@ Number numberOf(const char* name, Number low, Number high) {
     const char* end = text.data() + text.size();
     const auto [stopped, error] = std::from_chars(text.data(), end, value);
     if (error != std::errc() || stopped != end || !(value >= low && value <= high)) {
-        throw std::runtime_error(std::string(name) + ": '" + text + "' is no number from " +
-                                 std::to_string(low) + " to " + std::to_string(high));
+        std::ostringstream message;
+        message << name << ": '" << text << "' is no number from " << low << " to " << high;
+        throw std::runtime_error(message.str());
     }
     return value;
 }

@@ -3,6 +3,8 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
@@ -102,12 +104,17 @@ Route parseRoute(std::istream& text, const std::string& source) {
 }
 
 Route readRouteFile(const std::string& path) {
+    constexpr std::uintmax_t largestFile = 1 << 20;
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error) ||
+        std::filesystem::file_size(path, error) > largestFile) {
+        throw std::runtime_error("no route file of at most a megabyte: " + path);
+    }
     std::ifstream file(path);
     if (!file) {
         throw std::runtime_error("cannot read the route file " + path);
     }
-    Route route = parseRoute(file, path);
-    return route;
+    return parseRoute(file, path);
 }
 
 Route defaultRoute() {

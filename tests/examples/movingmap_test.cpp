@@ -72,6 +72,7 @@ TEST(RouteFile, namesTheLineOfAnError) {
     }
     EXPECT_THROW(parse("A,1,2,flyby\n"), std::runtime_error);
     EXPECT_THROW(readRouteFile("/nowhere/r.txt"), std::runtime_error);
+    EXPECT_THROW(readRouteFile("/dev/zero"), std::runtime_error);
 }
 
 TEST(RouteFile, routesOfTheProjectAreGood) {
