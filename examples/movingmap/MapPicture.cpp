@@ -22,6 +22,14 @@ namespace {
 // What is left free around the outer ring: room for the heading above it.
 constexpr double ringMargin = 58.0;
 
+// Where the heading's pointer ends, a little outside the outer ring.
+Point headingTip(const MapView& view, const Scene& scene) {
+    Position tip;
+    Orlek::Geodetic::calcPointFromBrgDistance(scene.own.lat, scene.own.lon, scene.headingDeg,
+                                              scene.rangeM * 1.05, tip.lat, tip.lon);
+    return view.toScreen(tip);
+}
+
 }  // namespace
 
 MapPicture::MapPicture(const std::string& fontFile, double scale,
@@ -79,6 +87,7 @@ void MapPicture::drawMap(const Scene& scene, const Layout& layout) {
     }
     const Point own = mView.toScreen(scene.own);
     placer.block(Box{own, own}.grown(18.0 * mCanvas.unit));
+    placer.avoid({own, headingTip(mView, scene)});
     addWaypointLabels(mCanvas, mView, mRoute, line, scene.next.index, placer, layout.map);
 }
 
