@@ -1,4 +1,5 @@
 // The tile of the default picture: NumPy arrays in, a DTED file out that other readers accept.
+#include <Orlek/Geodetic.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -8,6 +9,7 @@
 #include <iterator>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "DtedWriter.h"
@@ -143,6 +145,45 @@ TEST(Model, isReadBackByGdal) {
         for (int column = 0; column < grid.columns; ++column) {
             ASSERT_EQ(sampleOf(bytes, grid, row, column), grid.at(expected, column))
                 << "row " << row << " column " << column;
+        }
+    }
+}
+
+// A plateau's middle sample moves half-way when a record is read.
+std::vector<double> asRead(const ElevationGrid& grid, int column) {
+    std::vector<double> samples;
+    for (int row = grid.rows - 1; row >= 0; --row) {
+        samples.push_back(grid.at(row, column));
+        const std::size_t k = samples.size() - 1;
+        if (k >= 2 && samples[k - 2] == samples[k - 1]) {
+            samples[k - 1] = std::trunc(samples[k - 2] + (samples[k] - samples[k - 2]) * 0.5);
+        }
+    }
+    return samples;
+}
+
+TEST(Model, isReadBackByTheHeightMap) {
+    SKIP_WITHOUT_MODEL();
+    const ElevationGrid grid = readNumpyArchive(ELEVATION_MODEL);
+    const OrlekTest::TempDir dir;
+    dir.write("N36W085.DT1", toDted(grid));
+    Orlek::Geodetic::HeightMap terrain;
+    terrain.setDataPath(dir.path());
+    terrain.loadData();
+    unsigned char x = 0;
+    unsigned char y = 0;
+    unsigned char z = 0;
+    while (!terrain.getNormal(36.3, -84.2, true, false, x, y, z)) {
+        std::this_thread::yield();
+    }
+    for (int column = 0; column < grid.columns; ++column) {
+        const std::vector<double> samples = asRead(grid, column);
+        const double lon = (grid.west + column * grid.lonStep) / 36000.0;
+        for (int i = 0; i < grid.rows; ++i) {
+            const double lat = (grid.south + i * grid.latStep) / 36000.0;
+            ASSERT_NEAR(terrain.getAltitude(lat, lon, true, false),
+                        samples[static_cast<std::size_t>(i)], 1e-5)
+                << "column " << column << " post " << i;
         }
     }
 }
