@@ -3,6 +3,8 @@
 #include "Voids.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <vector>
 
 #include "Cover.h"
 #include "HeightColours.h"
@@ -15,28 +17,46 @@ constexpr double steepest = 1.2;  // Rise over run.
 // The upward part of a normal on such a slope, exaggerated as the relief is, in the texture's code.
 constexpr unsigned steepNormal = 50700;
 
+// Texels are counted in 32 bits: a picture of 8192 by 8192 has 67 million.
+using Index = std::uint32_t;
+
 class VoidFinder {
 public:
     VoidFinder(ReliefImage& image, double metresPerTexel, int step)
         : mImage(image),
           mCliffM(metresPerTexel * steepest),
           mStep(step),
-          mSeen(image.cover.size() / 4),
-          mHatched(mSeen.size()) {}
+          mCount(static_cast<Index>(image.cover.size() / 4)),
+          mSeen(mCount),
+          mHatched(mCount) {}
 
     void run() {
-        for (std::size_t texel = 0; texel < mSeen.size(); ++texel) {
-            if (!mSeen[texel] && waterAt(texel) && isVoid(texel)) {
-                hatchAll();
+        const auto width = static_cast<Index>(mImage.width);
+        for (Index texel = 0; texel + 1 < mCount; ++texel) {
+            lookAt(texel, texel + 1);
+            if (texel + width < mCount) {
+                lookAt(texel, texel + width);
             }
         }
     }
 
 private:
+    // Only water that touches a cliff somewhere is worth collecting; the open sea is not.
+    void lookAt(Index a, Index b) {
+        const bool waterAtA = waterAt(a);
+        if (waterAtA == waterAt(b)) {
+            return;
+        }
+        const Index water = waterAtA ? a : b;
+        if (mSeen[water] == 0 && isCliff(waterAtA ? b : a) && isVoid(water)) {
+            hatchAll();
+        }
+    }
+
     template <typename Visit>
-    void forNeighbours(std::size_t texel, Visit&& visit) {
-        const auto width = static_cast<std::size_t>(mImage.width);
-        const std::size_t column = texel % width;
+    void forNeighbours(Index texel, Visit&& visit) {
+        const auto width = static_cast<Index>(mImage.width);
+        const Index column = texel % width;
         if (column > 0) {
             visit(texel - 1);
         }
@@ -46,32 +66,33 @@ private:
         if (texel >= width) {
             visit(texel - width);
         }
-        if (texel + width < mSeen.size()) {
+        if (texel + width < mCount) {
             visit(texel + width);
         }
     }
 
-    bool waterAt(std::size_t texel) const { return isWater(mImage.cover.data() + texel * 4); }
+    bool waterAt(Index texel) const { return isWater(mImage.cover.data() + texel * 4); }
 
-    bool isCliff(std::size_t texel) const {
-        return heightOf(mImage.normals[texel * 4 + 3]) > mCliffM;
+    bool isCliff(Index texel) const {
+        return mHatched[texel] != 0 ||
+               (landAt(texel) && heightOf(mImage.normals[texel * 4 + 3]) > mCliffM);
     }
 
-    bool landAt(std::size_t texel) const { return mImage.cover[texel * 4 + 3] < 128; }
+    bool landAt(Index texel) const { return mImage.cover[texel * 4 + 3] < 128; }
 
     // Collects the water around a texel.
-    bool isVoid(std::size_t start) {
-        std::size_t shore = 0;
-        std::size_t cliffs = 0;
+    bool isVoid(Index start) {
+        Index shore = 0;
+        Index cliffs = 0;
         mMembers.assign(1, start);
-        mSeen[start] = true;
+        mSeen[start] = 1;
         for (std::size_t i = 0; i < mMembers.size(); ++i) {
-            forNeighbours(mMembers[i], [&](std::size_t next) {
-                if (landAt(next) || mHatched[next]) {
+            forNeighbours(mMembers[i], [&](Index next) {
+                if (landAt(next) || mHatched[next] != 0) {
                     ++shore;
-                    cliffs += mHatched[next] || isCliff(next) ? 1 : 0;
-                } else if (!mSeen[next] && waterAt(next)) {
-                    mSeen[next] = true;
+                    cliffs += isCliff(next) ? 1 : 0;
+                } else if (mSeen[next] == 0 && waterAt(next)) {
+                    mSeen[next] = 1;
                     mMembers.push_back(next);
                 }
             });
@@ -84,18 +105,19 @@ private:
         mImage.complete = false;
         for (std::size_t i = 0; i < mMembers.size(); ++i) {
             hatch(mMembers[i]);
-            forNeighbours(mMembers[i], [&](std::size_t next) {
-                if (!mSeen[next] && landAt(next) && mImage.normals[next * 4 + 2] < steepNormal) {
-                    mSeen[next] = true;
+            forNeighbours(mMembers[i], [&](Index next) {
+                if (mSeen[next] == 0 && landAt(next) &&
+                    mImage.normals[next * 4 + 2] < steepNormal) {
+                    mSeen[next] = 1;
                     mMembers.push_back(next);
                 }
             });
         }
     }
 
-    void hatch(std::size_t texel) {
-        mHatched[texel] = true;
-        const auto width = static_cast<std::size_t>(mImage.width);
+    void hatch(Index texel) {
+        mHatched[texel] = 1;
+        const auto width = static_cast<Index>(mImage.width);
         const Rgba cover = hatchCover(static_cast<int>(texel % width) * mStep,
                                       static_cast<int>(texel / width) * mStep);
         std::copy(cover.begin(), cover.end(),
@@ -105,9 +127,10 @@ private:
     ReliefImage& mImage;
     double mCliffM;
     int mStep;
-    std::vector<bool> mSeen;
-    std::vector<bool> mHatched;
-    std::vector<std::size_t> mMembers;
+    Index mCount;
+    std::vector<char> mSeen;
+    std::vector<char> mHatched;
+    std::vector<Index> mMembers;
 };
 
 }  // namespace
