@@ -9,13 +9,13 @@
 
 namespace Orlek::Detail {
 
-bool readWholeFile(const std::string& path, std::vector<char>& bytes) {
+bool readWholeFile(const std::string& path, std::vector<char>& bytes, std::uint64_t limit) {
     bytes.clear();
     RegularFile file;
     if (!file.open(path)) {
         return false;
     }
-    if (file.size() > wholeFileLimit) {
+    if (file.size() > limit) {
         errno = EFBIG;
         return false;
     }

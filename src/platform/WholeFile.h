@@ -7,13 +7,14 @@
 
 namespace Orlek::Detail {
 
-/// The largest file readWholeFile takes, in bytes: far above any font or source, and small enough
-/// that a sparse file of terabytes is refused before memory is asked for.
+/// The largest file that readWholeFile takes without another limit, in bytes: far above any font or
+/// source, and small enough that a sparse file of terabytes is refused before memory is asked for.
 inline constexpr std::uint64_t wholeFileLimit = std::uint64_t{1} << 30U;
 
 /// Replaces `bytes` by the content of the regular file `path`, which may be empty. On failure
 /// `bytes` is empty, errno tells why (EFBIG above the limit, ENOMEM without memory, EIO when the
 /// file shrank while it was read) and the result is false. Safe from any thread.
-bool readWholeFile(const std::string& path, std::vector<char>& bytes);
+bool readWholeFile(const std::string& path, std::vector<char>& bytes,
+                   std::uint64_t limit = wholeFileLimit);
 
 }  // namespace Orlek::Detail

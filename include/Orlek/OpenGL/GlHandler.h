@@ -18,20 +18,31 @@ namespace Orlek::OpenGL {
 /// the legacy line state). All members belong to the thread whose current context is the one that
 /// the library draws into; nothing is locked. Standard programs live as long as the context.
 ///
-/// | Program | Draws | Uniforms besides "mvp" |
-/// |---|---|---|
-/// | 1 | a colour for each vertex | |
-/// | 2 | one colour | "color" |
-/// | 3 | texture times colour | "color", "myTextureSampler" |
-/// | 4 | shaded terrain | "color", "lightDirection", "shadingOn", "terrainShadingFactor",
-/// "terrainContrast", "terrainBrightness", "osmTerrain", "Texture0", "Texture1", "Texture2" | | 5 |
-/// glyph coverage | "color", "offset", "myTextureSampler" | | 6 | glyph distance field | "color",
-/// "offset", "outlineColor", "outlineWidth", "Texture0" | | 7 | one colour at an offset | "color",
-/// "offset" | | 8 | wide separate lines (`GL_LINES`) | "color", "lineWidth", "viewPort",
-/// "antialias", "lineStipple" | | 9 | wide joined lines (`GL_LINE_STRIP_ADJACENCY`) | "color",
-/// "lineWidth", "viewPort", "antialias", "lineStipple" | | 10 | as 9, a colour for each vertex |
-/// "lineWidth", "viewPort", "antialias", "lineStipple" | | 11 | one colour, 32 x 32 screen stipple
-/// | "color", "stipplePattern", "stippleUse" |
+/// Programs, what they draw, and their uniforms besides "mvp":
+///
+/// - 1, a colour for each vertex: none.
+///
+/// - 2, one colour: "color".
+///
+/// - 3, texture times colour: "color", "myTextureSampler".
+///
+/// - 4, shaded terrain: "color", "lightDirection", "shadingOn", "terrainShadingFactor",
+///   "terrainContrast", "terrainBrightness", "osmTerrain", "Texture0", "Texture1", "Texture2".
+///
+/// - 5, glyph coverage: "color", "offset", "myTextureSampler".
+///
+/// - 6, glyph distance field: "color", "offset", "outlineColor", "outlineWidth", "Texture0".
+///
+/// - 7, one colour at an offset: "color", "offset".
+///
+/// - 8, wide separate lines (`GL_LINES`): "color", "lineWidth", "viewPort", "antialias",
+///   "lineStipple".
+///
+/// - 9, wide joined lines (`GL_LINE_STRIP_ADJACENCY`): as 8.
+///
+/// - 10, as 9 with a colour for each vertex: as 8 without "color".
+///
+/// - 11, one colour, 32 x 32 screen stipple: "color", "stipplePattern", "stippleUse".
 ///
 /// Vertex attributes: 0 "vertex", 2 "vertexUV", 4 "color", 5 "position" (pixels along the line).
 ///

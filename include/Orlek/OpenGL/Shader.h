@@ -14,7 +14,7 @@ namespace Orlek::OpenGL {
 /// is never deleted by this class; it lives as long as the GL context.
 ///
 /// All members make GL calls and belong to the thread whose GL context is current. Without usable
-/// GL entry points the name is 0 and every operation fails.
+/// GL entry points the name is 0 and nothing happens.
 ///
 /// @code
 /// Orlek::OpenGL::Shader stage(Orlek::OpenGL::Shader::FRAGMENT_SHADER);
@@ -32,16 +32,17 @@ public:
     /// Creates the shader object (`glCreateShader`).
     /// @param type the stage; for a value that is none of the three no object is created and the
     /// name is 0.
-    explicit Shader(TShaderType type);
+    Shader(TShaderType type);  // NOLINT(google-explicit-constructor)
 
     /// Hands source text over (`glShaderSource`). It is copied and not compiled yet.
     /// @param source the text; need not end with a zero byte. GL reads up to the first zero byte.
-    /// @param length its size in bytes; exactly so many are read.
+    /// @param length its size in bytes; exactly so many are read. With a null @p source and a
+    /// length above 0 the earlier source stays.
     /// @return true.
     bool loadSource(unsigned char* source, unsigned int length);
 
     /// Hands the text of a file over, line by line, each ended by '\\n'. Not compiled yet.
-    /// @param fileName path of a file of at most 16 MiB.
+    /// @param fileName path of a regular file of at most 16 MiB.
     /// @return false, without a message and with the earlier source in place, when the file cannot
     /// be opened or read or is larger.
     bool loadSource(std::string fileName);

@@ -129,7 +129,8 @@ public:
     void renderFont(const std::string& text, Alignment align);
 
     /// Draws one string at once with its anchor at (x, y, 0).
-    /// @param x, y position in the units of the current matrix, which is restored afterwards.
+    /// @param x, y position in the units of the current matrix, which is restored afterwards unless
+    /// the stack is full.
     /// @param text any bytes.
     /// @param align the anchor.
     void renderFont(double x, double y, const std::string& text, Alignment align);

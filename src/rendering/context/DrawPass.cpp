@@ -26,12 +26,13 @@ PrimitiveRestart::~PrimitiveRestart() {
 }
 
 DrawPass::DrawPass(const char* label, unsigned program)
-    : mCheck(label), mHandler(OpenGL::GlHandler::instance()) {
+    : mCheck(label), mLabel(label), mHandler(OpenGL::GlHandler::instance()) {
     mHandler.activateShader(program);
     mProgram = mHandler.activeShaderHandle();
 }
 
 DrawPass::~DrawPass() {
+    reportErrors(mLabel);  // leaving the program discards what is pending
     mTextures.reset();
     glBindVertexArray(0);
     mHandler.deactivateShader();

@@ -90,6 +90,7 @@ private:
     std::optional<PrimitiveRestart> mRestart;
     std::optional<LineState> mLineState;
     std::optional<TextureUnits> mTextures;
+    const char* mLabel;
     OpenGL::GlHandler& mHandler;
     unsigned mProgram = 0;
 };

@@ -43,8 +43,8 @@ Loaded load() {
     return {code, usable && allPresent()};
 }
 
-const Loaded& loaded() {
-    static const Loaded result = load();
+Loaded& loaded() {
+    static Loaded result = load();
     return result;
 }
 
@@ -63,6 +63,9 @@ bool glReady() {
 }
 
 void reportEntryPoints() {
+    if (!loaded().ready) {
+        loaded() = load();  // something may have asked before the context was current
+    }
     if (loaded().code != GLEW_OK) {
         report("GlHandler::GlHandler Error: %s\n",
                reinterpret_cast<const char*>(glewGetErrorString(loaded().code)));

@@ -1,4 +1,4 @@
-// Loading of the OpenGL entry points, once in a process.
+// Loading of the OpenGL entry points.
 #pragma once
 
 namespace Orlek::Detail {
@@ -7,7 +7,8 @@ namespace Orlek::Detail {
 /// otherwise. The first call loads them and needs a current context.
 bool glReady();
 
-/// Prints the loader's complaint, if it had one.
+/// Prints the loader's complaint, if it has one. Tries again first when loading failed earlier, for
+/// example because no context was current then.
 void reportEntryPoints();
 
 /// Sends the driver's error messages to the standard error stream, where the driver can.

@@ -2,8 +2,9 @@
 
 #include <GL/glew.h>
 
-#include <fstream>
+#include <vector>
 
+#include "platform/WholeFile.h"
 #include "rendering/gl/EntryPoints.h"
 #include "rendering/gl/InfoLog.h"
 
@@ -11,7 +12,7 @@ namespace Orlek::OpenGL {
 
 namespace {
 
-constexpr std::size_t largestSource = std::size_t{16} << 20;
+constexpr std::uint64_t largestSource = std::uint64_t{16} << 20U;
 
 GLenum glType(Shader::TShaderType type) {
     switch (type) {
@@ -32,21 +33,6 @@ void handOver(unsigned handle, const std::string& text) {
     }
 }
 
-// False when the file cannot be read to its end. The bound holds for devices that never end.
-bool readLines(std::istream& file, std::string& text) {
-    std::string chunk(std::size_t{1} << 16, '\0');
-    while (file.read(chunk.data(), std::ssize(chunk)), file.gcount() > 0) {
-        text.append(chunk, 0, static_cast<std::size_t>(file.gcount()));
-        if (text.size() > largestSource) {
-            return false;
-        }
-    }
-    if (!text.empty() && text.back() != '\n') {
-        text.push_back('\n');
-    }
-    return !file.bad();
-}
-
 }  // namespace
 
 Shader::Shader(TShaderType type) : mType(type) {
@@ -56,15 +42,22 @@ Shader::Shader(TShaderType type) : mType(type) {
 }
 
 bool Shader::loadSource(unsigned char* source, unsigned int length) {
-    handOver(mHandle, source == nullptr ? std::string() : std::string(source, source + length));
+    if (length == 0) {
+        handOver(mHandle, std::string());
+    } else if (source != nullptr) {
+        handOver(mHandle, std::string(source, source + length));
+    }
     return true;
 }
 
 bool Shader::loadSource(std::string fileName) {
-    std::ifstream file(fileName);
-    std::string text;
-    if (!file || !readLines(file, text)) {
+    std::vector<char> bytes;
+    if (!Detail::readWholeFile(fileName, bytes, largestSource)) {
         return false;
+    }
+    std::string text(bytes.begin(), bytes.end());
+    if (!text.empty() && text.back() != '\n') {
+        text.push_back('\n');
     }
     handOver(mHandle, text);
     return true;

@@ -64,7 +64,7 @@ public:
     bool setPixelHeight(int pixelHeight);
 
     /// Loads the character, hinted by FreeType's autohinter, and returns its size. A character that
-    /// cannot be loaded is reported and has the size that the face last held.
+    /// cannot be loaded is reported and has the size that the glyph slot then holds, usually 0.
     GlyphSize measure(unsigned int character);
 
     /// Draws the character. Nothing when it cannot be loaded or is wider or higher than 1,024

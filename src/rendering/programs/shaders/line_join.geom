@@ -19,7 +19,8 @@ vec3 scaled(vec4 p) {
 
 vec3 normalOf(vec3 from, vec3 to) {
     vec3 v = to - from;
-    return normalize(vec3(-v.y, v.x, v.z)) * lineWidth;
+    // A doubled end has no direction; its pair of vertices collapses to a point.
+    return v == vec3(0.0) ? vec3(0.0) : normalize(vec3(-v.y, v.x, v.z)) * lineWidth;
 }
 
 void emit(vec3 q, vec4 vertexColor, float across, float along) {

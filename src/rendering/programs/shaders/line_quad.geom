@@ -28,7 +28,7 @@ void main() {
     vec3 p1 = scaled(gl_in[1].gl_Position);
     vec3 v = p1 - p0;
     float l = length(v) * 0.5;
-    vec3 n = normalize(vec3(-v.y, v.x, v.z)) * lineWidth;
+    vec3 n = l == 0.0 ? vec3(0.0) : normalize(vec3(-v.y, v.x, v.z)) * lineWidth;
 
     emit(p0 + n, fragmentColor[0], 0.0, 0.0);
     emit(p0 - n, fragmentColor[0], 1.0, 0.0);
