@@ -21,6 +21,12 @@ void save(const std::string& path, MapPicture& picture, const Scene& scene, Poin
         path, OrlekSupport::readFramebuffer(static_cast<int>(size.x), static_cast<int>(size.y)));
 }
 
+void noteMissingTerrain(const MapPicture& picture) {
+    if (!picture.terrainComplete()) {
+        std::printf("where the map is hatched there is no elevation data\n");
+    }
+}
+
 void saveFrames(const Options& options, const Flight& flight, MapPicture& picture, Point size) {
     ProgressBar progress(options.frames);
     for (int i = 0; i < options.frames; ++i) {
@@ -50,15 +56,14 @@ void drawPictures(const Options& options, const Flight& flight,
     const Point size(options.width, options.height);
     if (options.frames > 0) {
         saveFrames(options, flight, picture, size);
+        noteMissingTerrain(picture);
         std::printf("%d pictures: %s to %s\n", options.frames,
                     numberedPath(options.out, 1, options.frames).c_str(),
                     numberedPath(options.out, options.frames, options.frames).c_str());
     } else {
         save(options.out, picture, flight.scene(), size);
+        noteMissingTerrain(picture);
         std::printf("%s\n", options.out.c_str());
-    }
-    if (!picture.terrainComplete()) {
-        std::printf("hatched: no elevation data there\n");
     }
 }
 
