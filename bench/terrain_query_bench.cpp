@@ -166,8 +166,12 @@ int main(int argc, char** argv) {
     add("altitude/random/orlek", us, [&](auto& state) { overPoints(state, random, orlek); });
     add("altitude/path/bare", us, [&](auto& state) { overPoints(state, path, bare); });
     add("altitude/path/orlek", us, [&](auto& state) { overPoints(state, path, orlek); });
+    const double latSpacingM = raw.latSpacingMetres();
+    const double lonSpacingM = raw.lonSpacingMetres();
     add("normal/rules", us, [&](auto& state) {
-        overPoints(state, random, [&](double lat, double lon) { return raw.normal(lat, lon)[0]; });
+        overPoints(state, random, [&](double lat, double lon) {
+            return raw.normal(lat, lon, latSpacingM, lonSpacingM)[0];
+        });
     });
     add("normal/orlek", us, [&](auto& state) {
         overPoints(state, random, [&](double lat, double lon) {

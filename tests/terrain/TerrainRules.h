@@ -76,10 +76,18 @@ struct RuleTile {
                2.0 * (p[0] - 2.5 * p[1] + 2.0 * p[2] - 0.5 * p[3]) * t + (0.5 * p[2] - 0.5 * p[0]);
     }
 
+    double latSpacingMetres() const { return latSpacing * 60 * 1852; }
+    double lonSpacingMetres() const {
+        return std::cos(latOrigin * 0.017453292519943295) * lonSpacing * 60 * 1852;
+    }
+
     std::array<unsigned char, 3> normal(double lat, double lon) const {
-        const double latSpacingM = latSpacing * 60 * 1852;
-        const double lonSpacingM =
-            std::cos(latOrigin * 0.017453292519943295) * lonSpacing * 60 * 1852;
+        return normal(lat, lon, latSpacingMetres(), lonSpacingMetres());
+    }
+
+    /// With the spacings worked out before, as a tile that is asked often has them.
+    std::array<unsigned char, 3> normal(double lat, double lon, double latSpacingM,
+                                        double lonSpacingM) const {
         const auto i = static_cast<std::int32_t>((lat - latOrigin) / latSpacing);
         const auto j = static_cast<std::int32_t>((lon - lonOrigin) / lonSpacing);
         if (i < 0 || i > numLat - 1 || j < 0 || j >= numLon - 1) {
