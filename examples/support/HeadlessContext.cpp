@@ -90,20 +90,23 @@ EGLSurface createBuffer(EGLDisplay display, EGLConfig config, int width, int hei
     return surface;
 }
 
-EGLContext createContext(EGLDisplay display, EGLConfig config) {
-    const std::array<EGLint, 7> wanted = {EGL_CONTEXT_MAJOR_VERSION,
-                                          3,
-                                          EGL_CONTEXT_MINOR_VERSION,
-                                          3,
-                                          EGL_CONTEXT_OPENGL_PROFILE_MASK,
-                                          EGL_CONTEXT_OPENGL_COMPATIBILITY_PROFILE_BIT,
-                                          EGL_NONE};
+EGLContext createContext(EGLDisplay display, EGLConfig config, Profile profile) {
+    const bool core = profile == Profile::Core;
+    const std::array<EGLint, 7> wanted = {
+        EGL_CONTEXT_MAJOR_VERSION,
+        3,
+        EGL_CONTEXT_MINOR_VERSION,
+        3,
+        EGL_CONTEXT_OPENGL_PROFILE_MASK,
+        core ? EGL_CONTEXT_OPENGL_CORE_PROFILE_BIT : EGL_CONTEXT_OPENGL_COMPATIBILITY_PROFILE_BIT,
+        EGL_NONE};
     if (eglBindAPI(EGL_OPENGL_API) == EGL_FALSE) {
         throw std::runtime_error("the EGL library here has no OpenGL");
     }
     const EGLContext context = eglCreateContext(display, config, EGL_NO_CONTEXT, wanted.data());
     if (context == EGL_NO_CONTEXT) {
-        throw std::runtime_error("no OpenGL 3.3 compatibility profile on this machine");
+        throw std::runtime_error(std::string("no OpenGL 3.3 ") + (core ? "core" : "compatibility") +
+                                 " profile on this machine");
     }
     return context;
 }
@@ -131,12 +134,12 @@ struct HeadlessContext::Egl {
     }
 };
 
-HeadlessContext::HeadlessContext(int width, int height)
+HeadlessContext::HeadlessContext(int width, int height, Profile profile)
     : mEgl(std::make_unique<Egl>()), mWidth(width), mHeight(height) {
     mEgl->display = openDisplay();
     const EGLConfig config = chooseConfig(mEgl->display);
     mEgl->surface = createBuffer(mEgl->display, config, width, height);
-    mEgl->context = createContext(mEgl->display, config);
+    mEgl->context = createContext(mEgl->display, config, profile);
     makeCurrent();
 }
 

@@ -5,7 +5,9 @@
 
 namespace OrlekSupport {
 
-/// An EGL context (OpenGL, compatibility profile, 3.3 or later) with an offscreen buffer of its
+enum class Profile { Compatibility, Core };
+
+/// An EGL context (OpenGL 3.3 or later) with an offscreen buffer of its
 /// own, current on the calling thread from construction to destruction.
 ///
 /// Three kinds of EGL display are tried in turn: Mesa's surfaceless platform, the first device,
@@ -14,7 +16,7 @@ class HeadlessContext {
 public:
     /// Makes a context that draws into width x height pixels (both at least 1).
     /// Throws std::runtime_error with one line that says what is missing.
-    HeadlessContext(int width, int height);
+    HeadlessContext(int width, int height, Profile profile = Profile::Compatibility);
     ~HeadlessContext();
 
     HeadlessContext(const HeadlessContext&) = delete;

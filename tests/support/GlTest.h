@@ -21,6 +21,15 @@ namespace OrlekTest {
 
 using Pixel = std::array<int, 4>;
 
+/// Names of vertex arrays, buffers and textures that exist among the first few hundred.
+inline int liveNames() {
+    int count = 0;
+    for (GLuint name = 1; name < 500; ++name) {
+        count += glIsVertexArray(name) + glIsBuffer(name) + glIsTexture(name);
+    }
+    return count;
+}
+
 class GlTest : public testing::Test {
 protected:
     static constexpr int width = 200;
@@ -33,10 +42,11 @@ protected:
         glViewport(0, 0, width, height);
         glDisable(GL_BLEND);
         glClearColor(0, 0, 0, 1);
-        glClear(GL_COLOR_BUFFER_BIT);
+        wipe();
         Orlek::OpenGL::GlHandler::clearError();
         Orlek::OpenGL::GlHandler::instance().setViewPort({width, height});
         usePixels();
+        mNamesBefore = liveNames();
     }
 
     /// Every test ends without a pending GL error, with no program and no vertex array in use.
@@ -51,6 +61,11 @@ protected:
         Orlek::OpenGL::MatrixSet(
             {{2.0F / width, 0, 0, 0, 0, 2.0F / height, 0, 0, 0, 0, 1, 0, -1, -1, 0, 1}});
     }
+
+    /// How many more names there are than when the test began.
+    int newNames() const { return liveNames() - mNamesBefore; }
+
+    static void wipe() { glClear(GL_COLOR_BUFFER_BIT); }
 
     static int integer(GLenum name) {
         GLint value = 0;
@@ -108,15 +123,8 @@ private:
         static OrlekSupport::HeadlessContext shared(width, height);
         return shared;
     }
-};
 
-/// Names of vertex arrays, buffers and textures that exist among the first few hundred.
-inline int liveNames() {
-    int count = 0;
-    for (GLuint name = 1; name < 500; ++name) {
-        count += glIsVertexArray(name) + glIsBuffer(name) + glIsTexture(name);
-    }
-    return count;
-}
+    int mNamesBefore = 0;
+};
 
 }  // namespace OrlekTest

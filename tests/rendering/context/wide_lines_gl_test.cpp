@@ -11,29 +11,20 @@
 namespace {
 
 using namespace Orlek::OpenGL;
-using OrlekTest::Pixel;
 
 struct Vertex {
     float x, y, z;
     float position;
     std::array<float, 4> color{1, 1, 1, 1};
 };
+using Vertices = std::vector<Vertex>;
 
 class WideLines : public OrlekTest::GlTest {
 protected:
-    void SetUp() override {
-        GlTest::SetUp();
-        glGenVertexArrays(1, &mArray);
-        glGenBuffers(1, &mBuffer);
-    }
-    void TearDown() override {
-        glDeleteBuffers(1, &mBuffer);
-        glDeleteVertexArrays(1, &mArray);
-        GlTest::TearDown();
-    }
-
-    void draw(unsigned program, GLenum mode, const std::vector<Vertex>& vertices) {
+    void draw(unsigned program, const Vertices& vertices) {
+        wipe();
         silently([&] {
+            GlHandler& handler = GlHandler::instance();
             handler.activateShader(program);
             handler.setFloatVar("lineWidth", lineWidth);
             handler.setFloatVar("color", 1, 1, 1, 1);
@@ -41,22 +32,26 @@ protected:
             handler.setIntVar("lineStipple", static_cast<int>(stipple));
             handler.activateViewPort();
             MatrixActivate();
-            glBindVertexArray(mArray);
-            glBindBuffer(GL_ARRAY_BUFFER, mBuffer);
+            GLuint array = 0;
+            GLuint buffer = 0;
+            glGenVertexArrays(1, &array);
+            glGenBuffers(1, &buffer);
+            glBindVertexArray(array);
+            glBindBuffer(GL_ARRAY_BUFFER, buffer);
             glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(vertices.size() * sizeof(Vertex)),
                          vertices.data(), GL_STATIC_DRAW);
             attribute(0, 3, offsetof(Vertex, x));
             attribute(4, 4, offsetof(Vertex, color));
             attribute(5, 1, offsetof(Vertex, position));
-            glDrawArrays(mode, 0, static_cast<GLsizei>(vertices.size()));
-            glBindVertexArray(0);
-            glBindBuffer(GL_ARRAY_BUFFER, 0);
+            glDrawArrays(program == 8 ? GL_LINES : GL_LINE_STRIP_ADJACENCY, 0,
+                         static_cast<GLsizei>(vertices.size()));
+            glDeleteVertexArrays(1, &array);
+            glDeleteBuffers(1, &buffer);
             GlHandler::checkError("draw", "Nix");
             handler.deactivateShader();
         });
     }
 
-    GlHandler& handler = GlHandler::instance();
     float lineWidth = 6;
     std::uint32_t stipple = 0;
     int antialias = 0;
@@ -67,41 +62,39 @@ private:
                               reinterpret_cast<const void*>(offset));
         glEnableVertexAttribArray(location);
     }
-
-    GLuint mArray = 0;
-    GLuint mBuffer = 0;
 };
 
-// One segment of 64 pixels; program 9 gets its ends doubled a little apart, since a segment of no
-// length has no direction.
-const std::vector<Vertex> segment{{20, 50, 0, 0}, {84, 50, 0, 64}};
-const std::vector<Vertex> extended{
-    {10, 50, 0, 0}, {20, 50, 0, 0}, {84, 50, 0, 64}, {94, 50, 0, 74}};
+constexpr std::array<float, 4> red{1, 0, 0, 1};
+constexpr std::array<float, 4> blue{0, 0, 1, 1};
+
+// One segment of 64 pixels; programs 9 and 10 get its ends doubled a little apart, since a segment
+// of no length has no direction.
+const Vertices segment{{20, 50, 0, 0}, {84, 50, 0, 64}};
+const Vertices extended{
+    {10, 50, 0, 8, red}, {20, 50, 0, 8, red}, {84, 50, 0, 72, blue}, {94, 50, 0, 82, blue}};
 
 TEST_F(WideLines, AreBandsOfTheirWidth) {
-    draw(8, GL_LINES, segment);
+    draw(8, segment);
     EXPECT_EQ(drawnPixels(), 64 * 6);
     EXPECT_EQ(column(50, 45, 55), "..######..");
     EXPECT_EQ(row(50, 18, 87), ".." + std::string(64, '#') + "...");
-
-    glClear(GL_COLOR_BUFFER_BIT);
-    draw(9, GL_LINE_STRIP_ADJACENCY, extended);
-    EXPECT_EQ(drawnPixels(), 64 * 6);
+    for (const unsigned program : {9U, 10U}) {
+        draw(program, extended);
+        EXPECT_EQ(drawnPixels(), 64 * 6);
+    }
+    for (const int x : {20, 52, 83}) {  // program 10 blends the colours of the vertices
+        const double t = (x + 0.5 - 20) / 64;
+        EXPECT_NEAR(pixel(x, 50)[0], 255 * (1 - t), 1);
+        EXPECT_NEAR(pixel(x, 50)[2], 255 * t, 1);
+    }
 }
 
 TEST_F(WideLines, RepeatTheirPatternEvery32Pixels) {
     stipple = 0x80000F0FU;
     const std::string once = "####....####...................#";
-    draw(8, GL_LINES, segment);
+    draw(8, segment);
     EXPECT_EQ(row(50, 20, 84), once + once);
-
-    // Program 9 counts from the position of the vertex: here 8 pixels on.
-    glClear(GL_COLOR_BUFFER_BIT);
-    std::vector<Vertex> shifted = extended;
-    for (Vertex& v : shifted) {
-        v.position += 8;
-    }
-    draw(9, GL_LINE_STRIP_ADJACENCY, shifted);
+    draw(9, extended);  // counts from the position of the vertex: here 8 pixels on
     EXPECT_EQ(row(50, 20, 84), once.substr(8) + once + once.substr(0, 8));
 }
 
@@ -110,38 +103,23 @@ TEST_F(WideLines, FadeAtTheirEdges) {
     lineWidth = 20;
     glEnable(GL_BLEND);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-    draw(8, GL_LINES, segment);
+    draw(8, segment);
     for (int i = 0; i < 20; ++i) {
         // Centre of the i-th row of the band, 0 to 1 across it; smoothstep over 0.3 at both sides.
         const double across = (i + 0.5) / 20;
         const double t = std::min({across / 0.3, (1 - across) / 0.3, 1.0});
-        const double alpha = t * t * (3 - 2 * t);
-        EXPECT_NEAR(pixel(50, 40 + i)[0], 255 * alpha, 2) << i;
+        EXPECT_NEAR(pixel(50, 40 + i)[0], 255 * t * t * (3 - 2 * t), 2) << i;
     }
 }
 
 TEST_F(WideLines, FillTheirJoints) {
     lineWidth = 8;
-    draw(9, GL_LINE_STRIP_ADJACENCY,
-         {{10, 20, 0, 0}, {20, 20, 0, 0}, {60, 20, 0, 40}, {60, 60, 0, 80}, {60, 70, 0, 90}});
+    draw(9, {{10, 20, 0, 0}, {20, 20, 0, 0}, {60, 20, 0, 40}, {60, 60, 0, 80}, {60, 70, 0, 90}});
     EXPECT_TRUE(drawn(40, 20));
     EXPECT_TRUE(drawn(60, 40));
     EXPECT_TRUE(drawn(61, 18)) << "the outer side of the joint";
     EXPECT_FALSE(drawn(40, 30));
     EXPECT_FALSE(drawn(60, 62));
-}
-
-TEST_F(WideLines, BlendTheColoursOfTheirVertices) {
-    const std::array<float, 4> red{1, 0, 0, 1};
-    const std::array<float, 4> blue{0, 0, 1, 1};
-    draw(10, GL_LINE_STRIP_ADJACENCY,
-         {{10, 50, 0, 0, red}, {20, 50, 0, 0, red}, {84, 50, 0, 64, blue}, {94, 50, 0, 74, blue}});
-    EXPECT_EQ(drawnPixels(), 64 * 6);
-    for (const int x : {20, 52, 83}) {
-        const double t = (x + 0.5 - 20) / 64;
-        EXPECT_NEAR(pixel(x, 50)[0], 255 * (1 - t), 1);
-        EXPECT_NEAR(pixel(x, 50)[2], 255 * t, 1);
-    }
 }
 
 }  // namespace

@@ -15,7 +15,6 @@ namespace {
 
 using namespace Orlek::Detail;
 using OrlekTest::captureStdout;
-using OrlekTest::liveNames;
 using Bytes = std::vector<unsigned char>;
 
 constexpr unsigned rgba = 0x1908;
@@ -30,141 +29,106 @@ protected:
         return value != 0;
     }
 
-    static Bytes contents(GLenum format, std::size_t size) {
-        Bytes pixels(size);
-        glPixelStorei(GL_PACK_ALIGNMENT, 1);
-        glGetTexImage(GL_TEXTURE_2D, 0, format, GL_UNSIGNED_BYTE, pixels.data());
-        return pixels;
-    }
+    const Bytes pixel = Bytes(4);
 };
 
 TEST_F(UploadTest, ShortStreamsStayDisabled) {
     const std::vector<Orlek::Math::Vector3<float>> vertices(3);
-    std::vector<Orlek::Math::Vector4<float>> colors(2);
     std::shared_ptr<Mesh> mesh;
-    const auto upload = [&] {
+    for (const std::size_t count : {2U, 3U, 1U}) {
+        const std::vector<Orlek::Math::Vector4<float>> colors(count);
         const Stream streams[] = {streamOf(Attribute::Vertex, vertices),
                                   streamOf(Attribute::Color, colors)};
         syncMesh(mesh, streams);
-        return enabled(*mesh, 4);
-    };
-    EXPECT_FALSE(upload());
-    EXPECT_TRUE(enabled(*mesh, 0));
-    colors.resize(3);
-    EXPECT_TRUE(upload());
-    colors.resize(1);
-    EXPECT_FALSE(upload());
+        EXPECT_TRUE(enabled(*mesh, 0));
+        EXPECT_EQ(enabled(*mesh, 4), count == 3) << count;
+    }
     releaseShare(mesh);
 }
 
 TEST_F(UploadTest, DestructorsLeaveTheirNamesToTheNextUpload) {
-    const int before = liveNames();
     const std::vector<float> values(4);
     const Stream streams[] = {streamOf(Attribute::Vertex, values)};
     const std::vector<std::uint32_t> indices{0, 1, 2};
     std::shared_ptr<Mesh> mesh;
     syncMesh(mesh, streams, indices);
-    const Bytes pixel(4);
     std::shared_ptr<Texture> texture = Texture::create(imageRecipe, {pixel.data(), 1, 1, rgba});
-    EXPECT_EQ(liveNames() - before, 4);
+    EXPECT_EQ(newNames(), 4);
     mesh.reset();
     texture.reset();
-    EXPECT_EQ(liveNames() - before, 4);
+    EXPECT_EQ(newNames(), 4);
     syncMesh(mesh, streams);
-    EXPECT_EQ(liveNames() - before, 2);
+    EXPECT_EQ(newNames(), 2);
     releaseShare(mesh);
-    EXPECT_EQ(liveNames(), before);
+    EXPECT_EQ(newNames(), 0);
     glBindTexture(GL_TEXTURE_2D, 0);
 }
 
 TEST_F(UploadTest, ReadsTightRowsWhateverTheApplicationHasSet) {
+    constexpr std::array<std::array<GLenum, 3>, 3> settings = {
+        {{GL_UNPACK_ALIGNMENT, 8, 4}, {GL_UNPACK_ROW_LENGTH, 100, 0}, {GL_UNPACK_SKIP_ROWS, 3, 0}}};
     GLuint buffer = 0;
     glGenBuffers(1, &buffer);
     glBindBuffer(GL_PIXEL_UNPACK_BUFFER, buffer);
-    glPixelStorei(GL_UNPACK_ALIGNMENT, 8);
-    glPixelStorei(GL_UNPACK_ROW_LENGTH, 100);
-    glPixelStorei(GL_UNPACK_SKIP_ROWS, 3);
+    for (const auto& [name, value, usual] : settings) {
+        glPixelStorei(name, static_cast<GLint>(value));
+    }
     const Bytes pixels{1, 2, 3, 4, 5, 6};
     std::shared_ptr<Texture> texture = Texture::create(coverageRecipe, {pixels.data(), 3, 2});
-    EXPECT_EQ(integer(GL_UNPACK_ALIGNMENT), 8);
-    EXPECT_EQ(integer(GL_UNPACK_ROW_LENGTH), 100);
-    EXPECT_EQ(integer(GL_UNPACK_SKIP_ROWS), 3);
+    for (const auto& [name, value, usual] : settings) {
+        EXPECT_EQ(integer(name), static_cast<GLint>(value));
+        glPixelStorei(name, static_cast<GLint>(usual));
+    }
     EXPECT_EQ(static_cast<GLuint>(integer(GL_PIXEL_UNPACK_BUFFER_BINDING)), buffer);
-    EXPECT_EQ(static_cast<GLuint>(integer(GL_TEXTURE_BINDING_2D)), texture->name());
-    EXPECT_EQ(contents(GL_RED, 6), pixels);
-
     glBindBuffer(GL_PIXEL_UNPACK_BUFFER, 0);
     glDeleteBuffers(1, &buffer);
-    glPixelStorei(GL_UNPACK_ALIGNMENT, 4);
-    glPixelStorei(GL_UNPACK_ROW_LENGTH, 0);
-    glPixelStorei(GL_UNPACK_SKIP_ROWS, 0);
+    Bytes stored(6);
+    glPixelStorei(GL_PACK_ALIGNMENT, 1);
+    glGetTexImage(GL_TEXTURE_2D, 0, GL_RED, GL_UNSIGNED_BYTE, stored.data());
+    EXPECT_EQ(stored, pixels);
     releaseShare(texture);
 }
 
 TEST_F(UploadTest, TexturesHaveTheParametersOfTheirRecipe) {
     const Bytes pixels(64);
-    struct Case {
+    const struct {
         const TextureRecipe& recipe;
-        GLint minification;
-        GLint alphaSource;
-        GLint levels;
-    };
-    const Case cases[] = {{imageRecipe, GL_LINEAR, GL_ALPHA, 1},
-                          {coverageRecipe, GL_LINEAR_MIPMAP_LINEAR, GL_RED, 3}};
-    for (const Case& c : cases) {
-        std::shared_ptr<Texture> texture = Texture::create(c.recipe, {pixels.data(), 4, 4, rgba});
-        const auto parameter = [](GLenum name) {
-            GLint value = 0;
+        GLint minification, alphaSource, levels;
+    } rows[] = {{imageRecipe, GL_LINEAR, GL_ALPHA, 1},
+                {coverageRecipe, GL_LINEAR_MIPMAP_LINEAR, GL_RED, 3}};
+    for (const auto& row : rows) {
+        std::shared_ptr<Texture> texture = Texture::create(row.recipe, {pixels.data(), 4, 4, rgba});
+        const std::pair<GLenum, GLint> parameters[] = {{GL_TEXTURE_MIN_FILTER, row.minification},
+                                                       {GL_TEXTURE_MAG_FILTER, GL_LINEAR},
+                                                       {GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE},
+                                                       {GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE},
+                                                       {GL_TEXTURE_SWIZZLE_A, row.alphaSource}};
+        GLint value = 0;
+        for (const auto& [name, expected] : parameters) {
             glGetTexParameteriv(GL_TEXTURE_2D, name, &value);
-            return value;
-        };
-        EXPECT_EQ(parameter(GL_TEXTURE_MIN_FILTER), c.minification);
-        EXPECT_EQ(parameter(GL_TEXTURE_MAG_FILTER), GL_LINEAR);
-        EXPECT_EQ(parameter(GL_TEXTURE_WRAP_S), GL_CLAMP_TO_EDGE);
-        EXPECT_EQ(parameter(GL_TEXTURE_WRAP_T), GL_CLAMP_TO_EDGE);
-        EXPECT_EQ(parameter(GL_TEXTURE_SWIZZLE_A), c.alphaSource);
-        GLint levelWidth = 0;
-        glGetTexLevelParameteriv(GL_TEXTURE_2D, c.levels - 1, GL_TEXTURE_WIDTH, &levelWidth);
-        EXPECT_EQ(levelWidth, 4 >> (c.levels - 1));
-        glGetTexLevelParameteriv(GL_TEXTURE_2D, c.levels, GL_TEXTURE_WIDTH, &levelWidth);
-        EXPECT_EQ(levelWidth, 0);
+            EXPECT_EQ(value, expected) << name;
+        }
+        for (GLint level = 0; level <= row.levels; ++level) {
+            glGetTexLevelParameteriv(GL_TEXTURE_2D, level, GL_TEXTURE_WIDTH, &value);
+            EXPECT_EQ(value, level < row.levels ? 4 >> level : 0);
+        }
         releaseShare(texture);
     }
 }
 
-TEST_F(UploadTest, RefusesWhatNoTextureCanHold) {
-    const int before = liveNames();
+TEST_F(UploadTest, RefusesWhatNoTextureCanHoldAndNamesTheFailingStep) {
     const auto largest = static_cast<std::size_t>(integer(GL_MAX_TEXTURE_SIZE));
-    const Bytes pixel(4);
     silently([&] {
         EXPECT_EQ(Texture::create(imageRecipe, {pixel.data(), largest + 1, 1, rgba}), nullptr);
         EXPECT_EQ(Texture::create(imageRecipe, {pixel.data(), 1, 0xFFFFFFFF, rgba}), nullptr);
     });
-    EXPECT_EQ(liveNames(), before);
-}
-
-TEST_F(UploadTest, NamesTheFailingStep) {
+    EXPECT_EQ(newNames(), 0);
     const TextureRecipe recipe{.labels = {"glGenTextures", "glBindTexture", "glTexParameteri"}};
-    const Bytes pixel(4);
     std::shared_ptr<Texture> texture;
     EXPECT_EQ(captureStdout([&] {
                   texture = Texture::create(recipe, {pixel.data(), 1, 1, 0x1234});
               }),
               "Error <glTexParameteri> <Nix> 1280\n");
-    releaseShare(texture);
-}
-
-TEST_F(UploadTest, BindsUnitsForOneDraw) {
-    const Bytes pixel(4);
-    std::shared_ptr<Texture> texture = Texture::create(imageRecipe, {pixel.data(), 1, 1, rgba});
-    glActiveTexture(GL_TEXTURE3);
-    {
-        const TextureUnits bound(texture->name());
-        EXPECT_EQ(integer(GL_ACTIVE_TEXTURE), GL_TEXTURE0);
-        EXPECT_EQ(static_cast<GLuint>(integer(GL_TEXTURE_BINDING_2D)), texture->name());
-    }
-    EXPECT_EQ(integer(GL_TEXTURE_BINDING_2D), 0);
-    EXPECT_EQ(integer(GL_ACTIVE_TEXTURE), GL_TEXTURE0);
     releaseShare(texture);
 }
 

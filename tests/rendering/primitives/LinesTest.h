@@ -1,4 +1,4 @@
-// Fixture of the tests of lines: rendering that must print nothing.
+// Fixture of the tests of lines: pictures drawn anew, without a word printed.
 #pragma once
 
 #include <Orlek/OpenGL/LineLoops.h>
@@ -20,6 +20,14 @@ protected:
     }
     static void render(Orlek::OpenGL::LineLoops& loops, double scale = 1.0) {
         silently([&] { loops.render(scale); });
+    }
+
+    /// The number of pixels that these drawables draw on black.
+    template <typename... Drawables>
+    static int pixelsOf(Drawables&... drawables) {
+        wipe();
+        (render(drawables), ...);
+        return drawnPixels();
     }
 
     static Orlek::OpenGL::Lines horizontal(float from, float to, float y) {
