@@ -168,18 +168,18 @@ int main(int argc, char** argv) {
     add("altitude/path/orlek", us, [&](auto& state) { overPoints(state, path, orlek); });
     const double latSpacingM = raw.latSpacingMetres();
     const double lonSpacingM = raw.lonSpacingMetres();
-    add("normal/rules", us, [&](auto& state) {
-        overPoints(state, random, [&](double lat, double lon) {
-            return raw.normal(lat, lon, latSpacingM, lonSpacingM)[0];
-        });
-    });
-    add("normal/orlek", us, [&](auto& state) {
-        overPoints(state, random, [&](double lat, double lon) {
-            unsigned char x, y, z;
-            map.getNormal(lat, lon, true, false, x, y, z);
-            return x;
-        });
-    });
+    const auto rules = [&](double lat, double lon) {
+        return raw.normal(lat, lon, latSpacingM, lonSpacingM)[0];
+    };
+    const auto normal = [&](double lat, double lon) {
+        unsigned char x, y, z;
+        map.getNormal(lat, lon, true, false, x, y, z);
+        return x;
+    };
+    add("normal/random/rules", us, [&](auto& state) { overPoints(state, random, rules); });
+    add("normal/random/orlek", us, [&](auto& state) { overPoints(state, random, normal); });
+    add("normal/path/rules", us, [&](auto& state) { overPoints(state, path, rules); });
+    add("normal/path/orlek", us, [&](auto& state) { overPoints(state, path, normal); });
 #ifdef ORLEK_HAVE_GDAL
     GDALAllRegister();
     GDALDatasetH dataset = GDALOpen(("/vsizip/" + archive + "/N42E001.hgt").c_str(), GA_ReadOnly);

@@ -116,6 +116,13 @@ double HeightMap::getAltitude(double lat, double lon, bool load, bool lowRes) {
 
 bool HeightMap::getNormal(double lat, double lon, bool load, bool lowRes, unsigned char& x,
                           unsigned char& y, unsigned char& z) {
+    if (!lowRes) [[likely]] {
+        const HeightTile* tile = mState->high.currentIf(Detail::queryKey(lat, lon));
+        if (tile != nullptr) [[likely]] {
+            tile->normal(lat, lon, x, y, z);
+            return true;
+        }
+    }
     x = 128;
     y = 128;
     z = 255;

@@ -12,13 +12,20 @@
 /// @cond internal
 namespace Orlek::Math::Detail {
 
-// T is double, or several of them side by side.
-template <typename T>
-inline T cubicValue(T p0, T p1, T p2, T p3, double t) {
-    const double t2 = t * t;
-    const double t3 = t2 * t;
+// T is double, or several of them side by side; U is T, or a double for all of them.
+template <typename T, typename U>
+inline T cubicValue(T p0, T p1, T p2, T p3, U t) {
+    const U t2 = t * t;
+    const U t3 = t2 * t;
     return (1.5 * p1 - 0.5 * p0 - 1.5 * p2 + 0.5 * p3) * t3 +
            (p0 - 2.5 * p1 + 2.0 * p2 - 0.5 * p3) * t2 + (0.5 * p2 - 0.5 * p0) * t + p1;
+}
+
+template <typename T, typename U>
+inline T cubicDerivate(T p0, T p1, T p2, T p3, U t) {
+    const U t2 = t * t;
+    return 3.0 * (1.5 * p1 - 0.5 * p0 - 1.5 * p2 + 0.5 * p3) * t2 +
+           2.0 * (p0 - 2.5 * p1 + 2.0 * p2 - 0.5 * p3) * t + (0.5 * p2 - 0.5 * p0);
 }
 
 }  // namespace Orlek::Math::Detail
@@ -41,9 +48,7 @@ inline double getCubicValue(const double* p, double t) {
 /// @return the derivative by @p t.
 /// May be called from any thread.
 inline double getCubicDerivate(const double* p, double t) {
-    const double t2 = t * t;
-    return 3.0 * (1.5 * p[1] - 0.5 * p[0] - 1.5 * p[2] + 0.5 * p[3]) * t2 +
-           2.0 * (p[0] - 2.5 * p[1] + 2.0 * p[2] - 0.5 * p[3]) * t + (0.5 * p[2] - 0.5 * p[0]);
+    return Detail::cubicDerivate(p[0], p[1], p[2], p[3], t);
 }
 
 /// Interpolates in the middle cell of a grid of 4 by 4 samples.

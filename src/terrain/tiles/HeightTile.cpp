@@ -159,10 +159,4 @@ void HeightTile::takeSamples(MallocArray<std::int16_t> samples) {
     mSurface = TileSurface(mGrid, mData.get());
 }
 
-bool HeightTile::normal(double lat, double lon, unsigned char& x, unsigned char& y,
-                        unsigned char& z) const {
-    x = y = z = 0;
-    return loaded() && mSurface.normal(lat, lon, x, y, z);
-}
-
 }  // namespace Orlek::Detail

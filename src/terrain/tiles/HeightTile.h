@@ -42,7 +42,11 @@ public:
         return loaded() && mSurface.altitudeInside(lat, lon, value);
     }
     /// TileSurface::normal; false also when the tile is not loaded.
-    bool normal(double lat, double lon, unsigned char& x, unsigned char& y, unsigned char& z) const;
+    bool normal(double lat, double lon, unsigned char& x, unsigned char& y,
+                unsigned char& z) const {
+        x = y = z = 0;
+        return loaded() && mSurface.normal(lat, lon, x, y, z);
+    }
 
 private:
     enum class Type : std::uint8_t { dted, srtm };

@@ -6,6 +6,8 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 
 namespace Orlek::Detail {
 
@@ -16,6 +18,18 @@ using Two [[gnu::vector_size(16)]] = double;
 struct SamplePatch {
     Two south[4];
     Two north[4];
+
+    /// Takes the four samples from `line` on.
+    void setLine(std::int32_t k, const std::int16_t* line) {
+        using Samples [[gnu::vector_size(8)]] = std::int16_t;
+        using Integers [[gnu::vector_size(16)]] = std::int32_t;
+        using Pair [[gnu::vector_size(8)]] = std::int32_t;
+        Samples samples;
+        std::memcpy(&samples, line, sizeof samples);
+        const auto wide = __builtin_convertvector(samples, Integers);
+        south[k] = __builtin_convertvector((Pair{wide[0], wide[1]}), Two);
+        north[k] = __builtin_convertvector((Pair{wide[2], wide[3]}), Two);
+    }
 
     [[nodiscard]] SamplePatch dividedBy(double divisor) const {
         SamplePatch result;

@@ -69,8 +69,7 @@ inline void TileSurface::readPatch(std::int32_t i, std::int32_t j, SamplePatch& 
     if (inside) [[likely]] {
         for (std::int32_t k = 0; k < 4; ++k) {
             const std::int16_t* line = at(i - 1, j - 1 + k);
-            patch.south[k] = Two{static_cast<double>(line[0]), static_cast<double>(line[1])};
-            patch.north[k] = Two{static_cast<double>(line[2]), static_cast<double>(line[3])};
+            patch.setLine(k, line);
         }
     } else {
         readEdgePatch(i, j, patch);
@@ -88,22 +87,30 @@ void TileSurface::readEdgePatch(std::int32_t i, std::int32_t j, SamplePatch& pat
 bool TileSurface::normal(double lat, double lon, unsigned char& x, unsigned char& y,
                          unsigned char& z) const {
     x = y = z = 0;
-    const auto i = static_cast<std::int32_t>((lat - mGrid.latOrigin) / mGrid.latSpacing);
-    const auto j = static_cast<std::int32_t>((lon - mGrid.lonOrigin) / mGrid.lonSpacing);
+    // Latitude and longitude side by side.
+    const Two point{lat, lon};
+    const Two origin{mGrid.latOrigin, mGrid.lonOrigin};
+    const Two spacing{mGrid.latSpacing, mGrid.lonSpacing};
+    const Two steps = (point - origin) / spacing;
+    const auto i = static_cast<std::int32_t>(steps[0]);
+    const auto j = static_cast<std::int32_t>(steps[1]);
     if (i < 0 || i > static_cast<std::int32_t>(mGrid.numLat) - 1 || j < 0 ||
         j >= static_cast<std::int32_t>(mGrid.numLon) - 1) {
         return false;
     }
-    const double fu = (lat - (i * mGrid.latSpacing + mGrid.latOrigin)) / mGrid.latSpacing;
-    const double fv = (lon - (j * mGrid.lonSpacing + mGrid.lonOrigin)) / mGrid.lonSpacing;
+    const Two post{static_cast<double>(i), static_cast<double>(j)};
+    const Two within = (point - (post * spacing + origin)) / spacing;
     SamplePatch patch;
     readPatch(i, j, patch);
     // The spacings are the ones of the axis along which the four values of a slope were
     // interpolated, not of the axis along which it rises.
-    const auto alongLon = patch.dividedBy(mLatSpacingM).cubicsAlongLines(fu);
-    const auto alongLat = patch.dividedBy(mLonSpacingM).cubicsAcrossLines(fv);
-    const auto a = static_cast<float>(Math::getCubicDerivate(alongLon.data(), fv));
-    const auto b = static_cast<float>(Math::getCubicDerivate(alongLat.data(), fu));
+    const auto alongLon = patch.dividedBy(mLatSpacingM).cubicsAlongLines(within[0]);
+    const auto alongLat = patch.dividedBy(mLonSpacingM).cubicsAcrossLines(within[1]);
+    const Two slopes = Math::Detail::cubicDerivate<Two>(
+        Two{alongLon[0], alongLat[0]}, Two{alongLon[1], alongLat[1]}, Two{alongLon[2], alongLat[2]},
+        Two{alongLon[3], alongLat[3]}, Two{within[1], within[0]});
+    const auto a = static_cast<float>(slopes[0]);
+    const auto b = static_cast<float>(slopes[1]);
     const float length = std::sqrt(a * a + b * b + 1.0F);
     x = packComponent(-a / length);
     y = packComponent(-b / length);
