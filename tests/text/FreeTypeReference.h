@@ -4,12 +4,11 @@
 #include <ft2build.h>
 #include FT_FREETYPE_H
 
-#include <cstddef>
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
 #include <string>
-#include <vector>
 
 namespace OrlekTest {
 
@@ -24,88 +23,55 @@ inline std::string readFont(const std::string& path) {
     return bytes;
 }
 
-/// FreeType's error code for a font of these bytes.
-inline int openingError(const std::string& bytes) {
-    FT_Library library = nullptr;
-    FT_Face face = nullptr;
-    FT_Init_FreeType(&library);
-    const FT_Error error =
-        FT_New_Memory_Face(library, reinterpret_cast<const FT_Byte*>(bytes.data()),
-                           static_cast<FT_Long>(bytes.size()), 0, &face);
-    FT_Done_FreeType(library);
-    return error;
-}
-
-struct ReferenceGlyph {
-    int left;     ///< Columns from the pen to the bitmap.
-    int top;      ///< Rows from the baseline up to the bitmap's top.
-    int advance;  ///< Whole pixels.
-    int width;
-    int rows;
-    std::vector<unsigned char> coverage;  ///< Top row first.
-
-    int at(int row, int column) const {
-        return coverage[static_cast<std::size_t>(row * width + column)];
-    }
-};
-
 class ReferenceFont {
 public:
-    ReferenceFont(const std::string& path, int pixelSize) {
-        if (FT_Init_FreeType(&mLibrary) != 0 ||
-            FT_New_Face(mLibrary, path.c_str(), 0, &mFace) != 0 ||
-            FT_Set_Pixel_Sizes(mFace, 0, static_cast<FT_UInt>(pixelSize)) != 0) {
-            throw std::runtime_error("cannot open " + path);
+    explicit ReferenceFont(std::string bytes, int pixelSize = 16) : mBytes(std::move(bytes)) {
+        FT_Init_FreeType(&mLibrary);
+        mError = FT_New_Memory_Face(mLibrary, reinterpret_cast<const FT_Byte*>(mBytes.data()),
+                                    static_cast<FT_Long>(mBytes.size()), 0, &mFace);
+        if (mError == 0) {
+            FT_Set_Pixel_Sizes(mFace, 0, static_cast<FT_UInt>(pixelSize));
         }
     }
-    ~ReferenceFont() {
-        FT_Done_Face(mFace);
-        FT_Done_FreeType(mLibrary);
-    }
+    ~ReferenceFont() { FT_Done_FreeType(mLibrary); }
     ReferenceFont(const ReferenceFont&) = delete;
     ReferenceFont& operator=(const ReferenceFont&) = delete;
 
-    ReferenceGlyph glyph(unsigned int code) const {
-        if (FT_Load_Char(mFace, code, FT_LOAD_RENDER | FT_LOAD_FORCE_AUTOHINT) != 0) {
+    /// FreeType's error code for a font of these bytes.
+    int error() const { return mError; }
+
+    /// The rendered character; valid until the next call.
+    const FT_GlyphSlotRec& glyph(char byte) const {
+        if (FT_Load_Char(mFace, static_cast<unsigned char>(byte),
+                         FT_LOAD_RENDER | FT_LOAD_FORCE_AUTOHINT) != 0) {
             throw std::runtime_error("cannot render a character");
         }
-        const FT_GlyphSlot slot = mFace->glyph;
-        const FT_Bitmap& bitmap = slot->bitmap;
-        ReferenceGlyph glyph{slot->bitmap_left,
-                             slot->bitmap_top,
-                             static_cast<int>(slot->advance.x / 64),
-                             static_cast<int>(bitmap.width),
-                             static_cast<int>(bitmap.rows),
-                             {}};
-        for (int row = 0; row < glyph.rows; ++row) {
-            const unsigned char* line = bitmap.buffer + row * bitmap.pitch;
-            glyph.coverage.insert(glyph.coverage.end(), line, line + bitmap.width);
-        }
-        return glyph;
+        return *mFace->glyph;
     }
 
     /// Sum of the advances, in whole pixels.
     int width(const std::string& text) const {
-        int sum = 0;
+        long sum = 0;
         for (const char byte : text) {
-            sum += glyph(static_cast<unsigned char>(byte)).advance;
+            sum += glyph(byte).advance.x / 64;
         }
-        return sum;
+        return static_cast<int>(sum);
     }
 
     /// Height of the highest of the characters 32 to 255.
     int lineHeight() const {
-        int height = 0;
-        for (unsigned int code = 32; code < 256; ++code) {
-            const int rows = glyph(code).rows;
-            height = rows > height ? rows : height;
+        unsigned int height = 0;
+        for (int code = 32; code < 256; ++code) {
+            height = std::max(height, glyph(static_cast<char>(code)).bitmap.rows);
         }
-        return height;
+        return static_cast<int>(height);
     }
 
 private:
+    std::string mBytes;
     FT_Library mLibrary = nullptr;
     FT_Face mFace = nullptr;
+    int mError = 0;
 };
 
 }  // namespace OrlekTest

@@ -42,15 +42,16 @@ struct FontPicture {
 inline void drawReference(FontPicture& picture, const ReferenceFont& font, const std::string& text,
                           int x, int y) {
     for (const char byte : text) {
-        const ReferenceGlyph glyph = font.glyph(static_cast<unsigned char>(byte));
-        for (int row = 0; row < glyph.rows; ++row) {
-            for (int column = 0; column < glyph.width; ++column) {
-                int& pixel = picture.at(x + glyph.left + column, y + glyph.top - 1 - row);
-                const int coverage = glyph.at(row, column);
-                pixel += ((255 - pixel) * coverage + 127) / 255;
-            }
+        const FT_GlyphSlotRec& glyph = font.glyph(byte);
+        const auto columns = static_cast<int>(glyph.bitmap.width);
+        for (int i = 0; i < columns * static_cast<int>(glyph.bitmap.rows); ++i) {
+            const int row = i / columns;
+            const int column = i % columns;
+            int& pixel = picture.at(x + glyph.bitmap_left + column, y + glyph.bitmap_top - 1 - row);
+            const int coverage = glyph.bitmap.buffer[row * glyph.bitmap.pitch + column];
+            pixel += ((255 - pixel) * coverage + 127) / 255;
         }
-        x += glyph.advance;
+        x += static_cast<int>(glyph.advance.x / 64);
     }
 }
 

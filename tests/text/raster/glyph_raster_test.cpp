@@ -1,10 +1,9 @@
-// Fonts drawn into an atlas: each glyph beside FreeType's own bitmap, and damaged fonts.
+// Fonts that do not fit into an atlas, and damaged ones.
 #include "text/raster/GlyphRaster.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cmath>
 
 #include "support/Capture.h"
 #include "text/FreeTypeReference.h"
@@ -19,7 +18,6 @@ struct BuiltAtlas {
     int error = 0;
     GlyphAtlas atlas;
     std::array<OpenGL::GlyphInfo, slotCount> glyphs;
-    int maxHeight = 0;
 };
 
 BuiltAtlas build(const std::string& bytes, int pixelSize) {
@@ -30,53 +28,10 @@ BuiltAtlas build(const std::string& bytes, int pixelSize) {
     if (built.error == 0) {
         EXPECT_TRUE(face.setPixelHeight(pixelSize));
         const ShelfLayout layout = layoutGlyphs(face, {.shelfWidth = 256, .gap = 3, .padding = 0});
-        built.maxHeight = layout.maxHeight();
         EXPECT_TRUE(allocateAtlas(layout, built.atlas));
         rasterGlyphs(face, layout, built.atlas, built.glyphs);
     }
     return built;
-}
-
-int pixelOf(float share, int size) {
-    const float pixel = share * static_cast<float>(size);
-    EXPECT_EQ(pixel, std::round(pixel));
-    return static_cast<int>(pixel);
-}
-
-/// Compares the rectangle of a glyph with FreeType's own bitmap and wipes it from the atlas.
-void expectGlyph(BuiltAtlas& built, std::size_t slot, const OrlekTest::ReferenceGlyph& expected) {
-    const OpenGL::GlyphInfo& glyph = built.glyphs[slot];
-    ASSERT_EQ(glyph.width, static_cast<float>(expected.width));
-    ASSERT_EQ(glyph.height, static_cast<float>(expected.rows));
-    EXPECT_EQ(glyph.top, static_cast<float>(expected.top));
-    EXPECT_EQ(glyph.bearing.x, static_cast<float>(expected.left));
-    EXPECT_EQ(glyph.advance, static_cast<float>(expected.advance));
-    const int x = pixelOf(glyph.s0, built.atlas.width);
-    const int y = pixelOf(glyph.t0, built.atlas.height);
-    EXPECT_EQ(pixelOf(glyph.s1, built.atlas.width), x + expected.width);
-    EXPECT_EQ(pixelOf(glyph.t1, built.atlas.height), y + expected.rows);
-    for (int i = 0; i < expected.rows * expected.width; ++i) {
-        const int r = i / expected.width;
-        const int c = i % expected.width;
-        std::uint8_t& pixel =
-            built.atlas.pixels.at(static_cast<std::size_t>((y + r) * built.atlas.width + x + c));
-        ASSERT_EQ(pixel, expected.at(expected.rows - 1 - r, c)) << r << ' ' << c;
-        pixel = 0;
-    }
-}
-
-TEST(GlyphRaster, HoldsEveryGlyphAsFreeTypeRendersItAndNothingElse) {
-    for (const int pixelSize : {1, 7, 16, 33, 80}) {
-        SCOPED_TRACE(pixelSize);
-        const OrlekTest::ReferenceFont reference(sansFont, pixelSize);
-        BuiltAtlas built = build(readFont(sansFont), pixelSize);
-        EXPECT_EQ(built.maxHeight, reference.lineHeight());
-        for (std::size_t slot = 0; slot < slotCount; ++slot) {
-            SCOPED_TRACE(characterOf(slot));
-            expectGlyph(built, slot, reference.glyph(characterOf(slot)));
-        }
-        EXPECT_EQ(built.atlas.pixels, std::vector<std::uint8_t>(built.atlas.pixels.size(), 0));
-    }
 }
 
 TEST(GlyphRaster, CutsGlyphsOffAtTheAtlasInsteadOfOverwriting) {

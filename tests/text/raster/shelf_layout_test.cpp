@@ -34,6 +34,7 @@ TEST(ShelfLayout, AGlyphThatWouldReachTheEndBeginsTheNextShelf) {
          {{200, 10}, {49, 12}, {252, 11}, {253, 11}, {1, 11}},
          {{0, 0}, {203, 0}, {0, 1}, {0, 2}, {0, 3}},
          {256, 64}},
+        {"just too wide", narrow, {{200, 10}, {50, 10}}, {{0, 0}, {0, 1}}, {256, 32}},
         // a first glyph wider than the shelf leaves shelf 0 empty: two of 10 rows
         {"too wide", narrow, {{300, 10}}, {{0, 1}}, {256, 32}},
         // 942 + 53 + 28 = 1023 stays; 2 x (50 + 14) + 14 = 142 rows

@@ -46,23 +46,26 @@ protected:
 };
 
 TEST_F(TextureFontTest, DrawsEveryCharacterWithTheCoverageThatFreeTypeRenders) {
-    const ReferenceFont reference(sansFont, pixelSize);
-    int inked = 0;
-    for (int code = 32; code < 256; ++code) {
-        const std::string text(1, static_cast<char>(code));
-        FontPicture expected(width, height);
-        drawReference(expected, reference, text, 100, 40);
-        const FontPicture picture = drawn([&] { write(text, 40); });
-        EXPECT_EQ(picture.distance(expected), 0) << code;
-        inked += picture.blank() ? 0 : 1;
+    for (const int size : {1, 7, 12, 33, pixelSize}) {
+        ASSERT_TRUE(font.load(sansFont, size));
+        const ReferenceFont reference(readFont(sansFont), size);
+        int inked = 0;
+        for (int code = 32; code < 256; ++code) {
+            const std::string text(1, static_cast<char>(code));
+            FontPicture expected(width, height);
+            drawReference(expected, reference, text, 100, 40);
+            const FontPicture picture = drawn([&] { write(text, 40); });
+            EXPECT_EQ(picture.distance(expected), 0) << code << " in " << size;
+            inked += picture.blank() ? 0 : 1;
+        }
+        EXPECT_GE(inked, 220) << size;  // all but the spaces and the soft hyphen
     }
-    EXPECT_GE(inked, 220);  // all but the spaces and the soft hyphen
     const std::string controls = std::string("a\x01") + "b\n" + '\0' + "c";
     EXPECT_EQ(drawn([&] { write(controls, 40); }).distance(drawn([&] { write("a b  c", 40); })), 0);
 }
 
 TEST_F(TextureFontTest, PlacesNineAnchors) {
-    const ReferenceFont reference(sansFont, pixelSize);
+    const ReferenceFont reference(readFont(sansFont), pixelSize);
     const std::string text = "Qy\xc4|hM";
     const int w = reference.width(text);
     const int h = reference.lineHeight();

@@ -24,8 +24,9 @@ protected:
     }
 
     /// The line about bytes that are no font, with the code that FreeType itself gives.
-    static std::string noFont(int error, const std::string& name) {
-        return "FT_New_Face failed " + std::to_string(error) + " ! <" + name + ">\n";
+    static std::string noFont(const std::string& bytes, const std::string& name) {
+        return "FT_New_Face failed " + std::to_string(ReferenceFont(bytes).error()) + " ! <" +
+               name + ">\n";
     }
 };
 
@@ -51,10 +52,10 @@ TEST_F(TextureFontLoadTest, RefusesWhatIsNoFontAndKeepsTheAtlas) {
         EXPECT_EQ(refusal(font, path), "TextureFont::load could not open <" + path + ">\n");
     }
     const std::string path = dir.write("no.ttf", text);
-    EXPECT_EQ(refusal(font, path), noFont(openingError(text), path));
-    EXPECT_EQ(refusal(font, half.data(), half.size(), 16), noFont(openingError(half), "name"));
-    EXPECT_EQ(refusal(font, nullptr, 10, 16), noFont(6, "name"));
-    EXPECT_EQ(refusal(font, "x", std::size_t{0} - 1, 16), noFont(6, "name"));
+    EXPECT_EQ(refusal(font, path), noFont(text, path));
+    EXPECT_EQ(refusal(font, half.data(), half.size(), 16), noFont(half, "name"));
+    EXPECT_EQ(refusal(font, nullptr, 10, 16), "FT_New_Face failed 6 ! <name>\n");
+    EXPECT_EQ(refusal(font, "x", std::size_t{0} - 1, 16), "FT_New_Face failed 6 ! <name>\n");
     for (const int pixelSize : {0, -16, 257, 1 << 30}) {
         EXPECT_EQ(refusal(font, bytes.data(), bytes.size(), pixelSize),
                   "FT_Set_Pixel_Sizes failed !\n")
@@ -76,7 +77,7 @@ TEST_F(TextureFontLoadTest, SecondLoadReplacesAtlasAndBatch) {
     EXPECT_EQ(drawnPixels(), 0);
     font.renderFont(20.0, 30.0, "12 px", TextureFont::BOTTOM_LEFT);
     FontPicture expected(width, height);
-    drawReference(expected, ReferenceFont(sansFont, 12), "12 px", 20, 30);
+    drawReference(expected, ReferenceFont(readFont(sansFont), 12), "12 px", 20, 30);
     EXPECT_LE(readPicture(width, height).distance(expected), 1);
 }
 
