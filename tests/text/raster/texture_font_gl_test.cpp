@@ -154,7 +154,8 @@ TEST_F(TextureFontTest, CopiesPartWhenOneChangesAndOutliveEachOther) {
     EXPECT_EQ(batchOf(font).distance(shared), 0);
     TextureFont other;
     other = *copy;
-    other = other;  // NOLINT(clang-diagnostic-self-assign-overloaded)
+    const TextureFont& same = other;
+    other = same;
     copy.reset();
     font.clear();
     EXPECT_EQ(font.texture(), 0U);
