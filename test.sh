@@ -47,7 +47,8 @@ run() {  # preset, ctest options
 
 style() {
   echo "== style"
-  git ls-files '*.h' '*.cpp' 2>/dev/null | xargs -r clang-format --dry-run -Werror
+  find include src tests fuzz examples bench -name '*.h' -o -name '*.cpp' |
+    xargs clang-format --dry-run -Werror
 }
 
 [ $# -gt 0 ] || set -- style release asan tsan fuzz

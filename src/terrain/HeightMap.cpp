@@ -106,7 +106,7 @@ double HeightMap::getAltitude(double lat, double lon, bool load, bool lowRes) {
     // In the cell of the last query there is nothing to look up and no scan to take: even new tiles
     // have to wait for another cell.
     if (!lowRes) [[likely]] {
-        const HeightTile* tile = mState->high.currentIf(Detail::queryKey(lat, lon));
+        const HeightTile* tile = mState->high.currentAt(lat, lon);
         if (tile != nullptr && tile->altitudeInside(lat, lon, metres)) [[likely]] {
             return metres;
         }
@@ -117,7 +117,7 @@ double HeightMap::getAltitude(double lat, double lon, bool load, bool lowRes) {
 bool HeightMap::getNormal(double lat, double lon, bool load, bool lowRes, unsigned char& x,
                           unsigned char& y, unsigned char& z) {
     if (!lowRes) [[likely]] {
-        const HeightTile* tile = mState->high.currentIf(Detail::queryKey(lat, lon));
+        const HeightTile* tile = mState->high.currentAt(lat, lon);
         if (tile != nullptr) [[likely]] {
             tile->normal(lat, lon, x, y, z);
             return true;

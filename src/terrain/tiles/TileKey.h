@@ -46,6 +46,40 @@ inline TileKey queryKey(double lat, double lon) {
     return makeTileKey(degreeIndex(lat + keyTolerance + 90), degreeIndex(lon + keyTolerance + 180));
 }
 
+/// A one-degree cell as a test for points that is cheaper than working out their key.
+class DegreeCell {
+public:
+    /// Holds no point.
+    DegreeCell() = default;
+
+    /// The cell of a key. Those along the antimeridian and the poles hold no point: there a point
+    /// off the globe can have the same indices.
+    explicit constexpr DegreeCell(TileKey key) {
+        const std::uint16_t lat = latIndexOf(key);
+        const std::uint16_t lon = lonIndexOf(key);
+        if (lat > 0 && lat < 180 && lon > 0 && lon < 360) {
+            mLatFrom = lat;
+            mLatTo = lat + 1.0;
+            mLonFrom = lon;
+            mLonTo = lon + 1.0;
+        }
+    }
+
+    /// Whether queryKey() of the point, in degrees, is the key of this cell.
+    [[nodiscard]] constexpr bool holds(double lat, double lon) const {
+        const double fromPole = lat + keyTolerance + 90;
+        const double fromAntimeridian = lon + keyTolerance + 180;
+        return fromPole >= mLatFrom && fromPole < mLatTo && fromAntimeridian >= mLonFrom &&
+               fromAntimeridian < mLonTo;
+    }
+
+private:
+    double mLatFrom = 0.0;
+    double mLatTo = 0.0;
+    double mLonFrom = 0.0;
+    double mLonTo = 0.0;
+};
+
 /// Snaps the key of a one-degree cell to the 50 by 40 degree cell around it. These start at
 /// latitudes -60, -10 and 40 and at longitudes -180, -140 ... 140.
 constexpr TileKey lowResKey(TileKey key) {

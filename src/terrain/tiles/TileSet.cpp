@@ -10,6 +10,7 @@ bool TileSet::change(const TileMap& tiles, TileKey key, bool load) {
     // Points off the globe have no tile, whatever a strange file has been registered under.
     const auto found = key == noTileKey ? tiles.end() : tiles.find(key);
     mCurrentTile = found != tiles.end() ? found->second : nullptr;
+    mCurrentCell = mCurrentTile ? DegreeCell(key) : DegreeCell();
     if (!mCurrentTile || mCurrentTile->loaded()) {
         return true;
     }

@@ -27,10 +27,10 @@ public:
         return key == mCurrentKey || change(tiles, key, load);
     }
 
-    /// What current() would be after selecting `key`, if that is clear without looking anything up;
-    /// otherwise null.
-    [[nodiscard]] const HeightTile* currentIf(TileKey key) const {
-        return key == mCurrentKey ? mCurrentTile.get() : nullptr;
+    /// What current() would be after selecting the one-degree cell of a point, in degrees, if that
+    /// is clear without looking anything up; otherwise null.
+    [[nodiscard]] const HeightTile* currentAt(double lat, double lon) const {
+        return mCurrentCell.holds(lat, lon) ? mCurrentTile.get() : nullptr;
     }
 
     /// The tile last selected, loaded or not; null when there is none under that key.
@@ -41,6 +41,7 @@ private:
     void loadCurrent();
 
     TileKey mCurrentKey = noTileKey;
+    DegreeCell mCurrentCell;  ///< of mCurrentKey when there is a tile, otherwise without points
     std::shared_ptr<HeightTile> mCurrentTile;
     std::list<std::shared_ptr<HeightTile>> mLoadedTiles;  ///< most recently loaded first
     std::size_t mLimit;

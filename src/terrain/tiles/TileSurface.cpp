@@ -56,8 +56,11 @@ bool TileSurface::altitude(double lat, double lon, double& value) const {
         return false;
     }
     // On the last row or line the neighbours beyond it are the corner itself.
-    value = interpolate(at(i, j), i < numLat - 1 ? 1 : 0, j < numLon - 1 ? mGrid.numLat : 0, u - i,
-                        v - j);
+    const std::int16_t* corner = at(i, j);
+    const std::size_t north = i < numLat - 1 ? 1 : 0;
+    const std::size_t east = j < numLon - 1 ? mGrid.numLat : 0;
+    const std::size_t across = north != 0 && east != 0 ? north + east : 0;
+    value = interpolate(corner[0], corner[north], corner[east], corner[across], u - i, v - j);
     return true;
 }
 

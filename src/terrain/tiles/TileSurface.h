@@ -37,9 +37,8 @@ private:
     [[nodiscard]] const std::int16_t* at(std::int32_t i, std::int32_t j) const {
         return mSamples + static_cast<std::size_t>(j) * mGrid.numLat + i;
     }
-    /// Between a post, its neighbours at these distances and the one diagonally across.
-    double interpolate(const std::int16_t* corner, std::size_t north, std::size_t east, double fu,
-                       double fv) const;
+    /// Between the south-west, north-west, south-east and north-east post of a cell.
+    static double interpolate(double h00, double h01, double h10, double h11, double fu, double fv);
     void readPatch(std::int32_t i, std::int32_t j, SamplePatch& patch) const;
     void readEdgePatch(std::int32_t i, std::int32_t j, SamplePatch& patch) const;
 
@@ -49,12 +48,8 @@ private:
     const std::int16_t* mSamples = nullptr;
 };
 
-inline double TileSurface::interpolate(const std::int16_t* corner, std::size_t north,
-                                       std::size_t east, double fu, double fv) const {
-    const double h00 = corner[0];
-    const double h01 = corner[north];
-    const double h10 = corner[east];
-    const double h11 = corner[north != 0 && east != 0 ? north + east : 0];
+inline double TileSurface::interpolate(double h00, double h01, double h10, double h11, double fu,
+                                       double fv) {
     const double a = h00 + (h10 - h00) * fv;
     const double b = h01 + (h11 - h01) * fv;
     return a + (b - a) * fu;
@@ -70,7 +65,9 @@ inline bool TileSurface::altitudeInside(double lat, double lon, double& value) c
         static_cast<std::uint32_t>(j) >= mGrid.numLon - 1) {
         return false;
     }
-    value = interpolate(at(i, j), 1, mGrid.numLat, u - i, v - j);
+    const std::int16_t* corner = at(i, j);
+    const std::int16_t* east = corner + mGrid.numLat;
+    value = interpolate(corner[0], corner[1], east[0], east[1], u - i, v - j);
     return true;
 }
 

@@ -1,6 +1,7 @@
 // Keys, file names and DTED header labels.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 #include "terrain/TileFiles.h"
@@ -18,9 +19,12 @@ TEST(TileKeys, OfPointsAndOriginsAgree) {
         double lat, lon;
         TileKey key;
     } const cases[] = {
-        {45.0, 6.0, 0x008700BA},           {44.9999995, 6.0, 0x008700BA},  // within the millionth
-                                                                           // of a degree
-        {44.999998, 6.0, 0x008600BA},      {-0.5, 0.0, 89U << 16U | 180U}, {-90.0, -180.0, 0},
+        {45.0, 6.0, 0x008700BA},
+        {44.9999995, 6.0, 0x008700BA},  // within the millionth
+                                        // of a degree
+        {44.999998, 6.0, 0x008600BA},
+        {-0.5, 0.0, 89U << 16U | 180U},
+        {-90.0, -180.0, 0},
         {90.0, 180.0, 180U << 16U | 360U},
     };
     for (const auto& c : cases) {
@@ -39,6 +43,25 @@ TEST(TileKeys, OffTheGlobeIsNoTile) {
         EXPECT_EQ(queryKey(0.0, bad), noTileKey) << bad;
     }
     EXPECT_EQ(queryKey(-90.5, 0.0), noTileKey);
+    EXPECT_FALSE(DegreeCell(noTileKey).holds(0.0, 0.0));
+}
+
+// The quick test of a cell must agree with the key, at its borders to the last bit.
+TEST(TileKey, ACellHoldsThePointsOfItsKey) {
+    for (const double side : {-89.0, -0.0, 1.0, 45.0, 89.0}) {
+        const TileKey key = originKey(side, side);
+        for (const double border : {side - keyTolerance, side + 1.0 - keyTolerance}) {
+            double lat = border - 8 * std::abs(border) * std::numeric_limits<double>::epsilon();
+            for (int step = 0; step < 40; ++step, lat = std::nextafter(lat, 100.0)) {
+                for (const double lon : {side, side + 0.5, side + 1.0}) {
+                    EXPECT_EQ(DegreeCell(key).holds(lat, lon), queryKey(lat, lon) == key) << lat;
+                    EXPECT_EQ(DegreeCell(key).holds(lon, lat), queryKey(lon, lat) == key) << lat;
+                }
+            }
+        }
+    }
+    EXPECT_FALSE(DegreeCell(queryKey(0.0, 180.0)).holds(0.0, 180.5));
+    EXPECT_FALSE(DegreeCell(queryKey(-90.0, 0.0)).holds(-90.5, 0.0));
     EXPECT_EQ(lowResKey(noTileKey), noTileKey);
 }
 
