@@ -38,36 +38,32 @@ DrawPass::~DrawPass() {
     mHandler.deactivateShader();
 }
 
-bool DrawPass::has(std::string_view uniform) const {
-    return uniformLocation(mProgram, uniform) >= 0;
+template <typename... Values>
+void DrawPass::setIfPresent(std::string_view uniform, Values... values) {
+    const int location = uniformLocation(mProgram, uniform);
+    if (location >= 0) {
+        setUniformAt(location, values...);
+    }
 }
 
 void DrawPass::set(std::string_view uniform, float value) {
-    if (has(uniform)) {
-        setUniform(mProgram, uniform, value);
-    }
+    setIfPresent(uniform, value);
 }
 
 void DrawPass::set(std::string_view uniform, int value) {
-    if (has(uniform)) {
-        setUniform(mProgram, uniform, value);
-    }
+    setIfPresent(uniform, value);
 }
 
 void DrawPass::set(std::string_view uniform, const Math::Vector3<float>& value) {
-    if (has(uniform)) {
-        setUniform(mProgram, uniform, value.x, value.y, value.z);
-    }
+    setIfPresent(uniform, value.x, value.y, value.z);
 }
 
 void DrawPass::set(std::string_view uniform, const Math::Vector4<float>& value) {
-    if (has(uniform)) {
-        setUniform(mProgram, uniform, value.x, value.y, value.z, value.w);
-    }
+    setIfPresent(uniform, value.x, value.y, value.z, value.w);
 }
 
 void DrawPass::setViewPort() {
-    if (has("viewPort")) {
+    if (uniformLocation(mProgram, "viewPort") >= 0) {
         mHandler.activateViewPort();
     }
 }

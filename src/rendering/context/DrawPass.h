@@ -82,7 +82,8 @@ public:
     void drawIndexed(DrawMode mode, std::size_t count);
 
 private:
-    bool has(std::string_view uniform) const;
+    template <typename... Values>
+    void setIfPresent(std::string_view uniform, Values... values);
     static void blendFunction();
 
     // Destroyed in the reverse order: errors are reported last.

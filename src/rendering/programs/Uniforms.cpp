@@ -27,6 +27,22 @@ void setUniform(unsigned program, std::string_view name, int value) {
     checked("glUniform1i", [&] { glUniform1i(uniformLocation(program, name), value); });
 }
 
+void setUniformAt(int location, float a) {
+    checked("glUniform1f", [&] { glUniform1f(location, a); });
+}
+
+void setUniformAt(int location, float a, float b, float c) {
+    checked("glUniform3f", [&] { glUniform3f(location, a, b, c); });
+}
+
+void setUniformAt(int location, float a, float b, float c, float d) {
+    checked("glUniform4f", [&] { glUniform4f(location, a, b, c, d); });
+}
+
+void setUniformAt(int location, int value) {
+    checked("glUniform1i", [&] { glUniform1i(location, value); });
+}
+
 void setStippleUniform(unsigned program, std::string_view name, const int* pattern) {
     const GLsizei count = pattern == nullptr ? 0 : 32;
     checked("glUniform1iv", [&] { glUniform1iv(uniformLocation(program, name), count, pattern); });

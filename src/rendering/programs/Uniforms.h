@@ -13,6 +13,12 @@ void setUniform(unsigned program, std::string_view name, float a, float b, float
 void setUniform(unsigned program, std::string_view name, float a, float b, float c, float d);
 void setUniform(unsigned program, std::string_view name, int value);
 
+/// The same at a location that is known.
+void setUniformAt(int location, float a);
+void setUniformAt(int location, float a, float b, float c);
+void setUniformAt(int location, float a, float b, float c, float d);
+void setUniformAt(int location, int value);
+
 /// Sets an array of 32 ints; nothing when `pattern` is null.
 void setStippleUniform(unsigned program, std::string_view name, const int* pattern);
 
