@@ -43,6 +43,9 @@ run() {  # preset, ctest options
   local preset=$1
   shift
   ctest --test-dir "build/$preset" --output-on-failure -j "$(nproc)" --no-tests=error "$@"
+  # A test program passes although some of its cases were skipped: say which.
+  sed -n 's/^\[  SKIPPED \] \([^ ]*\) (.*/left out: \1/p; /: Skipped$/{n;s/^/  because: /p}' \
+    "build/$preset/Testing/Temporary/LastTest.log"
 }
 
 style() {
