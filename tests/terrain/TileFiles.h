@@ -7,6 +7,8 @@
 #include <functional>
 #include <string>
 
+#include "support/TempDir.h"
+
 namespace OrlekTest {
 
 using Elevation = std::function<int(int, int)>;
@@ -55,6 +57,12 @@ inline std::string dtedFile(const DtedLabel& label, const Elevation& elevation) 
         file.append(4, '\0');
     }
     return file;
+}
+
+/// A tile of 3 x 3 posts of one elevation, in a file named after its south-west corner.
+inline std::string writeFlatDted(const TempDir& dir, int lat, int lon, int elevation) {
+    return dir.write(std::to_string(lat) + "/" + std::to_string(lon) + ".DT1",
+                     dtedFile(dtedLabelAt(lat, lon), [=](int, int) { return elevation; }));
 }
 
 /// The samples of an SRTM file, elevation(row, column) from the north-west.

