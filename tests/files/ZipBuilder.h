@@ -8,10 +8,10 @@ namespace OrlekTest {
 
 struct LocalEntry {
     std::string name = "entry";
-    std::string data;  // compressed
+    std::string data{};  // compressed
     std::uint32_t compressedSize = 0;
     std::uint32_t uncompressedSize = 0;
-    std::string extra;
+    std::string extra{};
     std::uint32_t flags = 0;
 };
 
@@ -24,8 +24,9 @@ inline std::string littleEndian(std::uint32_t value, int bytes) {
 }
 
 inline std::string localHeader(const LocalEntry& entry) {
+    // Version 2.0, deflate, no time, date and CRC-32.
     return "PK\3\4" + littleEndian(20, 2) + littleEndian(entry.flags, 2) + littleEndian(8, 2) +
-           littleEndian(0, 4) + littleEndian(0, 4) + littleEndian(entry.compressedSize, 4) +
+           std::string(8, '\0') + littleEndian(entry.compressedSize, 4) +
            littleEndian(entry.uncompressedSize, 4) +
            littleEndian(static_cast<std::uint32_t>(entry.name.size()), 2) +
            littleEndian(static_cast<std::uint32_t>(entry.extra.size()), 2) + entry.name +

@@ -37,7 +37,6 @@ TEST(Directory, ListsFilesAndOnRequestThoseBelow) {
     dir.write(".hidden", "");
     dir.write("N47/N47E011.DT1", "");
     dir.write("N47/deep/er/b", "");
-    fs::create_directory(dir.path("empty"));
     ASSERT_EQ(mkfifo(dir.path("pipe").c_str(), 0600), 0);
     const std::string root = dir.path();
     EXPECT_EQ(list(root, false), (Paths{root + "/.hidden", root + "/a.DT1"}));
@@ -45,12 +44,8 @@ TEST(Directory, ListsFilesAndOnRequestThoseBelow) {
                     root + "/a.DT1"};
     EXPECT_EQ(list(root, true), all);
     EXPECT_EQ(list(root + "/", false), (Paths{root + "//.hidden", root + "//a.DT1"}));
-    EXPECT_TRUE(list(root + "/empty", true).empty());
-
     Directory twice(root);
     EXPECT_EQ(twice.entryList(true), twice.entryList(true));
-    Directory copy = twice;
-    EXPECT_EQ(copy.entryList(true), twice.entryList(true));
 }
 
 TEST(Directory, SaysWhatItCannotOpenAndGoesOn) {
@@ -65,16 +60,12 @@ TEST(Directory, SaysWhatItCannotOpenAndGoesOn) {
     }
     fs::permissions(dir.path(), fs::perms{0755});
     fs::permissions(locked, fs::perms::none);
-    Paths files;
-    std::string said;
-    {
-        const Unprivileged scope;
-        if (!scope.ok()) {
-            GTEST_SKIP() << "cannot give up root's rights: the unreadable directory is left out";
-        }
-        said = captureStdout([&] { files = list(dir.path(), true); });
+    const Unprivileged scope;
+    if (!scope.ok()) {
+        GTEST_SKIP() << "cannot give up root's rights: the unreadable directory is left out";
     }
-    EXPECT_EQ(said, couldNotOpen(locked));
+    Paths files;
+    EXPECT_EQ(captureStdout([&] { files = list(dir.path(), true); }), couldNotOpen(locked));
     EXPECT_EQ(files, Paths{file});
 }
 
@@ -156,42 +147,33 @@ TEST(Directory, StopsWherePathsBecomeTooLongForTheSystem) {
     EXPECT_EQ(files.size(), 1 + 4095 / 251U);
 }
 
-TEST(Directory, Exists) {
-    const TempDir dir;
-    const std::string file = dir.write("file", "");
-    fs::create_symlink(".", dir.path("link"));
-    EXPECT_TRUE(Directory::exists(dir.path()));
-    EXPECT_TRUE(Directory(dir.path("link")).exists());
-    EXPECT_FALSE(Directory::exists(file));
-    EXPECT_FALSE(Directory(dir.path("missing")).exists());
-}
-
 TEST(Directory, CreatesMissingParents) {
     const TempDir dir;
-    EXPECT_TRUE(Directory::createDirectoryRecursive(dir.path("a/b/c")));
-    EXPECT_TRUE(fs::is_directory(dir.path("a/b/c")));
-    EXPECT_TRUE(Directory::createDirectoryRecursive(dir.path("a/b/c")));
-    EXPECT_TRUE(Directory::createDirectoryRecursive(dir.path("d//e/")));
-    EXPECT_TRUE(fs::is_directory(dir.path("d/e")));
-    EXPECT_TRUE(Directory::createDirectoryRecursive(dir.path("f\\g")));
+    // A backslash is a separator and also stays part of a name.
+    for (const char* path : {"a/b/c", "a/b/c", "d//e/", "f\\g"}) {
+        EXPECT_TRUE(Directory::createDirectoryRecursive(dir.path(path))) << path;
+        EXPECT_TRUE(Directory::exists(dir.path(path))) << path;
+    }
     EXPECT_TRUE(fs::is_directory(dir.path("f")));
-    EXPECT_TRUE(fs::is_directory(dir.path("f\\g")));
-
     const std::string file = dir.write("file", "");
     EXPECT_TRUE(Directory::createDirectoryRecursive(file)) << "something of that path exists";
-    EXPECT_FALSE(Directory::createDirectoryRecursive(file + "/below"));
-    EXPECT_FALSE(Directory::createDirectoryRecursive(""));
-    EXPECT_FALSE(Directory::createDirectoryRecursive(dir.path(std::string(300, 'x'))));
+    EXPECT_FALSE(Directory(file).exists());
+    for (const std::string& path :
+         {file + "/below", std::string(), dir.path(std::string(300, 'x'))}) {
+        EXPECT_FALSE(Directory::createDirectoryRecursive(path)) << path;
+    }
 }
 
 TEST(Directory, ExtractsThePathOfAFile) {
     const TempDir dir;
-    EXPECT_EQ(Directory::extractPathFomFile("dir/sub/file.txt"), "dir/sub");
-    EXPECT_EQ(Directory::extractPathFomFile("file.txt"), "");
-    EXPECT_EQ(Directory::extractPathFomFile("dir\\file.txt"), "");
-    EXPECT_EQ(Directory::extractPathFomFile("/no-such-file"), "");
-    EXPECT_EQ(Directory::extractPathFomFile(dir.path()), dir.path());
-    EXPECT_EQ(Directory::extractPathFomFile(dir.path("missing")), dir.path());
+    const std::pair<std::string, std::string> cases[] = {
+        {"dir/sub/file.txt", "dir/sub"}, {"file.txt", ""},
+        {"dir\\file.txt", ""},           {"/no-such-file", ""},
+        {dir.path(), dir.path()},        {dir.path("missing"), dir.path()},
+    };
+    for (const auto& [file, path] : cases) {
+        EXPECT_EQ(Directory::extractPathFomFile(file), path);
+    }
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 #include <zlib.h>
 
-#include <cstring>
 #include <random>
 #include <vector>
 
@@ -44,6 +43,9 @@ std::string readAll(InflateStream& stream, std::size_t pieceSize) {
     std::vector<std::byte> piece(pieceSize);
     std::size_t got = 0;
     do {
+        if (text.size() % 3 != 0) {
+            stream.atEnd();  // looks ahead, and must lose nothing
+        }
         got = stream.read(piece);
         text.append(reinterpret_cast<char*>(piece.data()), got);
     } while (got == piece.size());
@@ -63,27 +65,15 @@ TEST_F(InflateStreamTest, GivesTheSameBytesInPiecesOfAnySize) {
     ASSERT_GT(mData.size(), 3U * 64 * 1024);
     const auto before = OrlekTest::openFiles();
     InflateStream stream;
-    for (const std::size_t pieceSize : {1UL, 257UL, 4096UL, 307456UL, mText.size(), 1000000UL}) {
+    for (const std::size_t pieceSize : {1UL, 257UL, 307456UL, mText.size(), 1000000UL}) {
         ASSERT_TRUE(stream.open(mPath, 4, mSize));
+        EXPECT_FALSE(stream.atEnd());
         EXPECT_EQ(readAll(stream, pieceSize), mText) << pieceSize;
         EXPECT_TRUE(stream.atEnd());
+        EXPECT_EQ(readAll(stream, pieceSize), "");
     }
     stream = InflateStream();
     EXPECT_EQ(OrlekTest::openFiles(), before);
-}
-
-TEST_F(InflateStreamTest, KnowsTheEndAndGoesOnAfterBeingAsked) {
-    InflateStream stream;
-    ASSERT_TRUE(stream.open(mPath, 4, mSize));
-    std::vector<std::byte> piece(mText.size() / 4);
-    for (int i = 0; i < 4; ++i) {
-        EXPECT_FALSE(stream.atEnd());
-        ASSERT_EQ(stream.read(piece), piece.size());
-        EXPECT_EQ(std::memcmp(piece.data(), mText.data() + piece.size() * i, piece.size()), 0);
-    }
-    EXPECT_TRUE(stream.atEnd());
-    EXPECT_EQ(stream.read(piece), 0U);
-    EXPECT_TRUE(stream.atEnd());
 }
 
 TEST_F(InflateStreamTest, NeverEndsWhenCutOrBroken) {

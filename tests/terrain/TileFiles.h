@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 
+#include "files/ZipBuilder.h"
 #include "support/TempDir.h"
 
 namespace OrlekTest {
@@ -77,21 +78,15 @@ inline std::string srtmSamples(int columns, int rows, const Elevation& elevation
     return samples;
 }
 
-inline void appendLittleEndian(std::string& bytes, std::size_t value, int width) {
-    for (int byte = 0; byte < width; ++byte) {
-        bytes.push_back(static_cast<char>((value >> (8 * byte)) & 0xFF));
-    }
-}
-
 /// A deflate stream of stored blocks (RFC 1951, 3.2.4).
 inline std::string storedDeflate(const std::string& content) {
     std::string stream;
     std::size_t at = 0;
     do {
-        const std::size_t length = std::min<std::size_t>(content.size() - at, 65535);
+        const auto length =
+            static_cast<std::uint32_t>(std::min<std::size_t>(content.size() - at, 65535));
         stream.push_back(at + length == content.size() ? '\1' : '\0');
-        appendLittleEndian(stream, length, 2);
-        appendLittleEndian(stream, ~length, 2);
+        stream += littleEndian(length, 2) + littleEndian(~length, 2);
         stream.append(content, at, length);
         at += length;
     } while (at < content.size());
@@ -100,17 +95,10 @@ inline std::string storedDeflate(const std::string& content) {
 
 /// An archive of one entry whose header says `size` for its uncompressed size.
 inline std::string archiveOf(const std::string& stream, std::size_t size) {
-    const std::string name = "tile.hgt";
-    std::string archive = "PK\3\4";
-    appendLittleEndian(archive, 20, 2);  // version needed
-    appendLittleEndian(archive, 0, 2);   // flags
-    appendLittleEndian(archive, 8, 2);   // deflate
-    appendLittleEndian(archive, 0, 8);   // time, date, CRC-32
-    appendLittleEndian(archive, stream.size(), 4);
-    appendLittleEndian(archive, size, 4);
-    appendLittleEndian(archive, name.size(), 2);
-    appendLittleEndian(archive, 0, 2);
-    return archive + name + stream;
+    return archive({.name = "tile.hgt",
+                    .data = stream,
+                    .compressedSize = static_cast<std::uint32_t>(stream.size()),
+                    .uncompressedSize = static_cast<std::uint32_t>(size)});
 }
 
 inline std::string archiveOf(const std::string& content) {
