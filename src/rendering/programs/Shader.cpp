@@ -36,8 +36,8 @@ void handOver(unsigned handle, const std::string& text) {
 }  // namespace
 
 Shader::Shader(TShaderType type) : mType(type) {
-    if (glType(type) != GL_NONE && Detail::glReady()) {
-        mHandle = glCreateShader(glType(type));
+    if (glType(mType) != GL_NONE && Detail::glReady()) {
+        mHandle = glCreateShader(glType(mType));
     }
 }
 
