@@ -40,9 +40,8 @@ TEST(Directory, ListsFilesAndOnRequestThoseBelow) {
     ASSERT_EQ(mkfifo(dir.path("pipe").c_str(), 0600), 0);
     const std::string root = dir.path();
     EXPECT_EQ(list(root, false), (Paths{root + "/.hidden", root + "/a.DT1"}));
-    const Paths all{root + "/.hidden", root + "/N47/N47E011.DT1", root + "/N47/deep/er/b",
-                    root + "/a.DT1"};
-    EXPECT_EQ(list(root, true), all);
+    EXPECT_EQ(list(root, true), (Paths{root + "/.hidden", root + "/N47/N47E011.DT1",
+                                       root + "/N47/deep/er/b", root + "/a.DT1"}));
     EXPECT_EQ(list(root + "/", false), (Paths{root + "//.hidden", root + "//a.DT1"}));
     Directory twice(root);
     EXPECT_EQ(twice.entryList(true), twice.entryList(true));
@@ -90,19 +89,19 @@ TEST(Directory, FollowsLinksButNotInCircles) {
 TEST(Directory, EndsWhereManyLinksLeadToTheSamePlaces) {
     const TempDir dir;
     constexpr int levels = 40;
+    Paths written;
     for (int i = 0; i < levels; ++i) {
         const std::string here = std::to_string(i);
-        dir.write(here + "/file", "");
-        const fs::path next = dir.path(std::to_string((i + 1) % levels));
-        fs::create_directory_symlink(next, dir.path(here + "/left"));
-        fs::create_directory_symlink(next, dir.path(here + "/right"));
+        written.push_back(dir.write(here + "/file", ""));
+        for (const char* link : {"/left", "/right"}) {
+            fs::create_directory_symlink(dir.path(std::to_string((i + 1) % levels)),
+                                         dir.path(here + link));
+        }
     }
     const Paths files = list(dir.path(), true);
     EXPECT_LT(files.size(), 2U * levels + 1);
-    for (int i = 0; i < levels; ++i) {
-        const std::string file = dir.path(std::to_string(i) + "/file");
-        EXPECT_TRUE(std::binary_search(files.begin(), files.end(), file)) << file;
-    }
+    std::sort(written.begin(), written.end());
+    EXPECT_TRUE(std::includes(files.begin(), files.end(), written.begin(), written.end()));
 }
 
 TEST(Directory, WalksDeepTreesWithFewDescriptors) {
@@ -138,12 +137,11 @@ TEST(Directory, StopsWherePathsBecomeTooLongForTheSystem) {
         parent = child;
     }
     close(parent);
-    Paths files;
-    const std::string said = captureStdout([&] { files = list(dir.path(), true); });
     while (path.size() < 4096) {
         path += "/" + name;
     }
-    EXPECT_EQ(said, couldNotOpen(path));
+    Paths files;
+    EXPECT_EQ(captureStdout([&] { files = list(dir.path(), true); }), couldNotOpen(path));
     EXPECT_EQ(files.size(), 1 + 4095 / 251U);
 }
 

@@ -25,13 +25,10 @@ inline std::vector<std::int16_t> gdalPosts(const std::string& source, int numLat
     std::vector<std::int16_t> posts(static_cast<std::size_t>(numLat) *
                                     static_cast<std::size_t>(numLon));
     const auto size = static_cast<std::streamsize>(posts.size() * sizeof posts[0]);
-    if (std::system(command.c_str()) != 0 ||
-        std::ifstream(raw, std::ios::binary)
-                .read(reinterpret_cast<char*>(posts.data()), size)
-                .gcount() != size) {
-        posts.clear();
-    }
-    return posts;
+    const bool translated = std::system(command.c_str()) == 0;
+    std::ifstream file(raw, std::ios::binary);
+    file.read(reinterpret_cast<char*>(posts.data()), size);
+    return translated && file.gcount() == size ? posts : std::vector<std::int16_t>();
 }
 
 /// A tile as the rules make it of GDAL's posts. GDAL reads DTED by sign and magnitude and marks

@@ -131,22 +131,17 @@ TEST_F(TerrainTest, FollowsTheFormula) {
     }
 }
 
-TEST_F(TerrainTest, InterpolatesBetweenTexels) {
+TEST_F(TerrainTest, InterpolatesBetweenTexelsAndLeavesTheStateItPromises) {
     const std::array<unsigned char, 8> map{0, 0, 0, 255, 255, 255, 255, 255};
     terrain.load(map.data(), 2, 1, GL_RGBA);
     terrain.setTerrainOsm(1.0);
+    terrain.setColorMap(colorMap);
+    glActiveTexture(GL_TEXTURE5);
     draw(terrain);
     for (const int x : {11, 40, 50, 60, 88}) {
         const double u = (x + 0.5 - 10) / 80;
         EXPECT_NEAR(pixel(x, 50)[0], 255 * std::clamp(u * 2 - 0.5, 0.0, 1.0), 3) << x;
     }
-}
-
-TEST_F(TerrainTest, LeavesTheStateItPromises) {
-    terrain.load(mapTexel.data(), 1, 1, GL_RGBA);
-    terrain.setColorMap(colorMap);
-    glActiveTexture(GL_TEXTURE5);
-    draw(terrain);
     EXPECT_EQ(integer(GL_ACTIVE_TEXTURE), GL_TEXTURE0);
     EXPECT_EQ(integer(GL_TEXTURE_BINDING_2D), 0);
     EXPECT_EQ(integer(GL_BLEND), GL_TRUE);

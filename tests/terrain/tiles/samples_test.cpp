@@ -50,14 +50,6 @@ TEST(DtedRecords, RepeatedSamplesAreReplaced) {
     };
     for (const auto& c : cases) {
         EXPECT_EQ(decoded({c.raw}), c.repaired);
-        // Side by side with others, far enough north to run in blocks.
-        Line padded(40, 77);
-        padded.insert(padded.end(), c.raw.begin(), c.raw.end());
-        const Line nine = decoded(std::vector<Line>(9, padded));
-        OrlekTest::repairLine(padded);
-        for (std::size_t n = 0; n < nine.size(); ++n) {
-            EXPECT_EQ(nine[n], padded[n % padded.size()]) << n;
-        }
     }
 }
 
@@ -65,13 +57,14 @@ TEST(DtedRecords, EqualTheRuleForEveryShape) {
     std::mt19937 random(7);
     for (const std::size_t numLat : {2U, 3U, 8U, 9U, 10U, 16U, 17U, 18U, 31U, 100U}) {
         for (const std::size_t lineCount : {1U, 7U, 8U, 9U, 17U}) {
-            for (const int range : {1, 2, 40000}) {  // narrow ranges repeat and chain
+            // Narrow ranges repeat and chain; wide steps overflow a careless mean.
+            for (const auto& [range, step] : {std::pair{1, 1}, {2, 1}, {1, 32767}, {40000, 1}}) {
                 std::uniform_int_distribution<int> elevation(-range, range);
                 std::vector<Line> lines(lineCount, Line(numLat));
                 Line expected;
                 for (Line& line : lines) {
                     for (std::int16_t& sample : line) {
-                        sample = static_cast<std::int16_t>(elevation(random));
+                        sample = static_cast<std::int16_t>(elevation(random) * step);
                     }
                     Line repaired = line;
                     OrlekTest::repairLine(repaired);
