@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstring>
+#include <cstdint>
 #include <vector>
 
 #include "support/GlTest.h"
@@ -12,7 +12,6 @@
 namespace {
 
 using Orlek::OpenGL::TextureTerrain;
-using OrlekTest::captureStdout;
 using OrlekTest::Pixel;
 using Vec3 = std::array<double, 3>;
 
@@ -23,7 +22,7 @@ double dot(const Vec3& a, const Vec3& b) {
     return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
 }
 
-/// The inputs of one pixel; the initial values are those of a new object.
+/// The inputs of one pixel, at first those of a new object.
 struct Shading {
     Vec3 normal{0, 0, 1};
     std::size_t heightStep = 1;  // texel of the colour map
@@ -41,8 +40,7 @@ Pixel expected(const Shading& s) {
     const Vec3 towardsLight{-s.light[0], -s.light[1], -s.light[2]};
     const double lengths = std::sqrt(dot(towardsLight, towardsLight) * dot(s.normal, s.normal));
     const double lit = std::max(dot(towardsLight, s.normal) / lengths, 0.0);
-    const double a = s.shading && s.normals ? lit : 1.0;
-    const double b = (1 - s.factor) + a * s.factor;
+    const double b = (1 - s.factor) + (s.shading && s.normals ? lit : 1.0) * s.factor;
     Pixel pixel{};
     for (std::size_t i = 0; i < 3; ++i) {
         const double height = heightColors[3 * s.heightStep + i];
@@ -58,9 +56,8 @@ protected:
     void SetUp() override {
         GlTest::SetUp();
         for (const float u : {0.0F, 1.0F}) {
-            for (const float v : {0.0F, 1.0F}) {
-                terrain.addVertex(Orlek::Math::Vector3<float>(10 + u * 80, 10 + v * 80, 0), {u, v});
-            }
+            terrain.addVertex(Orlek::Math::Vector3<float>(10 + u * 80, 10, 0), {u, 0});
+            terrain.addVertex(Orlek::Math::Vector3<float>(10 + u * 80, 90, 0), {u, 1});
         }
         glGenTextures(1, &colorMap);
         glBindTexture(GL_TEXTURE_1D, colorMap);
@@ -124,9 +121,8 @@ TEST_F(TerrainTest, FollowsTheFormula) {
         {"all at once", {slope, 2, {0.9F, 0.8F, 0.7F}, light, true, 0.8, 1.2, 1.1, 0.3, true}}};
     for (const auto& [what, shading] : cases) {
         const Pixel actual = rendered(shading);
-        const Pixel wanted = expected(shading);
         for (std::size_t i = 0; i < 3; ++i) {
-            EXPECT_NEAR(actual[i], wanted[i], 2) << what << ", component " << i;
+            EXPECT_NEAR(actual[i], expected(shading)[i], 2) << what << ", component " << i;
         }
     }
 }
@@ -139,8 +135,7 @@ TEST_F(TerrainTest, InterpolatesBetweenTexelsAndLeavesTheStateItPromises) {
     glActiveTexture(GL_TEXTURE5);
     draw(terrain);
     for (const int x : {11, 40, 50, 60, 88}) {
-        const double u = (x + 0.5 - 10) / 80;
-        EXPECT_NEAR(pixel(x, 50)[0], 255 * std::clamp(u * 2 - 0.5, 0.0, 1.0), 3) << x;
+        EXPECT_NEAR(pixel(x, 50)[0], 255 * std::clamp((x - 9.5) / 40 - 0.5, 0.0, 1.0), 3) << x;
     }
     EXPECT_EQ(integer(GL_ACTIVE_TEXTURE), GL_TEXTURE0);
     EXPECT_EQ(integer(GL_TEXTURE_BINDING_2D), 0);
@@ -154,8 +149,7 @@ TEST_F(TerrainTest, InterpolatesBetweenTexelsAndLeavesTheStateItPromises) {
 
 TEST_F(TerrainTest, ReportsTheSizeMadeLast) {
     const auto size = [&] { return std::pair(terrain.width(), terrain.height()); };
-    const std::vector<unsigned char> map(256 * 128 * 3);
-    terrain.load(map.data(), 256, 128, GL_RGB);
+    terrain.load(std::vector<unsigned char>(256 * 128 * 3).data(), 256, 128, GL_RGB);
     EXPECT_EQ(size(), std::pair(256U, 128U));
     terrain.loadNormals(std::vector<unsigned short>(64 * 32 * 4).data(), 64, 32, GL_RGBA);
     EXPECT_EQ(size(), std::pair(64U, 32U));
@@ -163,17 +157,16 @@ TEST_F(TerrainTest, ReportsTheSizeMadeLast) {
     terrain.load(static_cast<const void*>(nullptr), GL_RGBA);
     terrain.loadNormals(nullptr, 5, 5, GL_RGBA);
     EXPECT_EQ(size(), std::pair(64U, 32U)) << "null pointers change nothing";
-    std::vector<unsigned char> block(12 + 3 * 2 * 4, 200);
-    const std::array<std::uint32_t, 3> head{3, 2, 0xFFFFFFFF};
-    std::memcpy(block.data(), head.data(), sizeof head);
+    std::array<std::uint32_t, 3 + 3 * 2> block{3, 2, 0xFFFFFFFF};
+    std::fill(block.begin() + 3, block.end(), 0xC8C8C8C8);
     terrain.load(static_cast<const void*>(block.data()), GL_RGBA);
     EXPECT_EQ(size(), std::pair(3U, 2U));
     terrain.setTerrainOsm(1.0);
     EXPECT_NEAR(draw(terrain)[1], 157, 1);  // 200 blended with its own alpha over black
 
-    // A block that promises more than any texture holds changes nothing.
-    const std::array<std::uint32_t, 4> lie{0xFFFFFFFF, 0xFFFFFFFF, 0, 0};
-    EXPECT_EQ(captureStdout([&] { terrain.load(static_cast<const void*>(lie.data()), GL_RGBA); }),
+    const std::array<std::uint32_t, 4> lie{0xFFFFFFFF, 0xFFFFFFFF, 0, 0};  // no texture holds it
+    EXPECT_EQ(OrlekTest::captureStdout(
+                  [&] { terrain.load(static_cast<const void*>(lie.data()), GL_RGBA); }),
               "Error <TextureTerrain> <Nix> 1281\n");
     EXPECT_EQ(size(), std::pair(3U, 2U));
 }
@@ -195,7 +188,6 @@ TEST_F(TerrainTest, OwnsItsObjectsTogetherWithItsCopies) {
         EXPECT_EQ(draw(copy), (Pixel{204, 102, 51, 255}));
         copy.clear();
         EXPECT_EQ(newNames(), before);
-
         EXPECT_EQ(draw(first), (Pixel{0, 0, 0, 255})) << "made anew, without a texture";
     }
     EXPECT_EQ(newNames() - before, 3) << "the destructor makes no GL call";
