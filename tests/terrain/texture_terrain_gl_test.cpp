@@ -141,8 +141,8 @@ TEST_F(TerrainTest, InterpolatesBetweenTexelsAndLeavesTheStateItPromises) {
     EXPECT_EQ(integer(GL_TEXTURE_BINDING_2D), 0);
     EXPECT_EQ(integer(GL_BLEND), GL_TRUE);
     EXPECT_EQ(integer(GL_BLEND_DST), GL_ONE_MINUS_SRC_ALPHA);
-    for (const GLenum unit : {GL_TEXTURE2, GL_TEXTURE1, GL_TEXTURE0}) {
-        glActiveTexture(unit);
+    for (const GLenum unit : {2U, 1U, 0U}) {
+        glActiveTexture(GL_TEXTURE0 + unit);
         EXPECT_EQ(integer(GL_TEXTURE_1D) + integer(GL_TEXTURE_2D), 0);
     }
 }
