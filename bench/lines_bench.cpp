@@ -63,7 +63,7 @@ public:
         mMatrix = glGetUniformLocation(mProgram, "mvp");
         mColor = glGetUniformLocation(mProgram, "color");
         std::vector<float> vertices;
-        for (const std::size_t i : {0, 1, 2, 0}) {
+        for (const std::size_t i : {0U, 1U, 2U, 0U}) {
             vertices.insert(vertices.end(), {triangle[i].x, triangle[i].y, 0.0F});
         }
         const std::array<unsigned, 7> indices{0, 0, 1, 2, 3, 3, 0xFFFFFFFF};

@@ -162,10 +162,13 @@ int main(int argc, char** argv) {
         return map.getAltitude(lat, lon, true, false);
     };
     const auto bare = [&](double lat, double lon) { return raw.lookup(lat, lon); };
-    add("altitude/random/bare", us, [&](auto& state) { overPoints(state, random, bare); });
-    add("altitude/random/orlek", us, [&](auto& state) { overPoints(state, random, orlek); });
-    add("altitude/path/bare", us, [&](auto& state) { overPoints(state, path, bare); });
-    add("altitude/path/orlek", us, [&](auto& state) { overPoints(state, path, orlek); });
+    add("altitude/random/bare", us,
+        [&](benchmark::State& state) { overPoints(state, random, bare); });
+    add("altitude/random/orlek", us,
+        [&](benchmark::State& state) { overPoints(state, random, orlek); });
+    add("altitude/path/bare", us, [&](benchmark::State& state) { overPoints(state, path, bare); });
+    add("altitude/path/orlek", us,
+        [&](benchmark::State& state) { overPoints(state, path, orlek); });
     const double latSpacingM = raw.latSpacingMetres();
     const double lonSpacingM = raw.lonSpacingMetres();
     const auto rules = [&](double lat, double lon) {
@@ -176,15 +179,17 @@ int main(int argc, char** argv) {
         map.getNormal(lat, lon, true, false, x, y, z);
         return x;
     };
-    add("normal/random/rules", us, [&](auto& state) { overPoints(state, random, rules); });
-    add("normal/random/orlek", us, [&](auto& state) { overPoints(state, random, normal); });
-    add("normal/path/rules", us, [&](auto& state) { overPoints(state, path, rules); });
-    add("normal/path/orlek", us, [&](auto& state) { overPoints(state, path, normal); });
+    add("normal/random/rules", us,
+        [&](benchmark::State& state) { overPoints(state, random, rules); });
+    add("normal/random/orlek", us,
+        [&](benchmark::State& state) { overPoints(state, random, normal); });
+    add("normal/path/rules", us, [&](benchmark::State& state) { overPoints(state, path, rules); });
+    add("normal/path/orlek", us, [&](benchmark::State& state) { overPoints(state, path, normal); });
 #ifdef ORLEK_HAVE_GDAL
     GDALAllRegister();
     GDALDatasetH dataset = GDALOpen(("/vsizip/" + archive + "/N42E001.hgt").c_str(), GA_ReadOnly);
     GDALRasterBandH band = GDALGetRasterBand(dataset, 1);
-    add("altitude/random/gdal", us, [&](auto& state) {
+    add("altitude/random/gdal", us, [&](benchmark::State& state) {
         overPoints(state, random, [&](double lat, double lon) {
             const double u = (43.0 - lat) * 1200;
             const double v = (lon - 1.0) * 1200;
@@ -202,7 +207,7 @@ int main(int argc, char** argv) {
     });
 #endif
     std::vector<unsigned short> texels(std::size_t{width} * height * 4);
-    add("relief/orlek", benchmark::kMillisecond, [&](auto& state) {
+    add("relief/orlek", benchmark::kMillisecond, [&](benchmark::State& state) {
         for (auto _ : state) {
             relief(map, texels);
             benchmark::ClobberMemory();
@@ -212,7 +217,7 @@ int main(int argc, char** argv) {
     if (hillshade.empty()) {
         std::fprintf(stderr, "no gdal-bin: gdaldem is left out\n");
     } else {
-        add("relief/gdaldem", benchmark::kMillisecond, [&](auto& state) {
+        add("relief/gdaldem", benchmark::kMillisecond, [&](benchmark::State& state) {
             for (auto _ : state) {
                 if (std::system(hillshade.c_str()) != 0) {
                     state.SkipWithError("gdaldem failed");
