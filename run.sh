@@ -43,8 +43,7 @@ bench() {
 
 docs() {
   install_packages doxygen
-  mkdir -p out/docs
-  ORLEK_DOCS_DIR=out/docs doxygen docs/Doxyfile
+  docs/build.sh out/docs
   echo "Documentation: $root/out/docs/html/index.html"
 }
 

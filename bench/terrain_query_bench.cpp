@@ -125,8 +125,8 @@ std::string hillshadeCommand(const std::string& archive, const OrlekTest::TempDi
     char window[128];
     std::snprintf(window, sizeof window, "-projwin %.6f %.6f %.6f %.6f -outsize %d %d", west, north,
                   west + width * pixelDeg, north - height * pixelDeg, width, height);
-    const std::string cut = "gdal_translate -q -r bilinear " + std::string(window) + " /vsizip/" +
-                            archive + "/N42E001.hgt " + source + " >/dev/null 2>&1";
+    const std::string cut = "gdal_translate -q -r bilinear " + std::string(window) + " '/vsizip/" +
+                            archive + "/N42E001.hgt' " + source + " >/dev/null 2>&1";
     if (std::system(cut.c_str()) != 0) {
         return {};
     }

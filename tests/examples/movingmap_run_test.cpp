@@ -35,8 +35,8 @@ protected:
     MovingMapRun() { std::filesystem::create_directory(mDir.path("tiles")); }
 
     Outcome run(const std::string& arguments, const std::string& before = "") const {
-        const std::string command = before + " " PROGRAM " " + arguments + " >" + mDir.path("out") +
-                                    " 2>" + mDir.path("err");
+        const std::string command = before + " '" PROGRAM "' " + arguments + " >" +
+                                    mDir.path("out") + " 2>" + mDir.path("err");
         const int status = std::system(command.c_str());
         return {WEXITSTATUS(status), contents(mDir.path("out")), contents(mDir.path("err"))};
     }
@@ -136,7 +136,7 @@ TEST_F(MovingMapRun, seaIsWater) {
     if (tiles.empty()) {
         GTEST_SKIP() << "no real elevation tiles: water at the coast is not checked";
     }
-    const Image image = draw("--tiles " + tiles + " --lat 43.60 --lon 7.35 --heading 0");
+    const Image image = draw("--tiles '" + tiles + "' --lat 43.60 --lon 7.35 --heading 0");
     int water = 0;
     for (int i = 0; i < 100; ++i) {
         const auto pixel = image.at(middleX + 90 + i % 10, middleY + 30 + i / 10);
