@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "rendering/geometry/Positions.h"
+#include "rendering/geometry/Shapes.h"
 #include "rendering/gl/Mesh.h"
 #include "rendering/gl/Names.h"
 #include "rendering/primitives/LineDrawing.h"
@@ -69,10 +70,8 @@ void LineLoops::addVertex(Math::Vector4<float> position) {
 }
 
 void LineLoops::setRect(unsigned int width, unsigned int height) {
-    const auto w = static_cast<float>(width);
-    const auto h = static_cast<float>(height);
     mPoints.clear();
-    for (const Math::Vector2<float> corner : {Math::Vector2<float>{0, 0}, {0, h}, {w, h}, {w, 0}}) {
+    for (const Math::Vector3<float>& corner : Detail::rectangleOutline(width, height)) {
         addVertex(corner);
     }
 }
