@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds the library and draws the moving map.
+# Installs what is missing, builds the library and draws the moving map or another example.
 set -euo pipefail
 cd "$(dirname "$0")"
 root=$PWD
@@ -8,17 +8,20 @@ root=$PWD
 
 usage() {
   cat <<'TEXT'
-Usage: ./run.sh [options] [-- options of orlek-movingmap]
+Usage: ./run.sh [map] [options] [-- options of the example]
 
-Installs what is missing (Debian packages), builds the library and its examples, draws the moving
-map and prints the path of the picture.
+Installs what is missing (Debian packages), builds the library and its examples, draws pictures and
+prints their paths:
 
-  --window    opens a window instead (drag or arrow keys pan, wheel zooms, Escape quits)
+  map         the moving map (so it is without a word)
+
+  --window    opens a window instead; Escape closes it (in the map drag or arrow keys pan, the
+              wheel zooms)
   --bench     builds and runs the benchmarks, results in out/bench
   --docs      builds the API documentation, out/docs/html/index.html
   --help      prints this text
 
-Options after -- go to the moving map; "./run.sh -- --help" lists them. An example:
+Options after -- go to the example; "./run.sh -- --help" lists those of the map. An example:
   ./run.sh -- --range 8 --headingup
 TEXT
 }
@@ -60,6 +63,10 @@ map() {
 }
 
 mkdir -p build
+example=map
+case "${1:-}" in
+  map) example=$1; shift ;;
+esac
 window=no
 while [ $# -gt 0 ]; do
   case "$1" in
@@ -68,8 +75,11 @@ while [ $# -gt 0 ]; do
     --docs) docs; exit ;;
     --help | -h) usage; exit ;;
     --) shift; break ;;
-    *) echo "run.sh: unknown option $1 (see ./run.sh --help)" >&2; exit 1 ;;
+    *)
+      echo "run.sh: unknown option or example '$1' (see ./run.sh --help)" >&2
+      exit 1
+      ;;
   esac
   shift
 done
-map "$@"
+"$example" "$@"
