@@ -6,6 +6,8 @@
 #include <Orlek/OpenGL/GlHandler.h>
 #include <Orlek/OpenGL/GlyphInfo.h>
 #include <Orlek/OpenGL/LineLoops.h>
+#include <Orlek/OpenGL/LineStrips.h>
+#include <Orlek/OpenGL/LineStripsSimple.h>
 #include <Orlek/OpenGL/Lines.h>
 #include <Orlek/OpenGL/MatrixStack.h>
 #include <Orlek/OpenGL/Shader.h>

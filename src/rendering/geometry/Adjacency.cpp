@@ -1,30 +1,25 @@
 #include "rendering/geometry/Adjacency.h"
 
-#include <cstddef>
+#include <algorithm>
 
 namespace Orlek::Detail {
 
 std::vector<std::uint32_t> adjacencyIndices(std::span<const std::uint32_t> indices,
                                             std::uint32_t restart) {
+    const auto restarts = static_cast<std::size_t>(std::ranges::count(indices, restart));
     std::vector<std::uint32_t> result;
-    result.reserve(indices.size() + indices.size() / 2 + 2);
-    for (std::size_t i = 0; i < indices.size(); ++i) {
-        const std::uint32_t entry = indices[i];
-        const bool last = i + 1 == indices.size();
-        if (entry == restart) {
-            // The doubled end of the strip before and the doubled start of the one behind. An
-            // empty strip at the very start has no end: its restart value is doubled instead.
-            result.push_back(result.empty() ? restart : result.back());
-            result.push_back(restart);
-            if (!last) {
-                result.push_back(indices[i + 1]);
-            }
-        } else {
-            result.push_back(entry);
-            if (i == 0 || last) {
-                result.push_back(entry);
-            }
+    result.reserve(indices.size() + 2 * (restarts + 1));
+    for (auto begin = indices.begin(); begin != indices.end();) {
+        const auto end = std::find(begin, indices.end(), restart);
+        const bool empty = begin == end;
+        result.push_back(*begin);
+        result.insert(result.end(), begin, end);
+        result.push_back(empty ? restart : *(end - 1));
+        if (end == indices.end()) {
+            break;
         }
+        result.push_back(restart);
+        begin = end + 1;
     }
     return result;
 }

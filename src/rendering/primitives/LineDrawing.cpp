@@ -5,7 +5,6 @@
 
 #include "rendering/geometry/Adjacency.h"
 #include "rendering/geometry/LineMeasure.h"
-#include "rendering/gl/Mesh.h"
 
 namespace Orlek::Detail {
 
@@ -16,12 +15,28 @@ std::vector<float> measured(std::span<const Math::Vector3<float>> vertices) {
 }
 
 // Most of these are there for the wide-line programs; the program in use ignores what it lacks.
-void setUniforms(DrawPass& pass, const LineStyle& style) {
+void setUniforms(DrawPass& pass, const LineRecipe& recipe, const LineStyle& style,
+                 LineColor color) {
+    const bool oneColor = color == LineColor::One;
+    if (oneColor && recipe.colorFirst) {
+        pass.set("color", style.color);
+    }
     pass.set("lineWidth", style.lineWidth);
-    pass.set("color", style.color);
+    if (oneColor && !recipe.colorFirst) {
+        pass.set("color", style.color);
+    }
     pass.set("antialias", style.antiAlias ? 1 : 0);
     pass.set("lineStipple", style.stipple);
     pass.setViewPort();
+}
+
+void setLineState(DrawPass& pass, const LineRecipe& recipe, const LineStyle& style) {
+    if (recipe.setsWidthAndStipple) {
+        pass.lineState(style.antiAlias, style.lineWidth,
+                       static_cast<unsigned short>(style.stipple));
+    } else {
+        pass.lineState(style.antiAlias);
+    }
 }
 
 }  // namespace
@@ -33,11 +48,16 @@ void uploadSegments(std::shared_ptr<Mesh>& mesh,
 }
 
 void uploadStrips(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
-                  const IndexedPoints& points) {
-    const std::vector<float> positions = measured(points.vertices);
-    const Stream streams[] = {streamOf(Attribute::Vertex, points.vertices),
-                              streamOf(Attribute::Position, positions)};
-    syncMesh(mesh, streams, adjacencyIndices(points.indices, recipe.restart.value()));
+                  const IndexedPoints& points, std::span<const Stream> more) {
+    std::vector<Stream> streams{streamOf(Attribute::Vertex, points.vertices)};
+    streams.insert(streams.end(), more.begin(), more.end());
+    if (recipe.mode == DrawMode::LineStripAdjacency) {
+        const std::vector<float> positions = measured(points.vertices);
+        streams.push_back(streamOf(Attribute::Position, positions));
+        syncMesh(mesh, streams, adjacencyIndices(points.indices, recipe.restart.value()));
+    } else {
+        syncMesh(mesh, streams, points.indices);
+    }
 }
 
 void updatePositions(Mesh& mesh, const std::vector<Math::Vector3<float>>& vertices) {
@@ -45,12 +65,14 @@ void updatePositions(Mesh& mesh, const std::vector<Math::Vector3<float>>& vertic
 }
 
 void drawLines(const LineRecipe& recipe, const LineStyle& style, const Mesh& mesh,
-               std::size_t count) {
+               std::size_t count, LineColor color) {
+    constexpr unsigned vertexColorProgram = 1;
     constexpr unsigned oneColorProgram = 2;
-    DrawPass pass(recipe.label, oneColorProgram);
-    setUniforms(pass, style);
+    DrawPass pass(recipe.label,
+                  color == LineColor::EachVertex ? vertexColorProgram : oneColorProgram);
+    setUniforms(pass, recipe, style, color);
     pass.bind(mesh);
-    pass.lineState(style.antiAlias, style.lineWidth, static_cast<unsigned short>(style.stipple));
+    setLineState(pass, recipe, style);
     pass.matrix();
     if (recipe.restart.has_value()) {
         pass.restart(*recipe.restart);

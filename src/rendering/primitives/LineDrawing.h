@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "rendering/context/DrawPass.h"
+#include "rendering/gl/Mesh.h"
 
 namespace Orlek::Detail {
 
@@ -19,22 +20,29 @@ namespace Orlek::Detail {
 struct LineRecipe {
     const char* label;  ///< In error lines.
     DrawMode mode;
-    std::optional<std::uint32_t> restart;  ///< Separates runs; without it lines have no indices.
+    /// Separates runs; without it lines have no indices.
+    std::optional<std::uint32_t> restart = std::nullopt;
+    bool setsWidthAndStipple = true;  ///< Otherwise they stay as the application has them.
+    bool colorFirst = false;          ///< The uniform "color" before "lineWidth".
 };
+
+enum class LineColor { One, EachVertex };
 
 /// Uploads separate segments.
 void uploadSegments(std::shared_ptr<Mesh>& mesh, const std::vector<Math::Vector3<float>>& vertices);
 
-/// Uploads strips in their adjacency form, with their lengths in pixels under the current matrix.
+/// Uploads strips: with adjacency in that form and with their lengths in pixels under the current
+/// matrix, otherwise as they are.
+/// @param more streams beside these.
 void uploadStrips(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
-                  const IndexedPoints& points);
+                  const IndexedPoints& points, std::span<const Stream> more = {});
 
 /// Measures the lengths of uploaded strips anew. The mesh must be this drawable's own.
 void updatePositions(Mesh& mesh, const std::vector<Math::Vector3<float>>& vertices);
 
-/// Draws a mesh in one colour.
+/// Draws a mesh.
 /// @param count vertices, or index entries when the recipe has a restart value.
 void drawLines(const LineRecipe& recipe, const LineStyle& style, const Mesh& mesh,
-               std::size_t count);
+               std::size_t count, LineColor color = LineColor::One);
 
 }  // namespace Orlek::Detail

@@ -13,8 +13,8 @@ namespace Orlek::OpenGL {
 namespace {
 
 constexpr auto restartIndex = static_cast<std::uint32_t>(LineLoops::RESTART_INDEX);
-constexpr Detail::LineRecipe recipe{"LineLoops", Detail::DrawMode::LineStripAdjacency,
-                                    restartIndex};
+constexpr Detail::LineRecipe recipe{
+    .label = "LineLoops", .mode = Detail::DrawMode::LineStripAdjacency, .restart = restartIndex};
 
 // The change of the view scale from which on stippled lines are measured anew.
 constexpr double scaleStep = 0.001;

@@ -9,7 +9,7 @@ namespace Orlek::OpenGL {
 
 namespace {
 
-constexpr Detail::LineRecipe recipe{"Lines", Detail::DrawMode::Lines, std::nullopt};
+constexpr Detail::LineRecipe recipe{.label = "Lines", .mode = Detail::DrawMode::Lines};
 
 }  // namespace
 

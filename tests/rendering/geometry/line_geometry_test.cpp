@@ -24,11 +24,11 @@ TEST(Adjacency, DoublesTheEndsOfEveryStrip) {
         {"nothing", {}, {}},
         {"two loops", {0, 1, 2, R, 3, 4, 5, R}, {0, 0, 1, 2, 2, R, 3, 3, 4, 5, 5, R}},
         {"an open end behind a loop", {0, 1, R, 2, 3}, {0, 0, 1, 1, R, 2, 2, 3, 3}},
-        {"one vertex", {7}, {7, 7}},
+        {"one vertex", {7}, {7, 7, 7}},
         {"an empty strip between two",
          {0, 1, R, R, 2, 3, R},
          {0, 0, 1, 1, R, R, R, R, 2, 2, 3, 3, R}},
-        {"an empty strip first", {R, 0, 1, R}, {R, R, 0, 0, 1, 1, R}},
+        {"an empty strip first", {R, 0, 1, R}, {R, R, R, 0, 0, 1, 1, R}},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(Detail::adjacencyIndices(row.plain, R), row.adjacency) << row.what;
