@@ -12,8 +12,10 @@
 #include <Orlek/OpenGL/MatrixStack.h>
 #include <Orlek/OpenGL/Shader.h>
 #include <Orlek/OpenGL/ShaderProgram.h>
+#include <Orlek/OpenGL/StrokeSet.h>
 #include <Orlek/OpenGL/TextureFont.h>
 #include <Orlek/OpenGL/TextureTerrain.h>
+#include <Orlek/OpenGL/VectorFont.h>
 
 /// Drawing into the current OpenGL context.
 namespace Orlek::OpenGL {}

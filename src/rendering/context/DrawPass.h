@@ -67,6 +67,8 @@ public:
         blendFunction();
         mLineState.emplace(arguments...);
     }
+    /// Smooth lines that stay so, and blending without its function; see LineState.
+    static void smoothLinesFromNowOn(float width) { LineState::smoothFromNowOn(width); }
     void restart(std::uint32_t index) { mRestart.emplace(index); }
     /// One texture on unit 0.
     void texture(unsigned name) { mTextures.emplace(name); }

@@ -25,6 +25,10 @@ LineState::LineState(bool smooth) : mStippleToo(false) {
     setSmooth(smooth);
 }
 
+LineState::LineState(bool smooth, float width) : LineState(smooth) {
+    glLineWidth(width);
+}
+
 LineState::LineState(bool smooth, float width, unsigned short stipple) : mStippleToo(true) {
     setSmooth(smooth);
     glLineWidth(width);
@@ -32,6 +36,11 @@ LineState::LineState(bool smooth, float width, unsigned short stipple) : mStippl
     if (stipple != 0) {
         glLineStipple(1, stipple);
     }
+}
+
+void LineState::smoothFromNowOn(float width) {
+    setSmooth(true);
+    glLineWidth(width);
 }
 
 LineState::~LineState() {

@@ -2,16 +2,9 @@
 
 #include <algorithm>
 
+#include "text/layout/Transform.h"
+
 namespace Orlek::Detail {
-namespace {
-
-Math::Vector3<float> transformed(const Math::Matrix4<float>& transform, float x, float y, float z) {
-    const float* m = transform.m;
-    return {m[0] * x + m[4] * y + m[8] * z + m[12], m[1] * x + m[5] * y + m[9] * z + m[13],
-            m[2] * x + m[6] * y + m[10] * z + m[14]};
-}
-
-}  // namespace
 
 TextBatch::TextBatch(Lists lists, std::size_t glyphs, const Math::Matrix4<float>& transform,
                      std::uint32_t restartIndex)
