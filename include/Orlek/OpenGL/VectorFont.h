@@ -32,7 +32,7 @@ namespace Orlek::OpenGL {
 /// | 2    | triangle down     | 14   | VOR/DME        | 23   | arrow down      |
 /// | 3    | triangle left     | 15   | NDB            | 25   | arrow left      |
 /// | 4    | triangle right    | 16   | waypoint       | 26   | arrow right     |
-/// | 5    | square            | 17   | fly-over point | 27   | degree sign     |
+/// | 5    | square            | 17   | crossed circle | 27   | degree sign     |
 /// | 6    | diamond           | 18   | airport        | 28   | plus or minus   |
 /// | 7    | circle            | 19   | heliport       | 29   | check mark      |
 /// | 8    | cross             | 20   | obstacle       | 30   | heading bug     |

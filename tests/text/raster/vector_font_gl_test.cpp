@@ -1,0 +1,274 @@
+// What the stroke font draws, read back.
+#include <Orlek/OpenGL/VectorFont.h>
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+
+#include "FontPicture.h"
+#include "support/GlTest.h"
+
+namespace {
+
+using namespace Orlek::OpenGL;
+using namespace OrlekTest;
+
+// Four pixels for a font unit of the built-in set, so that a capital has 35.7 x 54.8 pixels.
+constexpr double unit = 4.0;
+constexpr double size = 15.97 * unit;
+constexpr double advance = 13.120160 * unit;
+
+struct Bounds {
+    int left, bottom, right, top;
+};
+
+/// The box of the pixels that are at least half covered.
+Bounds boundsOf(FontPicture picture) {
+    Bounds box{picture.width, picture.height, -1, -1};
+    for (int y = 0; y < picture.height; ++y) {
+        for (int x = 0; x < picture.width; ++x) {
+            if (picture.at(x, y) >= 128) {
+                box = {std::min(box.left, x), std::min(box.bottom, y), std::max(box.right, x),
+                       std::max(box.top, y)};
+            }
+        }
+    }
+    return box;
+}
+
+class VectorFontTest : public GlTest {
+protected:
+    void SetUp() override {
+        GlTest::SetUp();
+        glDisable(GL_LINE_SMOOTH);
+        glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    }
+
+    template <typename Function>
+    static FontPicture drawn(Function&& draw) {
+        wipe();
+        silently(draw);
+        return readPicture(width, height);
+    }
+
+    static FontPicture batchOf(VectorFont& font) {
+        return drawn([&] { font.render(); });
+    }
+
+    static FontPicture atOnce(VectorFont& font, const std::string& text, double x, double y,
+                              VectorFont::Alignment align = VectorFont::BOTTOM_LEFT) {
+        return drawn([&] { font.renderFont(x, y, text, size, align); });
+    }
+
+    static void add(VectorFont& font, const std::string& text, float x, float y,
+                    VectorFont::Alignment align = VectorFont::BOTTOM_LEFT) {
+        font.addText(text, {{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, x, y, 0, 1}}, size, align);
+    }
+
+    static void expectBox(const FontPicture& picture, double left, double bottom, double right,
+                          double top) {
+        const Bounds box = boundsOf(picture);
+        EXPECT_NEAR(box.left, left, 1.5);
+        EXPECT_NEAR(box.bottom, bottom, 1.5);
+        EXPECT_NEAR(box.right, right, 1.5);
+        EXPECT_NEAR(box.top, top, 1.5);
+    }
+
+    VectorFont font;
+};
+
+TEST_F(VectorFontTest, PlacesNineAnchorsInBothWays) {
+    const double w = 3 * advance;
+    const double h = size;
+    const struct {
+        int align;
+        double x, y;
+    } rows[] = {{VectorFont::TOP_LEFT, 0, -h},        {VectorFont::CENTER_LEFT, 0, -h / 2},
+                {VectorFont::BOTTOM_LEFT, 0, 0},      {VectorFont::TOP_CENTER, -w / 2, -h},
+                {VectorFont::CENTER, -w / 2, -h / 2}, {VectorFont::BOTTOM_CENTER, -w / 2, 0},
+                {VectorFont::TOP_RIGHT, -w, -h},      {VectorFont::CENTER_RIGHT, -w, -h / 2},
+                {VectorFont::BOTTOM_RIGHT, -w, 0},    {9, 0, 0}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.align);
+        const auto align = static_cast<VectorFont::Alignment>(row.align);
+        // The anchor is chosen so that the text comes to lie at (10, 20).
+        const double x = 10 - row.x;
+        const double y = 20 - row.y;
+        const FontPicture picture = atOnce(font, "AHA", x, y, align);
+        expectBox(picture, 10, 20, 10 + 2 * advance + 8.924760 * unit, 20 + 13.692291 * unit);
+        font.clearVertex();
+        add(font, "AHA", static_cast<float>(x), static_cast<float>(y), align);
+        EXPECT_LE(batchOf(font).distance(picture), 4);
+    }
+}
+
+TEST_F(VectorFontTest, SkipsBytesWithoutACharacter) {
+    const FontPicture two = atOnce(font, "AH", 10, 20);
+    EXPECT_EQ(atOnce(font,
+                     "\x80"
+                     "A\xff\xe4H\xc0",
+                     10, 20)
+                  .distance(two),
+              0);
+    add(font, "A\xff\xe4H", 10, 20);
+    EXPECT_LE(batchOf(font).distance(two), 4);
+    // They count in the width.
+    const FontPicture right =
+        atOnce(font, "AH\xff", 10 + 3 * advance, 20, VectorFont::BOTTOM_RIGHT);
+    EXPECT_LE(right.distance(two), 4);
+    EXPECT_TRUE(atOnce(font, "\xff\x80 ", 10, 20).blank());
+    const std::string nul("A\0H", 3);
+    EXPECT_EQ(atOnce(font, nul, 10, 20).distance(atOnce(font, "A H", 10, 20)), 0);
+}
+
+TEST_F(VectorFontTest, TransformsBatchedTexts) {
+    // A quarter turn: the text runs upwards from (90, 5), its left side up.
+    font.addText("HI", {{0, 1, 0, 0, -1, 0, 0, 0, 0, 0, 1, 0, 90, 5, 0, 1}}, size / 2,
+                 VectorFont::BOTTOM_LEFT);
+    expectBox(batchOf(font), 90 - 13.692291 * 2, 5, 90, 5 + (13.12016 + 7.809165) * 2);
+}
+
+TEST_F(VectorFontTest, UsesColourAndWidthOfTheMomentOfDrawing) {
+    add(font, "L", 60, 20);
+    font.setColor({0.0F, 1.0F, 0.5F, 1.0F});
+    font.setLineWidth(5.0);
+    font.render();
+    EXPECT_EQ(row(50, 50, 70), ".......######.......");
+    const Pixel stem = pixel(60, 50);
+    EXPECT_EQ(stem[0], 0);
+    EXPECT_EQ(stem[1], 255);
+    EXPECT_NEAR(stem[2], 128, 1);
+    wipe();
+    font.setLineWidth(1.0);
+    font.render();
+    EXPECT_EQ(row(50, 50, 70), ".........##.........");
+}
+
+TEST_F(VectorFontTest, LeavesTheStateAsEachWayOfDrawingSays) {
+    glBlendFunc(GL_ONE, GL_ZERO);
+    MatrixSet({{2, 0, 0, 0, 0, 2, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1}});
+    for (int i = 0; i < 40; ++i) {
+        MatrixPush();  // until the stack is full
+    }
+    silently([&] { font.renderFont(0.1, 0.2, "A", 0.1, VectorFont::CENTER); });
+    EXPECT_EQ(MatrixGet().m[0], 2.0F);
+    EXPECT_EQ(MatrixGet().m[12], 0.0F);
+    for (int i = 0; i < 31; ++i) {
+        MatrixLoadIdent();
+        MatrixPop();
+    }
+    EXPECT_EQ(MatrixGet().m[0], 2.0F) << "the text has left the stack as high as it was";
+    EXPECT_TRUE(glIsEnabled(GL_BLEND));
+    EXPECT_TRUE(glIsEnabled(GL_LINE_SMOOTH));
+    EXPECT_EQ(integer(GL_BLEND_SRC), GL_ONE);
+    GLfloat lineWidth = 0.0F;
+    glGetFloatv(GL_LINE_WIDTH, &lineWidth);
+    EXPECT_EQ(lineWidth, 1.5F);
+
+    glEnable(GL_LINE_STIPPLE);
+    font.setLineWidth(2.5);
+    add(font, "A", 0, 0);
+    silently([&] { font.render(); });
+    EXPECT_TRUE(glIsEnabled(GL_BLEND));
+    EXPECT_TRUE(glIsEnabled(GL_LINE_STIPPLE)) << "the stipple is the application's";
+    EXPECT_FALSE(glIsEnabled(GL_LINE_SMOOTH));
+    EXPECT_FALSE(glIsEnabled(GL_PRIMITIVE_RESTART));
+    EXPECT_EQ(integer(GL_PRIMITIVE_RESTART_INDEX), -1);
+    EXPECT_EQ(integer(GL_BLEND_SRC), GL_SRC_ALPHA);
+    EXPECT_EQ(integer(GL_BLEND_DST), GL_ONE_MINUS_SRC_ALPHA);
+    glGetFloatv(GL_LINE_WIDTH, &lineWidth);
+    EXPECT_EQ(lineWidth, 2.5F);
+    glDisable(GL_LINE_STIPPLE);
+}
+
+TEST_F(VectorFontTest, StartsAnewAfterClearing) {
+    EXPECT_TRUE(batchOf(font).blank());
+    add(font, "", 10, 20);
+    EXPECT_TRUE(batchOf(font).blank());
+    add(font, "old", 10, 20);
+    const FontPicture old = batchOf(font);
+    EXPECT_FALSE(old.blank());
+    add(font, "", 10, 20);
+    EXPECT_EQ(batchOf(font).distance(old), 0);
+    EXPECT_EQ(newNames(), 5);
+    font.clear();
+    font.clear();
+    EXPECT_EQ(newNames(), 0);
+    EXPECT_EQ(batchOf(font).distance(old), 0);
+    EXPECT_LE(atOnce(font, "old", 10, 20).distance(old), 4);
+    EXPECT_EQ(batchOf(font).distance(old), 0) << "both ways from one object";
+    font.clearVertex();
+    EXPECT_TRUE(batchOf(font).blank());
+    add(font, "new", 10, 20);
+    EXPECT_LE(batchOf(font).distance(atOnce(font, "new", 10, 20)), 4);
+}
+
+TEST_F(VectorFontTest, CopiesPartWhenOneChangesAndOutliveEachOther) {
+    add(font, "ab", 10, 20);
+    const FontPicture shared = batchOf(font);
+    std::optional<VectorFont> copy(font);
+    EXPECT_EQ(newNames(), 5);
+    add(*copy, "c", 130, 20);
+    const FontPicture both = batchOf(*copy);
+    EXPECT_GT(both.distance(shared), 0);
+    EXPECT_EQ(batchOf(font).distance(shared), 0);
+    VectorFont other;
+    other = *copy;
+    const VectorFont& same = other;
+    other = same;
+    copy.reset();
+    font.clear();
+    EXPECT_EQ(batchOf(other).distance(both), 0);
+    other.clear();
+    EXPECT_EQ(newNames(), 0);
+}
+
+TEST_F(VectorFontTest, DrawsASetOfTheApplication) {
+    // Code 0 is blank, code 1 a bar 10 units high; the pen moves by 5 units.
+    const CHARDEF_STRUCT bars[] = {{0, 0, 1}, {0, 0, 3}, {1, 0, 1}, {1, 10, 3}};
+    CHARSET_STRUCT own{{0, 0}, 2, {}, 5.0F, bars};
+    silently([&] {
+        font.vectorFontInit(nullptr);  // no set yet
+        font.vectorFontInit(&own);
+    });
+    own.records = nullptr;  // needed during the call only
+    const std::string text("\1\0\1A\1", 5);
+    const FontPicture picture = atOnce(font, text, 10, 20);
+    expectBox(picture, 10 + 1 * unit, 20, 10 + 21 * unit, 20 + 10 * unit);
+    EXPECT_EQ(row(40, 0, 70),
+              ".............##......................................##...............");
+    add(font, text, 10, 20);
+    EXPECT_LE(batchOf(font).distance(picture), 4);
+    CHARSET_STRUCT nothing{{0, 0}, 0, {}, 1.0F, nullptr};
+    font.vectorFontInit(&nothing);
+    EXPECT_EQ(atOnce(font, text, 10, 20).distance(picture), 0) << "the first set stays";
+    VectorFont empty;
+    empty.vectorFontInit(&nothing);
+    EXPECT_TRUE(atOnce(empty, "A", 10, 20).blank());
+    VectorFont builtIn;
+    builtIn.vectorFontInit(nullptr);
+    EXPECT_FALSE(atOnce(builtIn, "A", 10, 20).blank());
+    builtIn.vectorFontInit(&own);
+    EXPECT_FALSE(atOnce(builtIn, "A", 10, 20).blank());
+}
+
+TEST_F(VectorFontTest, StaysQuietWithNumbersThatMakeNoSense) {
+    for (const double odd : {0.0, -20.0, 1e300, std::numeric_limits<double>::quiet_NaN()}) {
+        add(font, "A", 1, 1);
+        font.addText("A", {{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1}}, odd,
+                     VectorFont::CENTER);
+        silently([&] { font.render(); });
+        silently([&] { font.renderFont("A", odd, VectorFont::CENTER); });
+        silently([&] { font.renderFont(odd, odd, "A", 10.0, VectorFont::CENTER); });
+    }
+}
+
+TEST(OppositeColor, IsTheGreyOppositeTheRed) {
+    const auto opposite = getOppositeColor({0.25F, 0.9F, 0.1F, 0.5F});
+    EXPECT_EQ(opposite.x, 0.75F);
+    EXPECT_EQ(opposite.y, 0.75F);
+    EXPECT_EQ(opposite.z, 0.75F);
+    EXPECT_EQ(opposite.w, 0.5F);
+}
+
+}  // namespace
