@@ -14,6 +14,7 @@
 #include <Orlek/OpenGL/ShaderProgram.h>
 #include <Orlek/OpenGL/StrokeSet.h>
 #include <Orlek/OpenGL/TextureFont.h>
+#include <Orlek/OpenGL/TextureFontSdf.h>
 #include <Orlek/OpenGL/TextureTerrain.h>
 #include <Orlek/OpenGL/VectorFont.h>
 

@@ -21,8 +21,7 @@ struct GlyphInfo {
     float t1 = 0.0F;       ///< Top edge of the bitmap in the atlas.
     float top = 0.0F;      ///< Top of the bitmap above the baseline.
     float advance = 0.0F;  ///< Way of the pen to the next character.
-    /// x: from the pen to the left edge of the bitmap; y: from the baseline to its top, left at 0
-    /// by `TextureFont`.
+    /// x: from the pen to the left edge of the bitmap; y: from the baseline to its top.
     Math::Vector2<float> bearing{0.0F, 0.0F};
     float width = 0.0F;   ///< Columns of the bitmap in the atlas.
     float height = 0.0F;  ///< Rows of the bitmap in the atlas.

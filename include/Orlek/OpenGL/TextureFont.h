@@ -3,21 +3,16 @@
 
 #include <Orlek/Export.h>
 #include <Orlek/Math/Matrix4.h>
-#include <Orlek/Math/Vector2.h>
-#include <Orlek/Math/Vector3.h>
 #include <Orlek/Math/Vector4.h>
-#include <Orlek/OpenGL/GlyphInfo.h>
+#include <Orlek/OpenGL/AtlasText.h>
 
-#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <vector>
 
 struct FT_LibraryRec_;
 
 namespace Orlek::Detail {
-class Mesh;
 class Texture;
 struct GlyphAtlas;
 }  // namespace Orlek::Detail
@@ -129,8 +124,7 @@ public:
     void renderFont(const std::string& text, Alignment align);
 
     /// Draws one string at once with its anchor at (x, y, 0).
-    /// @param x, y position in the units of the current matrix, which is restored afterwards unless
-    /// the stack is full.
+    /// @param x, y position in the units of the current matrix, which is restored afterwards.
     /// @param text any bytes.
     /// @param align the anchor.
     void renderFont(double x, double y, const std::string& text, Alignment align);
@@ -151,23 +145,14 @@ public:
     unsigned int texture();
 
 private:
-    using Glyphs = std::array<GlyphInfo, MAX_CHAR>;
-
     bool makeObjects(const Detail::GlyphAtlas& atlas);
-    void setData();
 
     static bool mInitDone;
     static FT_LibraryRec_* mFtLibrary;
 
-    std::vector<Math::Vector3<float>> mVertices;
-    std::vector<Math::Vector2<float>> mUvs;
-    std::vector<std::uint32_t> mIndices;
-    bool mDirty = false;
-    Glyphs mGlyphs;
-    int mMaxGlyphHeight = 0;
+    Detail::GlyphSet mGlyphs;
+    Detail::AtlasText mText;
     std::shared_ptr<Detail::Texture> mTexture;
-    std::shared_ptr<Detail::Mesh> mAtlasMesh;
-    std::shared_ptr<Detail::Mesh> mBatchMesh;
     Math::Vector4<float> mColor{1.0F, 1.0F, 1.0F, 1.0F};
 };
 

@@ -68,6 +68,14 @@ void DrawPass::setViewPort() {
     }
 }
 
+int DrawPass::locate(std::string_view uniform) const {
+    return uniformLocation(mProgram, uniform);
+}
+
+void DrawPass::setAt(int location, const Math::Vector3<float>& value) {
+    glUniform3f(location, value.x, value.y, value.z);
+}
+
 void DrawPass::blend() {
     glEnable(GL_BLEND);
     blendFunction();

@@ -58,6 +58,11 @@ public:
     void set(std::string_view uniform, const Math::Vector4<float>& value);
     void setViewPort();
 
+    /// The location of a uniform that is set many times in the pass; -1 if the program lacks it.
+    int locate(std::string_view uniform) const;
+    /// Sets it with one GL call; errors are left to the end of the pass.
+    static void setAt(int location, const Math::Vector3<float>& value);
+
     /// Blends by source alpha.
     void blend();
 

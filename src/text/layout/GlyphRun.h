@@ -3,6 +3,7 @@
 
 #include <Orlek/OpenGL/GlyphInfo.h>
 
+#include <algorithm>
 #include <span>
 #include <string_view>
 
@@ -15,6 +16,18 @@ class GlyphRun {
 public:
     GlyphRun(std::span<const OpenGL::GlyphInfo, slotCount> glyphs, std::string_view text)
         : mGlyphs(glyphs), mText(text) {}
+
+    /// Number of characters.
+    std::size_t size() const { return mText.size(); }
+
+    /// Rows of the highest bitmap.
+    float height() const {
+        float highest = 0.0F;
+        walk([&](std::size_t, const OpenGL::GlyphInfo& glyph, float) {
+            highest = std::max(highest, glyph.height);
+        });
+        return highest;
+    }
 
     /// The sum of the advances.
     float width() const {

@@ -6,10 +6,11 @@
 
 namespace Orlek::Detail {
 
-TextBatch::TextBatch(Lists lists, std::size_t glyphs, const Math::Matrix4<float>& transform,
+TextBatch::TextBatch(Lists lists, std::size_t glyphs, const Placement& placement,
                      std::uint32_t restartIndex)
     : mLists(lists),
-      mTransform(transform),
+      mScale(placement.scale),
+      mTransform(placement.transform),
       mRestartIndex(restartIndex),
       mVertexCount(lists.vertices.size()),
       mIndexCount(lists.indices.size()) {
@@ -30,7 +31,8 @@ void TextBatch::append(const OpenGL::GlyphInfo& glyph, Math::Vector2<float> shif
     std::uint32_t* const indices = mLists.indices.data() + mIndexCount;
     for (std::size_t k = 0; k < corners; ++k) {
         const Math::Vector3<float>& corner = glyph.vertices[k];
-        vertices[k] = transformed(mTransform, corner.x + shift.x, corner.y + shift.y, corner.z);
+        vertices[k] = transformed(mTransform, mScale * (corner.x + shift.x),
+                                  mScale * (corner.y + shift.y), mScale * corner.z);
         indices[k] = static_cast<std::uint32_t>(mVertexCount + k);
     }
     std::copy_n(glyph.uvs.data(), corners, mLists.uvs.data() + mVertexCount);

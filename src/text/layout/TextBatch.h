@@ -27,19 +27,26 @@ public:
         std::vector<std::uint32_t>& indices;
     };
 
+    /// What a corner goes through: first the scale, then the matrix.
+    struct Placement {
+        float scale;
+        const Math::Matrix4<float>& transform;
+    };
+
     /// For at most `glyphs` glyphs. Nothing else may change the lists during the scope.
-    TextBatch(Lists lists, std::size_t glyphs, const Math::Matrix4<float>& transform,
+    TextBatch(Lists lists, std::size_t glyphs, const Placement& placement,
               std::uint32_t restartIndex);
     ~TextBatch();
     TextBatch(const TextBatch&) = delete;
     TextBatch& operator=(const TextBatch&) = delete;
 
-    /// Appends transform x (corner + shift, 1), w dropped, for the corners of the glyph that have
-    /// a texture coordinate (at most four), then the restart index.
+    /// Appends transform x (scale x (corner + shift), 1), w dropped, for the corners of the glyph
+    /// that have a texture coordinate (at most four), then the restart index.
     void append(const OpenGL::GlyphInfo& glyph, Math::Vector2<float> shift);
 
 private:
     Lists mLists;
+    const float mScale;
     const Math::Matrix4<float> mTransform;
     std::uint32_t mRestartIndex;
     std::size_t mVertexCount;

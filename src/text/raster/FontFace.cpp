@@ -9,6 +9,7 @@
 #include <cstdlib>
 
 #include "platform/Report.h"
+#include "platform/WholeFile.h"
 
 namespace Orlek::Detail {
 namespace {
@@ -48,6 +49,23 @@ FT_LibraryRec_* openFreeType() {
     FT_Add_Default_Modules(library);
     FT_Set_Default_Properties(library);
     return library;
+}
+
+void startFreeType(bool& done, FT_LibraryRec_*& library) {
+    if (done) {
+        return;
+    }
+    library = openFreeType();
+    done = library != nullptr;
+    report(done ? "INIT Freetype done\n" : "init freetype failed !\n");
+}
+
+bool readFontFile(const char* label, const char* fileName, std::vector<char>& bytes) {
+    if (fileName == nullptr || !readWholeFile(fileName, bytes)) {
+        report("%s::load could not open <%s>\n", label, fileName == nullptr ? "" : fileName);
+        return false;
+    }
+    return true;
 }
 
 unsigned char GlyphBitmap::coverage(std::size_t row, std::size_t column) const {
@@ -101,6 +119,7 @@ std::optional<RenderedGlyph> FontFace::render(unsigned int character) {
     return RenderedGlyph{static_cast<float>(slot->bitmap_top),
                          pixels(slot->advance.x),
                          pixels(slot->metrics.horiBearingX),
+                         pixels(slot->metrics.horiBearingY),
                          bitmap.width,
                          bitmap.rows,
                          {bitmap.buffer + topRow, pitch, bitmap.pixel_mode == FT_PIXEL_MODE_GRAY}};

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <vector>
 
 struct FT_FaceRec_;
 struct FT_LibraryRec_;
@@ -12,6 +13,13 @@ namespace Orlek::Detail {
 /// Starts FreeType; null when it fails. The handle is never released. No single request of a font
 /// for memory is granted beyond 64 MiB, so a font that lies about its sizes fails to open.
 FT_LibraryRec_* openFreeType();
+
+/// Starts FreeType for a class of fonts unless `done` says that it runs, and prints whether it
+/// does.
+void startFreeType(bool& done, FT_LibraryRec_*& library);
+
+/// Reads a font file whole. A failure is printed as one of `label`'s `load`.
+bool readFontFile(const char* label, const char* fileName, std::vector<char>& bytes);
 
 /// Pixels of a rendered character, valid until the face loads the next one.
 class GlyphBitmap {
@@ -36,6 +44,7 @@ struct RenderedGlyph {
     float top;
     float advance;
     float bearingX;
+    float bearingY;
     std::size_t width;
     std::size_t rows;
     GlyphBitmap bitmap;

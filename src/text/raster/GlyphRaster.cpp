@@ -52,7 +52,7 @@ void describe(OpenGL::GlyphInfo& info, const RenderedGlyph& glyph, const Rectang
     // Rows cut off at the top must not move the rest.
     info.top = glyph.top - (static_cast<float>(glyph.rows) - info.height);
     info.advance = glyph.advance;
-    info.bearing.x = glyph.bearingX;
+    info.bearing = {glyph.bearingX, glyph.bearingY};
     info.s0 = (static_cast<float>(place.x) - border) / atlasWidth;
     info.t0 = (static_cast<float>(place.y) - border) / atlasHeight;
     info.s1 = info.s0 + (2.0F * border + info.width) / atlasWidth;
@@ -92,6 +92,21 @@ void rasterGlyphs(FontFace& face, const ShelfLayout& layout, GlyphAtlas& atlas,
             describe(glyphs[slot], *glyph, place, atlas, layout.recipe().padding);
         }
     }
+}
+
+bool buildAtlas(FontFace& face, int pixelHeight, ShelfRecipe recipe, GlyphAtlas& atlas,
+                GlyphSet& font) {
+    if (!face.setPixelHeight(pixelHeight)) {
+        report("FT_Set_Pixel_Sizes failed !\n");
+        return false;
+    }
+    const ShelfLayout layout = layoutGlyphs(face, recipe);
+    font.maxGlyphHeight = layout.maxHeight();
+    if (!allocateAtlas(layout, atlas)) {
+        return false;
+    }
+    rasterGlyphs(face, layout, atlas, font.glyphs);
+    return true;
 }
 
 void makeQuads(std::span<OpenGL::GlyphInfo, slotCount> glyphs, int padding) {

@@ -1,12 +1,13 @@
 // Draws the 224 characters of a font into one atlas, without GL.
 #pragma once
 
-#include <Orlek/OpenGL/GlyphInfo.h>
+#include <Orlek/OpenGL/AtlasText.h>
 
 #include <cstdint>
 #include <span>
 #include <vector>
 
+#include "rendering/gl/Texture.h"
 #include "text/layout/CharacterSlots.h"
 #include "text/raster/FontFace.h"
 #include "text/raster/ShelfLayout.h"
@@ -18,6 +19,11 @@ struct GlyphAtlas {
     int width = 0;
     int height = 0;
     std::vector<std::uint8_t> pixels;
+
+    /// For the upload; valid as long as the atlas.
+    TextureImage image() const {
+        return {pixels.data(), static_cast<std::size_t>(width), static_cast<std::size_t>(height)};
+    }
 };
 
 /// Measures all characters and gives each its cell. Characters that cannot be loaded are reported.
@@ -32,6 +38,11 @@ bool allocateAtlas(const ShelfLayout& layout, GlyphAtlas& atlas);
 /// character that cannot be rendered keeps what it held.
 void rasterGlyphs(FontFace& face, const ShelfLayout& layout, GlyphAtlas& atlas,
                   std::span<OpenGL::GlyphInfo, slotCount> glyphs);
+
+/// All of it for one pixel height. The line height is set as soon as it is known, the rest only if
+/// there is room. Reports and returns false when the font has no such height, or no memory is left.
+bool buildAtlas(FontFace& face, int pixelHeight, ShelfRecipe recipe, GlyphAtlas& atlas,
+                GlyphSet& font);
 
 /// Makes each record's quad: the rectangle of its bitmap and `padding` pixels around it.
 void makeQuads(std::span<OpenGL::GlyphInfo, slotCount> glyphs, int padding);

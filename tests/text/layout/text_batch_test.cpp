@@ -16,7 +16,7 @@ TEST(TextBatch, TransformsShiftedCornersAndEndsEachGlyphWithRestart) {
     std::vector<Math::Vector2<float>> uvs;
     std::vector<std::uint32_t> indices;
     {
-        TextBatch batch({vertices, uvs, indices}, 3, placement, 77U);
+        TextBatch batch({vertices, uvs, indices}, 3, {1.0F, placement}, 77U);
         batch.append(glyph, {10.0F, 1.0F});
         glyph.uvs.resize(3);  // the shorter list of corners counts
         batch.append(glyph, {0.0F, 0.0F});

@@ -1,0 +1,34 @@
+#include "text/raster/FieldAtlas.h"
+
+#include "platform/MallocArray.h"
+#include "text/raster/DistanceField.h"
+
+namespace Orlek::Detail {
+namespace {
+
+constexpr ShelfRecipe shelves{.shelfWidth = 1024, .gap = 2 * fieldPadding, .padding = fieldPadding};
+
+void toDistances(GlyphAtlas& atlas) {
+    const std::size_t floats = fieldWorkFloats * atlas.pixels.size();
+    const MallocArray<float> work = mallocArray<float>(floats);
+    if (work == nullptr) {
+        return;
+    }
+    const auto width = static_cast<std::size_t>(atlas.width);
+    std::uint8_t* const pixels = atlas.pixels.data();
+    buildDistanceField({pixels, width, static_cast<std::size_t>(atlas.height), width},
+                       static_cast<float>(fieldRadius), pixels, width, {work.get(), floats});
+}
+
+}  // namespace
+
+bool buildFieldAtlas(FontFace& face, GlyphAtlas& atlas, GlyphSet& font) {
+    if (!buildAtlas(face, fieldDesignSize, shelves, atlas, font)) {
+        return false;
+    }
+    toDistances(atlas);
+    makeQuads(font.glyphs, fieldPadding);
+    return true;
+}
+
+}  // namespace Orlek::Detail
