@@ -23,9 +23,7 @@ void Stroke::segment(Point from, Point to) {
 }
 
 void Stroke::polyline(const Polyline& points) {
-    for (std::size_t i = 1; i < points.size(); ++i) {
-        segment(points[i - 1], points[i]);
-    }
+    mStrips.addLineStrip(toFloat(points));
 }
 
 void Stroke::loop(const Polyline& points) {
@@ -37,13 +35,16 @@ void Stroke::circle(Point centre, double radius) {
 }
 
 void Stroke::render(const Colour& colour, double width, unsigned short stipple) {
-    mLines.setColor(colour);
-    mLines.setLineWidth(static_cast<float>(width));
-    mLines.setStipple(stipple);
+    const auto set = [&](auto& lines) {
+        lines.setColor(colour);
+        lines.setLineWidth(static_cast<float>(width));
+        lines.setStipple(stipple);
+    };
+    set(mLines);
     mLines.render();
-    mLoops.setColor(colour);
-    mLoops.setLineWidth(static_cast<float>(width));
-    mLoops.setStipple(stipple);
+    set(mStrips);
+    mStrips.render(-1);
+    set(mLoops);
     mLoops.render(1.0);
 }
 
@@ -53,6 +54,7 @@ void Stroke::draw(const Pen& pen) {
     }
     render(pen.colour, pen.width, pen.stipple);
     mLines.clearVertex();
+    mStrips.clearVertex();
     mLoops.clearVertex();
 }
 

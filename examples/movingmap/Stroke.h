@@ -21,7 +21,7 @@ struct Pen {
     unsigned short stipple = 0;
 };
 
-/// Draws lines. Collect with the first two, then draw; all of a call share a pen.
+/// Draws lines. Collect with the first four, then draw; all of a call share a pen.
 class Stroke {
 public:
     void segment(Point from, Point to);
@@ -36,6 +36,7 @@ private:
     void render(const Colour& colour, double width, unsigned short stipple);
 
     Orlek::OpenGL::Lines mLines;
+    Orlek::OpenGL::LineStrips mStrips;
     Orlek::OpenGL::LineLoops mLoops;
 };
 
