@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "HeadlessContext.h"
+#include "TextFrames.h"
 #include "platform/WholeFile.h"
 #include "text/raster/GlyphRaster.h"
 
@@ -26,33 +27,12 @@
 namespace {
 
 using namespace Orlek;
+using namespace OrlekBench;
 
 const char* const fontFile = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
 constexpr int pixelSize = 12;
 constexpr int width = 1280;
 constexpr int height = 800;
-
-struct Label {
-    std::string text;
-    float x;
-    float y;
-};
-
-std::vector<Label> makeLabels() {
-    std::vector<Label> labels;
-    for (int i = 0; i < 1000; ++i) {
-        std::string text;
-        for (int c = 0; c < 20; ++c) {
-            text.push_back(static_cast<char>('!' + (i * 7 + c * 13) % 90));
-        }
-        labels.push_back({text, static_cast<float>(i % 8 * 158), static_cast<float>(i / 8 * 6)});
-    }
-    return labels;
-}
-
-Math::Matrix4<float> placed(const Label& label) {
-    return {{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, label.x, label.y, 0, 1}};
-}
 
 /// The glyphs of the font, as a program with an atlas of its own would keep them.
 std::array<OpenGL::GlyphInfo, Detail::slotCount> makeGlyphs() {
@@ -204,20 +184,6 @@ struct Scene {
 Scene& scene() {
     static Scene shared;
     return shared;
-}
-
-/// Times whole frames, after one in which the driver compiles its shaders.
-template <typename Draw>
-void measureFrames(benchmark::State& state, Draw draw) {
-    const auto frame = [&draw] {
-        glClear(GL_COLOR_BUFFER_BIT);
-        draw();
-        glFinish();
-    };
-    frame();
-    for (auto _ : state) {
-        frame();
-    }
 }
 
 void unchangedBatch(benchmark::State& state) {

@@ -19,11 +19,8 @@ struct Sizes {
 Sizes sizesOf(const StrokeCharacters& characters, std::string_view text) {
     Sizes sizes;
     walkStrokes(characters, text, [&](char byte, float) {
-        const std::span<const Stroke> strokes = characters.strokes(byte);
-        sizes.strokes += strokes.size();
-        for (const Stroke& stroke : strokes) {
-            sizes.points += stroke.count;
-        }
+        sizes.points += characters.points(byte).size();
+        sizes.strokes += characters.strokes(byte).size();
     });
     return sizes;
 }
@@ -51,16 +48,18 @@ void appendStrokes(std::vector<Math::Vector3<float>>& vertices, std::vector<std:
     const Math::Matrix4<float> transform = placement.transform;
     const double s = placement.scale;
     const double up = s * static_cast<double>(placement.offset.y);
+    const auto z = static_cast<float>(s * 0.0);  // of all points
+    auto point = vertices.begin() + static_cast<std::ptrdiff_t>(vertex);
     walkStrokes(characters, text, [&](char byte, float pen) {
         const double right = s * static_cast<double>(pen + placement.offset.x);
+        for (const Math::Vector3<float>& q : characters.points(byte)) {
+            const auto x = static_cast<float>(s * static_cast<double>(q.x) + right);
+            const auto y = static_cast<float>(s * static_cast<double>(q.y) + up);
+            *point++ = transformed(transform, x, y, z);
+        }
         for (const Stroke& stroke : characters.strokes(byte)) {
             for (std::size_t k = 0; k < stroke.count; ++k) {
-                const Math::Vector3<float>& q = characters.points()[stroke.start + k];
-                indices[index++] = static_cast<std::uint32_t>(vertex);
-                vertices[vertex++] =
-                    transformed(transform, static_cast<float>(s * static_cast<double>(q.x) + right),
-                                static_cast<float>(s * static_cast<double>(q.y) + up),
-                                static_cast<float>(s * static_cast<double>(q.z)));
+                indices[index++] = static_cast<std::uint32_t>(vertex++);
             }
             indices[index++] = restartIndex;
         }

@@ -49,4 +49,13 @@ std::span<const Stroke> StrokeCharacters::strokes(char byte) const {
                                        mFirstStroke[code + 1] - mFirstStroke[code]);
 }
 
+std::span<const Math::Vector3<float>> StrokeCharacters::points(char byte) const {
+    const std::span<const Stroke> taken = strokes(byte);
+    if (taken.empty()) {
+        return {};
+    }
+    const std::size_t start = taken.front().start;
+    return std::span(mPoints).subspan(start, taken.back().start + taken.back().count - start);
+}
+
 }  // namespace Orlek::Detail

@@ -33,6 +33,9 @@ public:
     /// The strokes of a byte below 128.
     std::span<const Stroke> strokes(char byte) const;
 
+    /// The points of these strokes, one stroke after the other.
+    std::span<const Math::Vector3<float>> points(char byte) const;
+
     const std::vector<Math::Vector3<float>>& points() const { return mPoints; }
     float advance() const { return mAdvance; }
 
