@@ -1,0 +1,82 @@
+// Draws the sheet of all characters of the stroke font with their codes.
+//   orlek-strokesheet [file.png [size [line width]]]
+#include <GL/gl.h>
+#include <Orlek/Orlek.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+#include <string>
+
+#include "HeadlessContext.h"
+#include "Png.h"
+
+namespace {
+
+using namespace Orlek::OpenGL;
+
+constexpr int columns = 16;
+constexpr int rows = 8;
+constexpr double captionSize = 9.0;
+
+/// Places of the characters, in pixels.
+struct Grid {
+    int stepX;
+    int stepY;
+    double size;
+
+    explicit Grid(double drawingSize)
+        : stepX(std::max(30, static_cast<int>(1.3 * drawingSize))),
+          stepY(static_cast<int>(2.0 * drawingSize + 1.5 * captionSize)),
+          size(drawingSize) {}
+
+    int width() const { return columns * stepX + stepX / 2; }
+    int height() const { return rows * stepY + stepY / 5; }
+
+    void add(VectorFont& font, int code, const std::string& text, double textSize,
+             double below) const {
+        const double x = stepX * (code % columns + 0.75);
+        const double y = stepY * (rows - code / columns - 0.8) + 0.5 * size - below;
+        font.addText(text,
+                     {{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, static_cast<float>(x),
+                       static_cast<float>(y), 0, 1}},
+                     textSize, VectorFont::BOTTOM_CENTER);
+    }
+};
+
+void draw(const std::string& path, const Grid& grid, double lineWidth) {
+    OrlekSupport::HeadlessContext context(grid.width(), grid.height());
+    MatrixLoadIdent();
+    MatrixTranslate(-1.0, -1.0, 0.0);
+    MatrixScale(2.0 / grid.width(), 2.0 / grid.height(), 1.0);
+    glClearColor(0.03F, 0.05F, 0.08F, 1.0F);
+    glClear(GL_COLOR_BUFFER_BIT);
+    VectorFont characters;
+    VectorFont captions;
+    for (int code = 0; code < columns * rows; ++code) {
+        grid.add(characters, code, std::string(1, static_cast<char>(code)), grid.size, 0.0);
+        grid.add(captions, code, std::to_string(code), captionSize,
+                 0.4 * grid.size + 1.1 * captionSize);
+    }
+    characters.setLineWidth(lineWidth);
+    characters.render();
+    captions.setLineWidth(1.0);
+    captions.setColor({0.3F, 0.75F, 0.5F, 1.0F});
+    captions.render();
+    OrlekSupport::writePng(path, OrlekSupport::readFramebuffer(grid.width(), grid.height()));
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    try {
+        const std::string path = count > 1 ? arguments[1] : "strokefont.png";
+        const double size = count > 2 ? std::atof(arguments[2]) : 36.0;
+        draw(path, Grid(std::clamp(size, 6.0, 200.0)), count > 3 ? std::atof(arguments[3]) : 2.0);
+        std::cout << path << "\n";
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << "\n";
+        return 1;
+    }
+}
