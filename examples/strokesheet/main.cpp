@@ -36,8 +36,9 @@ struct Grid {
 
     void add(VectorFont& font, int code, const std::string& text, double textSize,
              double below) const {
+        const int row = code / columns;
         const double x = stepX * (code % columns + 0.75);
-        const double y = stepY * (rows - code / columns - 0.8) + 0.5 * size - below;
+        const double y = stepY * (rows - row - 0.8) + 0.5 * size - below;
         font.addText(text,
                      {{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, static_cast<float>(x),
                        static_cast<float>(y), 0, 1}},

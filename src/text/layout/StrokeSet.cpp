@@ -3,6 +3,8 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <span>
 #include <string_view>
 
 #include "text/layout/BuiltInStrokeSet.h"
@@ -69,9 +71,8 @@ private:
         return sign * (whole + (take(".25") ? 1 : take(".5") ? 2 : take(".75") ? 3 : 0));
     }
 
-    template <std::size_t count>
-    static constexpr float onLines(const std::array<float, count>& lines, int position) {
-        require(position >= 0 && position <= 4 * (static_cast<int>(count) - 1));
+    static constexpr float onLines(std::span<const float> lines, int position) {
+        require(position >= 0 && position <= 4 * (static_cast<int>(lines.size()) - 1));
         const auto line = static_cast<std::size_t>(position / 4);
         const int quarter = position % 4;
         if (quarter == 0) {

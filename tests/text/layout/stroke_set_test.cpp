@@ -61,7 +61,7 @@ TEST(StrokeSet, HasTheMeasuresAndRowsThatOthersRelyOn) {
                             {0, 6.846146F, 1},
                             {8.924760F, 6.846146F, 3}}));
     const Row box{{0, 0, 1}, {8.9F, 0, 1}, {8.9F, 20, 1}, {0, 20, 1}, {0, 0, 3}};
-    for (const std::size_t code : {9, 10, 13, 24, 127}) {
+    for (const std::size_t code : {9U, 10U, 13U, 24U, 127U}) {
         EXPECT_EQ(all[code], box) << code;
     }
 }
