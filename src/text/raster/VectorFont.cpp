@@ -3,6 +3,7 @@
 #include <Orlek/OpenGL/MatrixStack.h>
 
 #include "rendering/context/DrawPass.h"
+#include "rendering/context/MatrixScope.h"
 #include "rendering/gl/Errors.h"
 #include "rendering/gl/Mesh.h"
 #include "rendering/gl/Names.h"
@@ -18,11 +19,10 @@ constexpr unsigned strokeProgram = 7;
 
 // Uploads the current matrix moved and scaled, and leaves the matrix as it was.
 void placeText(Detail::DrawPass& pass, double x, double y, double scale) {
-    const Math::Matrix4<float> before = MatrixGet();
+    const Detail::MatrixScope scope;
     MatrixTranslate(x, y, 0.0);
     MatrixScale(scale, scale, 1.0);
     pass.matrix();
-    MatrixSet(before);
 }
 
 }  // namespace
@@ -86,10 +86,10 @@ void VectorFont::render() {
     }
     Detail::DrawPass pass(label, strokeProgram);
     pass.restart(RESTART_INDEX);
-    pass.lineState(true, static_cast<float>(mLineWidth));
     pass.set("color", mColor);
     pass.set("offset", Math::Vector3<float>(0.0F, 0.0F, 0.0F));
     pass.matrix();
+    pass.lineState(true, static_cast<float>(mLineWidth));
     pass.bind(*mBatchMesh);
     pass.drawIndexed(Detail::DrawMode::LineStrip, mIndices.size());
 }
@@ -109,8 +109,9 @@ void VectorFont::renderFont(double x, double y, const std::string& text, double 
     pass.smoothLinesFromNowOn(static_cast<float>(mLineWidth));
     pass.bind(*mPointMesh);
     const Math::Vector2<float> offset = Detail::strokeOffset(align, *mCharacters, text);
+    const int location = pass.locate("offset");
     Detail::walkStrokes(*mCharacters, text, [&](char byte, float pen) {
-        pass.set("offset", Math::Vector3<float>(pen + offset.x, offset.y, 0.0F));
+        pass.setAt(location, Math::Vector3<float>(pen + offset.x, offset.y, 0.0F));
         for (const Detail::Stroke& stroke : mCharacters->strokes(byte)) {
             pass.draw(Detail::DrawMode::LineStrip, stroke.start, stroke.count);
         }

@@ -263,6 +263,14 @@ TEST_F(VectorFontTest, StaysQuietWithNumbersThatMakeNoSense) {
     }
 }
 
+TEST_F(VectorFontTest, ReportsALineWidthThatIsNone) {
+    add(font, "A", 1, 1);
+    font.setLineWidth(0.0);
+    EXPECT_EQ(captureStdout([&] { font.render(); }), "Error <VectorFont> <Nix> 1281\n");
+    EXPECT_EQ(captureStdout([&] { font.renderFont("A", size, VectorFont::CENTER); }),
+              "Error <VectorFont> <Nix> 1281\n");
+}
+
 TEST(OppositeColor, IsTheGreyOppositeTheRed) {
     const auto opposite = getOppositeColor({0.25F, 0.9F, 0.1F, 0.5F});
     EXPECT_EQ(opposite.x, 0.75F);
