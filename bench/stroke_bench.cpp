@@ -14,6 +14,7 @@
 #include <span>
 #include <vector>
 
+#include "BareBatch.h"
 #include "HeadlessContext.h"
 #include "TextFrames.h"
 #include "text/layout/BuiltInStrokeSet.h"
@@ -26,6 +27,7 @@ using namespace OrlekBench;
 constexpr int width = 1280;
 constexpr int height = 800;
 constexpr double size = 12.0;
+constexpr unsigned strokeProgram = 7;
 
 struct Point {
     float x, y, z;
@@ -58,7 +60,7 @@ struct Arrays {
                     indices.push_back(static_cast<std::uint32_t>(points.size()));
                     points.push_back({pen + scale * record.x, label.y + scale * record.y, 0.0F});
                     if (record.type != 1) {
-                        indices.push_back(0xFFFFFFFFU);
+                        indices.push_back(restartIndex);
                     }
                 }
                 pen += scale * 13.120160F;
@@ -67,72 +69,17 @@ struct Arrays {
     }
 };
 
-/// The bare GL objects and calls of one batch.
-class BareBatch {
-public:
-    BareBatch() {
-        OpenGL::GlHandler& gl = OpenGL::GlHandler::instance();
-        gl.activateShader(7);
-        mProgram = gl.activeShaderHandle();
-        gl.deactivateShader();
-        mColor = glGetUniformLocation(mProgram, "color");
-        mOffset = glGetUniformLocation(mProgram, "offset");
-        mMatrix = glGetUniformLocation(mProgram, "mvp");
-        glGenVertexArrays(1, &mVao);
-        glGenBuffers(2, mBuffers);
-    }
-    ~BareBatch() {
-        glDeleteBuffers(2, mBuffers);
-        glDeleteVertexArrays(1, &mVao);
-    }
-    BareBatch(const BareBatch&) = delete;
-    BareBatch& operator=(const BareBatch&) = delete;
+void upload(BareBatch& bare, const Arrays& arrays) {
+    bare.upload(arrays.points, arrays.indices);
+}
 
-    void upload(const Arrays& arrays) {
-        glBindVertexArray(mVao);
-        fill(GL_ARRAY_BUFFER, mBuffers[0], arrays.points);
-        glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, 0, nullptr);
-        glEnableVertexAttribArray(0);
-        fill(GL_ELEMENT_ARRAY_BUFFER, mBuffers[1], arrays.indices);
-        mCount = static_cast<GLsizei>(arrays.indices.size());
-    }
-
-    void draw() const {
-        const Math::Matrix4<float> matrix = OpenGL::MatrixGet();
-        glUseProgram(mProgram);
-        glUniform4f(mColor, 1.0F, 1.0F, 1.0F, 1.0F);
-        glUniform3f(mOffset, 0.0F, 0.0F, 0.0F);
-        glUniformMatrix4fv(mMatrix, 1, GL_FALSE, matrix.m);
-        glEnable(GL_BLEND);
+void draw(const BareBatch& bare) {
+    bare.draw(GL_LINE_STRIP, [] {
         glEnable(GL_LINE_SMOOTH);
         glLineWidth(1.5F);
-        glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-        glPrimitiveRestartIndex(0xFFFFFFFFU);
-        glEnable(GL_PRIMITIVE_RESTART);
-        glBindVertexArray(mVao);
-        glDrawElements(GL_LINE_STRIP, mCount, GL_UNSIGNED_INT, nullptr);
-        glBindVertexArray(0);
-        glDisable(GL_PRIMITIVE_RESTART);
-        glDisable(GL_LINE_SMOOTH);
-        glUseProgram(0);
-    }
-
-private:
-    template <typename T>
-    static void fill(GLenum target, unsigned buffer, const std::vector<T>& values) {
-        glBindBuffer(target, buffer);
-        glBufferData(target, static_cast<GLsizeiptr>(values.size() * sizeof(T)), values.data(),
-                     GL_STATIC_DRAW);
-    }
-
-    unsigned mProgram = 0;
-    int mColor = -1;
-    int mOffset = -1;
-    int mMatrix = -1;
-    unsigned mVao = 0;
-    unsigned mBuffers[2]{};
-    GLsizei mCount = 0;
-};
+    });
+    glDisable(GL_LINE_SMOOTH);
+}
 
 /// What all benchmarks share: one context, one font, the labels.
 struct Scene {
@@ -168,11 +115,11 @@ BENCHMARK(unchangedBatch)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void unchangedBare(benchmark::State& state) {
     scene();
-    BareBatch bare;
+    BareBatch bare(strokeProgram);
     Arrays arrays;
     arrays.build(scene().labels);
-    bare.upload(arrays);
-    measureFrames(state, [&] { bare.draw(); });
+    upload(bare, arrays);
+    measureFrames(state, [&] { draw(bare); });
 }
 BENCHMARK(unchangedBare)->Unit(benchmark::kMillisecond)->UseRealTime();
 
@@ -186,12 +133,12 @@ BENCHMARK(rebuiltBatch)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void rebuiltBare(benchmark::State& state) {
     scene();
-    BareBatch bare;
+    BareBatch bare(strokeProgram);
     Arrays arrays;
     measureFrames(state, [&] {
         arrays.build(scene().labels);
-        bare.upload(arrays);
-        bare.draw();
+        upload(bare, arrays);
+        draw(bare);
     });
 }
 BENCHMARK(rebuiltBare)->Unit(benchmark::kMillisecond)->UseRealTime();
@@ -199,12 +146,12 @@ BENCHMARK(rebuiltBare)->Unit(benchmark::kMillisecond)->UseRealTime();
 /// The upload and draw alone, without any expansion.
 void uploadedBare(benchmark::State& state) {
     scene();
-    BareBatch bare;
+    BareBatch bare(strokeProgram);
     Arrays arrays;
     arrays.build(scene().labels);
     measureFrames(state, [&] {
-        bare.upload(arrays);
-        bare.draw();
+        upload(bare, arrays);
+        draw(bare);
     });
 }
 BENCHMARK(uploadedBare)->Unit(benchmark::kMillisecond)->UseRealTime();

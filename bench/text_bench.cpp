@@ -15,6 +15,7 @@
 #include <string>
 #include <vector>
 
+#include "BareBatch.h"
 #include "HeadlessContext.h"
 #include "TextFrames.h"
 #include "platform/WholeFile.h"
@@ -31,6 +32,7 @@ using namespace OrlekBench;
 
 const char* const fontFile = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
 constexpr int pixelSize = 12;
+constexpr unsigned glyphProgram = 5;
 constexpr int width = 1280;
 constexpr int height = 800;
 
@@ -85,78 +87,18 @@ struct Arrays {
                                                {glyph.s0, glyph.t1},
                                                {glyph.s1, glyph.t1},
                                                {glyph.s1, glyph.t0}});
-        indices.insert(indices.end(), {next, next + 1, next + 2, next + 3, 0xFFFFFFFFU});
+        indices.insert(indices.end(), {next, next + 1, next + 2, next + 3, restartIndex});
     }
 };
 
-/// The bare GL objects and calls of one batch.
-class BareBatch {
-public:
-    explicit BareBatch(unsigned texture) : mTexture(texture) {
-        OpenGL::GlHandler& gl = OpenGL::GlHandler::instance();
-        gl.activateShader(5);
-        mProgram = gl.activeShaderHandle();
-        gl.deactivateShader();
-        mColor = glGetUniformLocation(mProgram, "color");
-        mOffset = glGetUniformLocation(mProgram, "offset");
-        mMatrix = glGetUniformLocation(mProgram, "mvp");
-        glGenVertexArrays(1, &mVao);
-        glGenBuffers(3, mBuffers);
-    }
-    ~BareBatch() {
-        glDeleteBuffers(3, mBuffers);
-        glDeleteVertexArrays(1, &mVao);
-    }
-    BareBatch(const BareBatch&) = delete;
-    BareBatch& operator=(const BareBatch&) = delete;
+void upload(BareBatch& bare, const Arrays& arrays) {
+    bare.upload(arrays.positions, arrays.indices);
+    bare.uploadCoordinates(arrays.coordinates);
+}
 
-    void upload(const Arrays& arrays) {
-        glBindVertexArray(mVao);
-        fill(GL_ARRAY_BUFFER, mBuffers[0], arrays.positions);
-        glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, 0, nullptr);
-        glEnableVertexAttribArray(0);
-        fill(GL_ARRAY_BUFFER, mBuffers[1], arrays.coordinates);
-        glVertexAttribPointer(2, 2, GL_FLOAT, GL_FALSE, 0, nullptr);
-        glEnableVertexAttribArray(2);
-        fill(GL_ELEMENT_ARRAY_BUFFER, mBuffers[2], arrays.indices);
-        mCount = static_cast<GLsizei>(arrays.indices.size());
-    }
-
-    void draw() const {
-        const Math::Matrix4<float> matrix = OpenGL::MatrixGet();
-        glUseProgram(mProgram);
-        glUniform4f(mColor, 1.0F, 1.0F, 1.0F, 1.0F);
-        glUniform3f(mOffset, 0.0F, 0.0F, 0.0F);
-        glUniformMatrix4fv(mMatrix, 1, GL_FALSE, matrix.m);
-        glEnable(GL_BLEND);
-        glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-        glPrimitiveRestartIndex(0xFFFFFFFFU);
-        glEnable(GL_PRIMITIVE_RESTART);
-        glBindTexture(GL_TEXTURE_2D, mTexture);
-        glBindVertexArray(mVao);
-        glDrawElements(GL_TRIANGLE_FAN, mCount, GL_UNSIGNED_INT, nullptr);
-        glBindVertexArray(0);
-        glDisable(GL_PRIMITIVE_RESTART);
-        glUseProgram(0);
-    }
-
-private:
-    template <typename T>
-    static void fill(GLenum target, unsigned buffer, const std::vector<T>& values) {
-        glBindBuffer(target, buffer);
-        glBufferData(target, static_cast<GLsizeiptr>(values.size() * sizeof(T)), values.data(),
-                     GL_STATIC_DRAW);
-    }
-
-    unsigned mTexture;
-    unsigned mProgram = 0;
-    int mColor = -1;
-    int mOffset = -1;
-    int mMatrix = -1;
-    unsigned mVao = 0;
-    unsigned mBuffers[3]{};
-    GLsizei mCount = 0;
-};
+void draw(const BareBatch& bare, unsigned texture) {
+    bare.draw(GL_TRIANGLE_FAN, [texture] { glBindTexture(GL_TEXTURE_2D, texture); });
+}
 
 /// What all benchmarks share: one context, one font, the labels.
 struct Scene {
@@ -193,11 +135,12 @@ void unchangedBatch(benchmark::State& state) {
 BENCHMARK(unchangedBatch)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void unchangedBare(benchmark::State& state) {
-    BareBatch bare(scene().font.texture());
+    scene();
+    BareBatch bare(glyphProgram);
     Arrays arrays;
     arrays.build(scene().labels, scene().glyphs);
-    bare.upload(arrays);
-    measureFrames(state, [&] { bare.draw(); });
+    upload(bare, arrays);
+    measureFrames(state, [&] { draw(bare, scene().font.texture()); });
 }
 BENCHMARK(unchangedBare)->Unit(benchmark::kMillisecond)->UseRealTime();
 
@@ -210,12 +153,13 @@ void rebuiltBatch(benchmark::State& state) {
 BENCHMARK(rebuiltBatch)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void rebuiltBare(benchmark::State& state) {
-    BareBatch bare(scene().font.texture());
+    scene();
+    BareBatch bare(glyphProgram);
     Arrays arrays;
     measureFrames(state, [&] {
         arrays.build(scene().labels, scene().glyphs);
-        bare.upload(arrays);
-        bare.draw();
+        upload(bare, arrays);
+        draw(bare, scene().font.texture());
     });
 }
 BENCHMARK(rebuiltBare)->Unit(benchmark::kMillisecond)->UseRealTime();
