@@ -4,7 +4,6 @@
 
 #include "rendering/context/DrawPass.h"
 #include "rendering/context/MatrixScope.h"
-#include "rendering/gl/Errors.h"
 #include "rendering/gl/Mesh.h"
 #include "rendering/gl/Names.h"
 #include "text/layout/BuiltInStrokeSet.h"
@@ -120,7 +119,6 @@ void VectorFont::renderFont(double x, double y, const std::string& text, double 
 
 void VectorFont::renderFont(const std::string& text, double size, Alignment align) {
     renderFont(0.0, 0.0, text, size, align);
-    Detail::reportErrors(label);
 }
 
 void VectorFont::setColor(Math::Vector4<float> color) {

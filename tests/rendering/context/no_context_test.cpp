@@ -4,6 +4,7 @@
 #include <Orlek/OpenGL/Lines.h>
 #include <Orlek/OpenGL/MatrixStack.h>
 #include <Orlek/OpenGL/TextureTerrain.h>
+#include <Orlek/OpenGL/VectorFont.h>
 #include <gtest/gtest.h>
 
 #include <array>
@@ -26,6 +27,10 @@ void draw() {
     const std::array<unsigned short, 4> texel{};
     terrain.loadNormals(texel.data(), 1, 1, 0x1908);
     terrain.addVertex(Orlek::Math::Vector3<float>(0, 0, 0), {0, 0});
+    VectorFont font;
+    font.addText("A", MatrixGet(), 10.0, VectorFont::CENTER);
+    font.render();
+    font.renderFont("A", 10.0, VectorFont::CENTER);
     for (const double scale : {0.0, 1.0}) {
         lines.render();
         loops.render(scale);
