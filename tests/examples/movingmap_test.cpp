@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "AirspaceFile.h"
 #include "Cover.h"
 #include "Format.h"
 #include "Graticule.h"
@@ -70,6 +71,62 @@ TEST(RouteFile, namesTheLineOfAnError) {
 TEST(RouteFile, routesOfTheProjectAreGood) {
     EXPECT_EQ(defaultRoute().size(), 6U);
     EXPECT_EQ(readRouteFile(ORLEK_SOURCE_DIR "/examples/movingmap/routes/riviera.txt").size(), 6U);
+}
+
+std::vector<Airspace> airspace(const std::string& text) {
+    std::istringstream stream(text);
+    return parseAirspace(stream, "a.txt");
+}
+
+TEST(AirspaceFile, readsOutlinesOfPointsAndCircles) {
+    const std::vector<Airspace> read = airspace(
+        "airspace, ONE, d, GND, 3700 # class\npoint, 1, 2\npoint,1,3\npoint,2,2.5\n"
+        "circle, 36, -84, 2\npoint,1,2\npoint,1,3\npoint,2,2\n\n"
+        "airspace,TWO,Restricted,FL65,FL95\ncircle,1,2,0.5\n");
+    ASSERT_EQ(read.size(), 2U);
+    EXPECT_EQ(read[0].type + read[0].floor + read[0].ceiling, "DGND3700");
+    EXPECT_EQ(read[0].kind, AirspaceKind::controlled);
+    EXPECT_EQ(read[1].kind, AirspaceKind::prohibited);
+    ASSERT_EQ(read[0].outlines.size(), 3U);
+    EXPECT_EQ(read[0].outlines[0].size(), 3U);
+    EXPECT_EQ(read[0].outlines[2].size(), 3U);
+    for (const Position& corner : read[0].outlines[1]) {
+        EXPECT_NEAR(Orlek::Geodetic::calcDistance(36.0, -84.0, corner.lat, corner.lon),
+                    2.0 * metresPerMile, 10.0)
+            << "a flat grid beside a sphere";
+    }
+    EXPECT_EQ(defaultAirspace().size(), 3U);
+}
+
+TEST(AirspaceFile, namesTheLineOfAnError) {
+    const struct {
+        std::string text;
+        const char* says;
+    } cases[] = {
+        {"point,1,2", "a.txt:1: expected airspace, name"},
+        {"airspace,A,D,GND", "a.txt:1: expected airspace, name"},
+        {"airspace,A,H,GND,FL95", "'H' is no class A to G"},
+        {"airspace,,D,GND,FL95", "a name has"},
+        {"airspace,A,D,GND,", "a ceiling has"},
+        {"airspace,A,D,GND,FL95\npoint,1", "a.txt:2: expected point"},
+        {"airspace,A,D,GND,FL95\npoint,1,x", "a.txt:2: longitude 'x'"},
+        {"airspace,A,D,GND,FL95\ncircle,1,2,0", "a.txt:2: radius '0'"},
+        {"airspace,A,D,GND,FL95\narc,1,2,3", "a.txt:2: 'arc' is none of"},
+        {"# one\nairspace,A,D,GND,FL95\npoint,1,2\npoint,1,3\n"
+         "airspace,B,D,GND,FL95\ncircle,1,2,3",
+         "a.txt:2: A needs a circle"},
+        {"airspace,A,D,GND,FL95", "a.txt:1: A needs a circle"},
+    };
+    for (const auto& [text, says] : cases) {
+        try {
+            airspace(text);
+            ADD_FAILURE() << text;
+        } catch (const std::runtime_error& error) {
+            EXPECT_NE(std::string(error.what()).find(says), std::string::npos) << error.what();
+        }
+    }
+    EXPECT_TRUE(airspace("# nothing\n").empty());
+    EXPECT_THROW(readAirspaceFile("/dev/zero"), std::runtime_error);
 }
 
 constexpr double metresPerDegree = 111319.49079327358;
