@@ -15,14 +15,34 @@ struct Canvas {
         : small(fontFile, pixels(13, scale)),
           normal(fontFile, pixels(15, scale)),
           large(fontFile, pixels(19, scale)),
+          smallLabel(fontFile, pixels(13, scale)),
+          label(fontFile, pixels(15, scale)),
+          largeLabel(fontFile, pixels(19, scale)),
           unit(scale) {}
 
     Stroke stroke;
     Fill fill;
-    TextLayer small;
-    TextLayer normal;
-    TextLayer large;
+    PlateText small;
+    PlateText normal;
+    PlateText large;
+    LabelText smallLabel;
+    LabelText label;
+    LabelText largeLabel;
     double unit;  ///< Pixels of the picture for a pixel of an ordinary screen.
+
+    /// Draws the texts of the map.
+    void drawLabels() {
+        smallLabel.draw();
+        label.draw();
+        largeLabel.draw();
+    }
+
+    /// Draws the texts on the plates.
+    void drawPlateTexts() {
+        small.draw();
+        normal.draw();
+        large.draw();
+    }
 
 private:
     static int pixels(int size, double scale) { return static_cast<int>(size * scale + 0.5); }

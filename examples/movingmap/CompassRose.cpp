@@ -40,7 +40,7 @@ public:
                                               "S", "21", "24", "W", "30", "33"};
         for (int i = 0; i < 12; ++i) {
             const bool cardinal = i % 3 == 0;
-            TextLayer& text = cardinal ? mCanvas.large : mCanvas.normal;
+            LabelText& text = cardinal ? mCanvas.largeLabel : mCanvas.label;
             addCentred(text, figures[i], at(i * 30, mRadius - 27.0 * mCanvas.unit),
                        i == 0 ? yellow : white);
         }
@@ -50,7 +50,7 @@ public:
     void addDistances() {
         for (const double share : {0.5, 1.0}) {
             const Point place = onScreen(135.0, mRadius * share + 17.0 * mCanvas.unit);
-            addCentred(mCanvas.small, milesText(mScene.rangeM / metresPerMile * share), place,
+            addCentred(mCanvas.smallLabel, milesText(mScene.rangeM / metresPerMile * share), place,
                        white);
         }
     }
@@ -92,7 +92,7 @@ private:
         return onScreen(compassDeg - mUpDeg, distance, aside);
     }
 
-    void addCentred(TextLayer& text, const std::string& words, Point place, const Colour& colour) {
+    void addCentred(LabelText& text, const std::string& words, Point place, const Colour& colour) {
         const Point half(text.width(words) / 2.0, text.capHeight() / 2.0);
         mFigures.push_back({place - half, place + half});
         text.add(words, Point(place.x, place.y - text.capHeight() / 2.0), Align::centre, colour);

@@ -46,7 +46,7 @@ bool crossesColumn(Point a, Point b, double column, double& y) {
 class EdgeLabels {
 public:
     EdgeLabels(Canvas& canvas, const Box& area, const std::vector<Box>& blocked)
-        : mText(canvas.small), mArea(area), mBlocked(blocked), mPad(6.0 * canvas.unit) {}
+        : mText(canvas.smallLabel), mArea(area), mBlocked(blocked), mPad(6.0 * canvas.unit) {}
 
     // Steep lines are labelled at the upper edge, shallow ones at the left.
     void addFor(Point a, Point b, const std::string& label) {
@@ -71,7 +71,7 @@ private:
         }
     }
 
-    TextLayer& mText;
+    LabelText& mText;
     const Box& mArea;
     const std::vector<Box>& mBlocked;
     double mPad;

@@ -38,12 +38,12 @@ void drawHeightLegend(Canvas& canvas, const Box& box) {
     const double capHeight = canvas.small.capHeight();
     canvas.fill.rect(box.low, box.high, plate);
     canvas.small.add("FT", Point(box.high.x - rim, box.high.y - rim - capHeight), Align::right,
-                     grey, false);
+                     grey);
     const Point start(box.low.x + rim, box.low.y + 1.5 * rim);
     for (std::size_t i = 0; i < figuresFt.size(); ++i) {
         const double y = start.y + step * unit * static_cast<double>(i);
         canvas.small.add(wholeNumber(figuresFt[i]), Point(box.high.x - rim, y - capHeight / 2.0),
-                         Align::right, white, false);
+                         Align::right, white);
         for (int shade = 0; i + 1 < figuresFt.size() && shade < shadesAStep; ++shade) {
             const double t = static_cast<double>(shade) / shadesAStep;
             const double feetHeight = figuresFt[i] + (figuresFt[i + 1] - figuresFt[i]) * t;

@@ -86,10 +86,9 @@ void InfoLine::drawRow(Canvas& canvas, const Row& row, double bottom) const {
     const double spread = (mWidth - used) / static_cast<double>(row.size());
     double x = (cellGap * mUnit + spread) / 2.0;
     for (const Cell& cell : row) {
-        canvas.small.add(cell.figure.caption, Point(x, bottom + 27.0 * mUnit), Align::left, grey,
-                         false);
+        canvas.small.add(cell.figure.caption, Point(x, bottom + 27.0 * mUnit), Align::left, grey);
         canvas.normal.add(cell.figure.value, Point(x, bottom + 9.0 * mUnit), Align::left,
-                          cell.figure.colour, false);
+                          cell.figure.colour);
         x += cell.width + spread;
     }
 }

@@ -100,12 +100,6 @@ void MapPicture::drawPlates(const Scene& scene, const Layout& layout) {
     }
 }
 
-void MapPicture::drawText() {
-    mCanvas.small.draw();
-    mCanvas.normal.draw();
-    mCanvas.large.draw();
-}
-
 void MapPicture::draw(const Scene& scene, Point size, const Position& centre, int reliefStep) {
     const InfoLine info(mCanvas, scene, size.x);
     mView = viewFor(scene, size, centre, info.height());
@@ -114,10 +108,10 @@ void MapPicture::draw(const Scene& scene, Point size, const Position& centre, in
     mRelief.update(mTerrain, mView, reliefStep);
     const Layout layout = layOut(size, info.height());
     drawMap(scene, layout);
-    drawText();
+    mCanvas.drawLabels();
     drawPlates(scene, layout);
     info.draw(mCanvas);
-    drawText();
+    mCanvas.drawPlateTexts();
 }
 
 }  // namespace MovingMap

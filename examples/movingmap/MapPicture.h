@@ -54,7 +54,6 @@ private:
     Layout layOut(Point size, double infoHeight) const;
     void drawMap(const Scene& scene, const Layout& layout);
     void drawPlates(const Scene& scene, const Layout& layout);
-    void drawText();
 
     Canvas mCanvas;
     Relief mRelief;

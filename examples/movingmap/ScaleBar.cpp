@@ -42,7 +42,7 @@ void drawScaleBar(Canvas& canvas, const MapView& view, const Box& box) {
     canvas.stroke.segment(middle, Point(middle.x, middle.y + 4.0 * unit));
     canvas.stroke.draw({.colour = white, .width = 1.6 * unit});
     canvas.small.add(milesText(barMiles(canvas, view)), Point(middle.x, middle.y + 10.0 * unit),
-                     Align::centre, white, false);
+                     Align::centre, white);
 }
 
 }  // namespace MovingMap

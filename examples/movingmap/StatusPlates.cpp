@@ -16,7 +16,7 @@ Box topBox(const Canvas& canvas, Point size, double left, double width) {
     return {Point(left, top - plateHeight * canvas.unit), Point(left + width, top)};
 }
 
-double baseline(const Box& box, const TextLayer& text) {
+double baseline(const Box& box, const PlateText& text) {
     return (box.low.y + box.high.y - text.capHeight()) / 2.0;
 }
 
@@ -37,9 +37,9 @@ void drawHeading(Canvas& canvas, const Box& box, double headingDeg) {
     const double left = box.low.x + pad * canvas.unit;
     const double right = box.high.x - pad * canvas.unit;
     canvas.fill.rect(box.low, box.high, plate);
-    canvas.small.add("HDG", Point(left, baseline(box, canvas.large)), Align::left, grey, false);
+    canvas.small.add("HDG", Point(left, baseline(box, canvas.large)), Align::left, grey);
     canvas.large.add(direction(headingDeg), Point(right, baseline(box, canvas.large)), Align::right,
-                     yellow, false);
+                     yellow);
 }
 
 Box modeBox(const Canvas& canvas, Point size) {
@@ -50,7 +50,7 @@ Box modeBox(const Canvas& canvas, Point size) {
 void drawMode(Canvas& canvas, const Box& box, const Scene& scene) {
     const Point middle((box.low.x + box.high.x) / 2.0, baseline(box, canvas.small));
     canvas.fill.rect(box.low, box.high, plate);
-    canvas.small.add(modeText(scene), middle, Align::centre, white, false);
+    canvas.small.add(modeText(scene), middle, Align::centre, white);
 }
 
 }  // namespace MovingMap

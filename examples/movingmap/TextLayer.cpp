@@ -1,15 +1,9 @@
-// A font tells no widths, so they are measured once on drawn text: in each cell stands a character
-// with a bar behind it, and where the bar's ink ends tells how far the character advanced.
+// Outlines of all texts go under all texts: no letter's outline covers its neighbour.
 #include "TextLayer.h"
-
-#include <GL/gl.h>
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <stdexcept>
-
-#include "Ortho.h"
 
 namespace MovingMap {
 
@@ -17,133 +11,104 @@ namespace {
 
 using Orlek::Math::Matrix4;
 using Orlek::OpenGL::TextureFont;
+using Orlek::OpenGL::TextureFontSdf;
 
-constexpr int firstCharacter = 32;
-constexpr int characterCount = TextureFont::MAX_CHAR;
-constexpr int inkThreshold = 64;
+constexpr double outlinePixels = 1.6;
 
-Matrix4<float> translation(double x, double y) {
+// The distance-field font has one atlas for all sizes, and scaled advances; they are measured at
+// its own size.
+constexpr int designSize = 50;
+
+Matrix4<float> translation(Point at) {
     Orlek::OpenGL::MatrixPush();
     Orlek::OpenGL::MatrixLoadIdent();
-    Orlek::OpenGL::MatrixTranslate(x, y, 0.0);
+    Orlek::OpenGL::MatrixTranslate(at.x, at.y, 0.0);
     const Matrix4<float> matrix = Orlek::OpenGL::MatrixGet();
     Orlek::OpenGL::MatrixPop();
     return matrix;
 }
 
-// A cell of the framebuffer, read back.
-class Cell {
-public:
-    Cell(int width, int height)
-        : mWidth(width), mHeight(height), mInk(static_cast<std::size_t>(width * height)) {}
+template <typename Font>
+FontMetrics measure(Font& font, int pixelSize) {
+    font.setColor(white);
+    return measureFont(pixelSize, [&](double y, const std::string& text) {
+        font.renderFont(0.0, y, text, Font::BOTTOM_LEFT);
+    });
+}
 
-    void draw(TextureFont& font, const std::string& text) {
-        glClear(GL_COLOR_BUFFER_BIT);
-        font.renderFont(0.0, baseline(), text, TextureFont::BOTTOM_LEFT);
-        glPixelStorei(GL_PACK_ALIGNMENT, 1);
-        glReadPixels(0, 0, mWidth, mHeight, GL_RED, GL_UNSIGNED_BYTE, mInk.data());
+FontMetrics metricsOf(TextureFont& font, int pixelSize) {
+    return measure(font, pixelSize);
+}
+
+FontMetrics metricsOf(TextureFontSdf& font, int pixelSize) {
+    font.setSize(designSize);
+    FontMetrics metrics = measure(font, designSize);
+    font.setSize(pixelSize);
+    const double scale = static_cast<double>(pixelSize) / designSize;
+    for (double& advance : metrics.advances) {
+        advance *= scale;
     }
-
-    double baseline() const { return mHeight / 3; }
-
-    // One past the rightmost column with ink.
-    int inkEnd() const {
-        for (int x = mWidth; x-- > 0;) {
-            for (int y = 0; y < mHeight; ++y) {
-                if (inked(x, y)) {
-                    return x + 1;
-                }
-            }
-        }
-        return 0;
-    }
-
-    int inkTop() const {
-        for (int y = mHeight; y-- > 0;) {
-            for (int x = 0; x < mWidth; ++x) {
-                if (inked(x, y)) {
-                    return y + 1;
-                }
-            }
-        }
-        return 0;
-    }
-
-private:
-    bool inked(int x, int y) const {
-        return mInk[static_cast<std::size_t>(y * mWidth + x)] > inkThreshold;
-    }
-
-    int mWidth;
-    int mHeight;
-    std::vector<std::uint8_t> mInk;
-};
+    metrics.capHeight *= scale;
+    return metrics;
+}
 
 }  // namespace
 
-TextLayer::TextLayer(const std::string& fontFile, int pixelSize) : mPixelSize(pixelSize) {
+template <typename Font>
+TextLayer<Font>::TextLayer(const std::string& fontFile, int pixelSize) : mPixelSize(pixelSize) {
     if (!mFont.load(fontFile.c_str(), pixelSize)) {
         throw std::runtime_error("cannot use the font file " + fontFile);
     }
-    measure();
+    mMetrics = metricsOf(mFont, pixelSize);
 }
 
-void TextLayer::measure() {
-    const int side = static_cast<int>(mPixelSize) * 3;
-    setPixelMatrix(Point(side, side));
-    glViewport(0, 0, side, side);
-    glClearColor(0.0F, 0.0F, 0.0F, 1.0F);
-    mFont.setColor(white);
-    Cell cell(side, side);
-    cell.draw(mFont, "H");
-    mCapHeight = cell.inkTop() - cell.baseline();
-    cell.draw(mFont, "|");
-    const int bar = cell.inkEnd();
-    for (int code = firstCharacter; code < firstCharacter + characterCount; ++code) {
-        cell.draw(mFont, {static_cast<char>(code), '|'});
-        mAdvances[static_cast<std::size_t>(code)] = cell.inkEnd() - bar;
-    }
-}
-
-double TextLayer::width(const std::string& text) const {
+template <typename Font>
+double TextLayer<Font>::width(const std::string& text) const {
     double sum = 0.0;
     for (const char c : text) {
-        sum += mAdvances[static_cast<unsigned char>(c)];
+        sum += mMetrics.advances[static_cast<unsigned char>(c)];
     }
     return sum;
 }
 
-void TextLayer::add(const std::string& text, Point at, Align align, const Colour& colour,
-                    bool rim) {
+template <typename Font>
+void TextLayer<Font>::add(const std::string& text, Point at, Align align, const Colour& colour) {
     const double shift = align == Align::left ? 0.0 : align == Align::centre ? 0.5 : 1.0;
     const Point start(std::round(at.x - shift * width(text)), std::round(at.y));
-    mItems.push_back({text, start, colour, rim});
+    mItems.push_back({text, start, colour});
 }
 
-void TextLayer::addToBatch(const Item& item, double dx, double dy) {
-    mFont.addText(item.text, translation(item.at.x + dx, item.at.y + dy), TextureFont::BOTTOM_LEFT);
+template <typename Font>
+void TextLayer<Font>::addToBatch(const Item& item) {
+    mFont.addText(item.text, translation(item.at), Font::BOTTOM_LEFT);
 }
 
-void TextLayer::drawBatch(const Colour& colour) {
+template <typename Font>
+void TextLayer<Font>::drawBatch(const Colour& colour) {
     mFont.setColor(colour);
     mFont.render();
     mFont.clearVertex();
 }
 
-void TextLayer::drawRims() {
+template <>
+void PlateText::drawOutlines() {}
+
+template <>
+void LabelText::drawOutlines() {
     for (const Item& item : mItems) {
-        for (int dy = -1; item.rim && dy <= 1; ++dy) {
-            for (int dx = -1; dx <= 1; ++dx) {
-                addToBatch(item, dx, dy);
-            }
-        }
+        addToBatch(item);
     }
+    constexpr double fieldPixels = 16.0 / designSize;  // Of a width of 1, for each pixel of size.
+    mFont.setOutlineColor(halo);
+    mFont.setOutlineWidth(static_cast<float>(outlinePixels / (fieldPixels * mPixelSize)));
     drawBatch(halo);
+    mFont.setOutlineWidth(0.0F);
 }
 
-void TextLayer::draw() {
+template <typename Font>
+void TextLayer<Font>::draw() {
     mFont.clearVertex();
-    drawRims();
+    drawOutlines();
     const auto sameColour = [](const Colour& a, const Colour& b) {
         return a.x == b.x && a.y == b.y && a.z == b.z && a.w == b.w;
     };
@@ -152,10 +117,13 @@ void TextLayer::draw() {
         const auto rest = std::stable_partition(
             mItems.begin(), mItems.end(),
             [&](const Item& item) { return !sameColour(item.colour, colour); });
-        std::for_each(rest, mItems.end(), [this](const Item& item) { addToBatch(item, 0, 0); });
+        std::for_each(rest, mItems.end(), [this](const Item& item) { addToBatch(item); });
         mItems.erase(rest, mItems.end());
         drawBatch(colour);
     }
 }
+
+template class TextLayer<TextureFont>;
+template class TextLayer<TextureFontSdf>;
 
 }  // namespace MovingMap

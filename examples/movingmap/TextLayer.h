@@ -1,13 +1,13 @@
-// Sharp text with a dark rim, collected and drawn in a few calls.
+// Text of one size, collected and drawn in a few calls.
 #pragma once
 
 #include <Orlek/OpenGL.h>
 
-#include <array>
 #include <string>
 #include <vector>
 
 #include "Colours.h"
+#include "FontMetrics.h"
 #include "MapView.h"
 
 namespace MovingMap {
@@ -15,6 +15,9 @@ namespace MovingMap {
 enum class Align { left, centre, right };
 
 /// Text of one size. Needs the GL context and GlHandler.
+/// @tparam Font TextureFont: hinted, for plates; or TextureFontSdf: with a dark outline, for the
+/// map
+template <typename Font>
 class TextLayer {
 public:
     /// @param fontFile a font that FreeType reads
@@ -26,13 +29,13 @@ public:
     double width(const std::string& text) const;
 
     /// The height of capitals and digits above the baseline in pixels.
-    double capHeight() const { return mCapHeight; }
+    double capHeight() const { return mMetrics.capHeight; }
 
     /// Adds a text to the picture; @p at is on the baseline, at the end or middle that @p align
     /// says. Whole pixels keep it sharp, so the place is rounded.
-    void add(const std::string& text, Point at, Align align, const Colour& colour, bool rim = true);
+    void add(const std::string& text, Point at, Align align, const Colour& colour);
 
-    /// Draws what was added, rims first, and forgets it.
+    /// Draws what was added, outlines first, and forgets it.
     void draw();
 
 private:
@@ -40,19 +43,19 @@ private:
         std::string text;
         Point at;
         Colour colour;
-        bool rim;
     };
 
-    void measure();
+    void drawOutlines();
+    void addToBatch(const Item& item);
     void drawBatch(const Colour& colour);
-    void drawRims();
-    void addToBatch(const Item& item, double dx, double dy);
 
-    Orlek::OpenGL::TextureFont mFont;
-    std::array<double, 256> mAdvances{};
-    double mCapHeight = 0.0;
+    Font mFont;
+    FontMetrics mMetrics;
     double mPixelSize;
     std::vector<Item> mItems;
 };
+
+using PlateText = TextLayer<Orlek::OpenGL::TextureFont>;
+using LabelText = TextLayer<Orlek::OpenGL::TextureFontSdf>;
 
 }  // namespace MovingMap

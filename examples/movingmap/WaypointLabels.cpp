@@ -19,7 +19,7 @@ void addWaypointLabels(Canvas& canvas, const MapView& view, const Route& route,
     for (const Waypoint& waypoint : route) {
         placer.block(around(view.toScreen(waypoint.position), 9.0 * canvas.unit));
     }
-    TextLayer& text = canvas.normal;
+    LabelText& text = canvas.label;
     for (std::size_t i = 0; i < route.size(); ++i) {
         const Point at = view.toScreen(route[i].position);
         if (!area.contains(around(at, 0.0))) {
