@@ -1,0 +1,121 @@
+// Options, contexts, the window's loop and the PNG file: what the pictures have in common.
+#include "Show.h"
+
+#include <GL/gl.h>
+#include <Orlek/Misc.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <optional>
+#include <stdexcept>
+
+#include "HeadlessContext.h"
+#include "Png.h"
+#include "Window.h"
+
+namespace Gallery {
+
+namespace {
+
+using Orlek::Misc::CmdLine;
+
+struct Options {
+    bool window = false;
+    std::string out;
+    double seconds = 0.0;
+    int frames = 0;
+};
+
+template <typename Number>
+Number numberOf(const char* name, Number high) {
+    std::string text;
+    CmdLine::instance().getParameter(name, text);
+    Number value{};
+    const char* end = text.data() + text.size();
+    const auto [stopped, error] = std::from_chars(text.data(), end, value);
+    if (error != std::errc() || stopped != end || !(value >= 0 && value <= high)) {
+        throw std::runtime_error(std::string(name) + ": '" + text + "' is no number of use");
+    }
+    return value;
+}
+
+std::optional<Options> readOptions(int argc, char** argv, const std::string& name) {
+    CmdLine& line = CmdLine::instance();
+    line.addParameter("--out", "picture to write", name + ".png");
+    line.addParameter("--time", "moment of the picture, seconds after the start", "2");
+    line.addSwitch("--window", "open a window instead; Escape closes it");
+    line.addParameter("--frames", "close the window after as many frames; 0: when asked", "0");
+    line.addSwitch("--help", "print this text");
+    if (!line.parse(argc, argv)) {
+        throw std::runtime_error("see --help for the options");
+    }
+    if (line.getSwitch("--help")) {
+        line.printUsage();
+        return std::nullopt;
+    }
+    Options options{line.getSwitch("--window"), "", numberOf("--time", 1e6),
+                    numberOf("--frames", 1000000)};
+    line.getParameter("--out", options.out);
+    return options;
+}
+
+// Units of the page become pixels, in the middle of the framebuffer and as large as fits.
+void usePage(int width, int height) {
+    using namespace Orlek::OpenGL;
+    const double scale = std::min(1.0 * width / pageWidth, 1.0 * height / pageHeight);
+    const int wide = std::max(1, static_cast<int>(std::lround(pageWidth * scale)));
+    const int high = std::max(1, static_cast<int>(std::lround(pageHeight * scale)));
+    glViewport((width - wide) / 2, (height - high) / 2, wide, high);
+    GlHandler::instance().setViewPort({static_cast<float>(wide), static_cast<float>(high)});
+    MatrixLoadIdent();
+    MatrixTranslate(-1.0, -1.0, 0.0);
+    MatrixScale(2.0 / pageWidth, 2.0 / pageHeight, 1.0);
+}
+
+void drawFile(const Options& options, const std::function<Draw()>& make) {
+    const OrlekSupport::HeadlessContext context(pageWidth, pageHeight);
+    usePage(pageWidth, pageHeight);
+    const Draw draw = make();
+    draw(options.seconds);
+    OrlekSupport::writePng(options.out, OrlekSupport::readFramebuffer(pageWidth, pageHeight));
+    std::printf("%s\n", options.out.c_str());
+}
+
+void openWindow(const Options& options, const std::string& name,
+                const std::function<Draw()>& make) {
+    OrlekSupport::Window window("Orlek gallery: " + name, pageWidth, pageHeight);
+    window.onKey([&](const std::string& key) {
+        if (key == "Escape") {
+            window.close();
+        }
+    });
+    const Draw draw = make();
+    for (int frame = 0; window.isOpen() && (options.frames == 0 || frame < options.frames);
+         ++frame) {
+        const auto [width, height] = window.framebufferSize();
+        usePage(width, height);
+        draw(window.seconds());
+        window.showFrame();
+    }
+}
+
+}  // namespace
+
+int run(int argc, char** argv, const std::string& name, const std::function<Draw()>& make) {
+    try {
+        const std::optional<Options> options = readOptions(argc, argv, name);
+        if (options && options->window) {
+            openWindow(*options, name, make);
+        } else if (options) {
+            drawFile(*options, make);
+        }
+        return 0;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "orlek-gallery-%s: %s\n", name.c_str(), error.what());
+        return 1;
+    }
+}
+
+}  // namespace Gallery
