@@ -8,12 +8,14 @@ root=$PWD
 
 usage() {
   cat <<'TEXT'
-Usage: ./run.sh [map] [options] [-- options of the example]
+Usage: ./run.sh [map|gallery] [options] [-- options of the example]
 
 Installs what is missing (Debian packages), builds the library and its examples, draws pictures and
 prints their paths:
 
   map         the moving map (so it is without a word)
+  gallery     a picture for each family of drawing classes, and all on a contact sheet;
+              with --window NAME one of them in a window
 
   --window    opens a window instead; Escape closes it (in the map drag or arrow keys pan, the
               wheel zooms)
@@ -62,10 +64,37 @@ map() {
   fi
 }
 
+gallery() {
+  # shellcheck disable=SC2086
+  install_packages $run_packages
+  build run
+  local programs=build/run/examples/gallery names name
+  mapfile -t names <"$programs/pictures.txt"
+  if [ "$window" = yes ]; then
+    if [ ! -x "$programs/orlek-gallery-${1:-}" ]; then
+      echo "run.sh: gallery --window NAME takes one of: ${names[*]}" >&2
+      exit 1
+    fi
+    name=$1
+    shift
+    [ "${1:-}" != -- ] || shift
+    "$programs/orlek-gallery-$name" --window "$@"
+    return
+  fi
+  local pictures=()
+  mkdir -p out/gallery
+  for name in "${names[@]}"; do
+    pictures+=("$root/out/gallery/$name.png")
+    "$programs/orlek-gallery-$name" --out "${pictures[-1]}" "$@" | tail -n 1
+  done
+  "$programs/orlek-gallery-contactsheet" "$root/out/gallery/contact-sheet.png" \
+    "${pictures[@]}" | tail -n 1
+}
+
 mkdir -p build
 example=map
 case "${1:-}" in
-  map) example=$1; shift ;;
+  map | gallery) example=$1; shift ;;
 esac
 window=no
 while [ $# -gt 0 ]; do
@@ -76,6 +105,8 @@ while [ $# -gt 0 ]; do
     --help | -h) usage; exit ;;
     --) shift; break ;;
     *)
+      # gallery --window NAME
+      [ "$example$window" = galleryyes ] && [ "${1#-}" = "$1" ] && break
       echo "run.sh: unknown option or example '$1' (see ./run.sh --help)" >&2
       exit 1
       ;;

@@ -23,15 +23,6 @@ const Colour background(0.055F, 0.071F, 0.094F, 1.0F);
 const Colour panel(0.090F, 0.114F, 0.149F, 1.0F);
 const Colour frame(0.20F, 0.25F, 0.32F, 1.0F);
 
-void load(Text& font, const char* name, int pixelSize, const Colour& colour) {
-    const std::string path = std::string("/usr/share/fonts/truetype/dejavu/") + name;
-    if (!font.load(path.c_str(), pixelSize)) {
-        throw std::runtime_error("cannot use the font file " + path +
-                                 " (Debian package fonts-dejavu-core)");
-    }
-    font.setColor(colour);
-}
-
 void setClearColour(const Colour& colour) {
     glClearColor(colour.x, colour.y, colour.z, colour.w);
 }
@@ -71,12 +62,33 @@ Points polygon(Point centre, double radius, int corners, int step) {
     return points;
 }
 
+Orlek::Math::Matrix4<float> placement(Point at, double bearing) {
+    using namespace Orlek::OpenGL;
+    MatrixPush();
+    MatrixLoadIdent();
+    MatrixTranslate(at.x, at.y, 0.0);
+    MatrixRotate(-bearing, 0.0, 0.0, 1.0);
+    const Orlek::Math::Matrix4<float> matrix = MatrixGet();
+    MatrixPop();
+    return matrix;
+}
+
+void load(Text& font, const char* name, int pixelSize, const Colour& colour) {
+    const std::string path = std::string("/usr/share/fonts/truetype/dejavu/") + name;
+    if (!font.load(path.c_str(), pixelSize)) {
+        throw std::runtime_error("cannot use the font file " + path +
+                                 " (Debian package fonts-dejavu-core)");
+    }
+    font.setColor(colour);
+}
+
 Sheet::Sheet(const std::string& title, const std::string& subtitle, int columns, int rows)
     : mColumns(columns), mRows(rows) {
     load(mTitle, "DejaVuSans-Bold.ttf", 26, white);
     load(mCode, "DejaVuSansMono.ttf", 12, white);
     load(mNote, "DejaVuSans.ttf", 12, grey);
     mFrames.setColor(frame);
+    mMarks.setColor(red);
     mRule.addVertex(Point(margin, pageHeight - 33.0F));
     mRule.addVertex(Point(margin + 6.0F, pageHeight - 33.0F));
     mRule.setLineWidth(26.0F);
@@ -138,12 +150,15 @@ Box Sheet::labelledRow(const Box& box, int number, int count, const std::string&
 
 // Whole pixels keep the text sharp.
 void Sheet::add(Text& font, Point at, const std::string& text, Text::Alignment align) {
-    using namespace Orlek::OpenGL;
-    MatrixPush();
-    MatrixLoadIdent();
-    MatrixTranslate(std::round(at.x), std::round(at.y), 0.0);
-    font.addText(text, MatrixGet(), align);
-    MatrixPop();
+    font.addText(text, placement({std::round(at.x), std::round(at.y)}), align);
+}
+
+void Sheet::mark(Point at) {
+    constexpr float arm = 4.0F;
+    mMarks.addVertex(Point(at.x - arm, at.y));
+    mMarks.addVertex(Point(at.x + arm, at.y));
+    mMarks.addVertex(Point(at.x, at.y - arm));
+    mMarks.addVertex(Point(at.x, at.y + arm));
 }
 
 void Sheet::draw() {
@@ -168,6 +183,7 @@ void Sheet::finish() {
         glCopyPixels(x, y, width, height, GL_COLOR);
     }
     glPixelZoom(1.0F, 1.0F);
+    mMarks.render();
 }
 
 }  // namespace Gallery

@@ -59,16 +59,21 @@ Point polar(Point centre, double bearing, double radius);
 /// @param step 1 for the plain polygon; 2 joins every second corner, which makes a star of 5.
 Points polygon(Point centre, double radius, int corners, int step = 1);
 
-/// Runs @p draw with the origin of the matrix at a point of the page, turned by @p bearing degrees
-/// clockwise.
+/// The matrix that puts the origin at a point and turns by @p bearing degrees clockwise.
+Orlek::Math::Matrix4<float> placement(Point at, double bearing = 0.0);
+
+/// Runs @p draw under that matrix.
 template <typename Function>
 void place(Point at, double bearing, Function&& draw) {
     Orlek::OpenGL::MatrixPush();
-    Orlek::OpenGL::MatrixTranslate(at.x, at.y, 0.0);
-    Orlek::OpenGL::MatrixRotate(-bearing, 0.0, 0.0, 1.0);
+    Orlek::OpenGL::MatrixMult(placement(at, bearing));
     draw();
     Orlek::OpenGL::MatrixPop();
 }
+
+/// Loads a font of the package fonts-dejavu-core.
+/// Throws std::runtime_error when it is missing.
+void load(Text& font, const char* name, int pixelSize, const Colour& colour);
 
 /// A page. Needs the GL context and GlHandler from construction to destruction.
 class Sheet {
@@ -97,6 +102,9 @@ public:
     /// six times as large.
     void magnify(const Box& sample, Point around);
 
+    /// Adds a small red cross that finish() draws.
+    void mark(Point at);
+
     /// Clears the picture and draws the page, to be followed by the samples.
     void draw();
 
@@ -118,6 +126,7 @@ private:
     std::vector<Magnifier> mMagnifiers;
     Orlek::OpenGL::LineLoops mFrames;
     Orlek::OpenGL::Lines mRule;
+    Orlek::OpenGL::Lines mMarks;
     Text mTitle;
     Text mCode;
     Text mNote;

@@ -63,7 +63,6 @@ struct Picture {
         for (int i = 0; i < 18; ++i) {
             place(turning.centre(), 5.0 * i + 4.0 * seconds, [&] { square.render(1.0); });
         }
-        sheet.finish();
     }
 };
 
