@@ -49,13 +49,15 @@ function(foreign_header_allowed path header result)
   endif()
 endfunction()
 
-# Where a public class lives: the folder of the source file of the same name.
+# Where a public class lives: the folder of the source file of the same name. A name of Math may
+# stand in the drawing classes too (Circle).
 file(GLOB_RECURSE sources RELATIVE "${SOURCE_DIR}/src" "${SOURCE_DIR}/src/*.cpp" "${SOURCE_DIR}/src/*.h")
 function(home_of_public header result)
   get_filename_component(name "${header}" NAME_WE)
   set(home "")
   foreach(source IN LISTS sources)
-    if(source MATCHES "/${name}\\.cpp$")
+    if(source MATCHES "/${name}\\.cpp$"
+       AND NOT (header MATCHES "^Orlek/Math/" AND source MATCHES "^rendering/"))
       folder_of("${source}" home)
     endif()
   endforeach()

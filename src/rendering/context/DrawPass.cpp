@@ -5,6 +5,7 @@
 #include <Orlek/OpenGL/MatrixStack.h>
 
 #include "rendering/gl/Mesh.h"
+#include "rendering/gl/UnpackState.h"
 #include "rendering/programs/UniformLocations.h"
 #include "rendering/programs/Uniforms.h"
 
@@ -12,6 +13,7 @@ namespace Orlek::Detail {
 
 static_assert(static_cast<GLenum>(DrawMode::Lines) == GL_LINES);
 static_assert(static_cast<GLenum>(DrawMode::LineStrip) == GL_LINE_STRIP);
+static_assert(static_cast<GLenum>(DrawMode::Triangles) == GL_TRIANGLES);
 static_assert(static_cast<GLenum>(DrawMode::TriangleStrip) == GL_TRIANGLE_STRIP);
 static_assert(static_cast<GLenum>(DrawMode::TriangleFan) == GL_TRIANGLE_FAN);
 static_assert(static_cast<GLenum>(DrawMode::LineStripAdjacency) == GL_LINE_STRIP_ADJACENCY);
@@ -25,16 +27,31 @@ PrimitiveRestart::~PrimitiveRestart() {
     glDisable(GL_PRIMITIVE_RESTART);
 }
 
-DrawPass::DrawPass(const char* label, unsigned program)
-    : mCheck(label), mLabel(label), mHandler(OpenGL::GlHandler::instance()) {
+PolygonStipple::PolygonStipple(const unsigned char* pattern) {
+    if (pattern == nullptr) {
+        glDisable(GL_POLYGON_STIPPLE);
+        return;
+    }
+    const UnpackState packed;
+    glEnable(GL_POLYGON_STIPPLE);
+    glPolygonStipple(pattern);
+}
+
+PolygonStipple::~PolygonStipple() {
+    glDisable(GL_POLYGON_STIPPLE);
+}
+
+DrawPass::DrawPass(const char* label, unsigned program, ErrorReports reports)
+    : mCheck(label), mReports(reports), mHandler(OpenGL::GlHandler::instance()) {
     mHandler.activateShader(program);
     mProgram = mHandler.activeShaderHandle();
 }
 
 DrawPass::~DrawPass() {
-    reportErrors(mLabel);  // leaving the program discards what is pending
     mTextures.reset();
     glBindVertexArray(0);
+    step("glBindVertexArray");
+    mCheck.reportNow();  // leaving the program discards what is pending
     mHandler.deactivateShader();
 }
 
@@ -76,9 +93,23 @@ void DrawPass::setAt(int location, const Math::Vector3<float>& value) {
     glUniform3f(location, value.x, value.y, value.z);
 }
 
+void DrawPass::setPattern(std::string_view uniform, std::span<const int, 32> rows) {
+    if (locate(uniform) >= 0) {
+        setStippleUniform(mProgram, uniform, rows.data());
+    }
+}
+
 void DrawPass::blend() {
-    glEnable(GL_BLEND);
     blendFunction();
+    step("glBlendFunc");
+    glEnable(GL_BLEND);
+    step("glEnable");
+}
+
+void DrawPass::step(const char* function) const {
+    if (mReports == ErrorReports::EachStep) {
+        reportErrors(function);
+    }
 }
 
 void DrawPass::blendFunction() {
@@ -87,14 +118,17 @@ void DrawPass::blendFunction() {
 
 void DrawPass::matrix() {
     OpenGL::MatrixActivate();
+    step("MatrixActivate");
 }
 
 void DrawPass::bind(const Mesh& mesh) {
     mesh.bind();
+    step("glBindVertexArray");
 }
 
 void DrawPass::draw(DrawMode mode, std::size_t first, std::size_t count) {
     glDrawArrays(static_cast<GLenum>(mode), static_cast<GLint>(first), static_cast<GLsizei>(count));
+    step("glDrawArrays");
 }
 
 void DrawPass::drawIndexed(DrawMode mode, std::size_t count) {

@@ -27,6 +27,7 @@ class Mesh;
 enum class DrawMode : unsigned {
     Lines = 0x0001,
     LineStrip = 0x0003,
+    Triangles = 0x0004,
     TriangleStrip = 0x0005,
     TriangleFan = 0x0006,
     LineStripAdjacency = 0x000B
@@ -41,10 +42,23 @@ public:
     PrimitiveRestart& operator=(const PrimitiveRestart&) = delete;
 };
 
+/// OpenGL's own polygon stipple for one draw; off without a pattern of 128 bytes.
+class PolygonStipple {
+public:
+    explicit PolygonStipple(const unsigned char* pattern);
+    ~PolygonStipple();
+    PolygonStipple(const PolygonStipple&) = delete;
+    PolygonStipple& operator=(const PolygonStipple&) = delete;
+};
+
+/// When a pass reports errors: at its end under the class's name, or after each step under the
+/// name of the GL function as well.
+enum class ErrorReports { AtEnd, EachStep };
+
 class DrawPass {
 public:
     /// Puts a standard program in use. `label` names the class in the error lines.
-    DrawPass(const char* label, unsigned program);
+    DrawPass(const char* label, unsigned program, ErrorReports reports = ErrorReports::AtEnd);
     /// Unbinds textures and vertex array, leaves the program, switches line state and restart off,
     /// reports errors. Blending stays as it is.
     ~DrawPass();
@@ -57,6 +71,8 @@ public:
     void set(std::string_view uniform, const Math::Vector3<float>& value);
     void set(std::string_view uniform, const Math::Vector4<float>& value);
     void setViewPort();
+    /// @param rows 32 of them, 32 bits each.
+    void setPattern(std::string_view uniform, std::span<const int, 32> rows);
 
     /// The location of a uniform that is set many times in the pass; -1 if the program lacks it.
     int locate(std::string_view uniform) const;
@@ -74,6 +90,7 @@ public:
     }
     /// Smooth lines that stay so, and blending without its function; see LineState.
     static void smoothLinesFromNowOn(float width) { LineState::smoothFromNowOn(width); }
+    void polygonStipple(const unsigned char* pattern) { mPolygonStipple.emplace(pattern); }
     void restart(std::uint32_t index) { mRestart.emplace(index); }
     /// One texture on unit 0.
     void texture(unsigned name) { mTextures.emplace(name); }
@@ -92,13 +109,15 @@ private:
     template <typename... Values>
     void setIfPresent(std::string_view uniform, Values... values);
     static void blendFunction();
+    void step(const char* function) const;
 
     // Destroyed in the reverse order: errors are reported last.
     ErrorCheck mCheck;
+    std::optional<PolygonStipple> mPolygonStipple;
     std::optional<PrimitiveRestart> mRestart;
     std::optional<LineState> mLineState;
     std::optional<TextureUnits> mTextures;
-    const char* mLabel;
+    ErrorReports mReports;
     OpenGL::GlHandler& mHandler;
     unsigned mProgram = 0;
 };

@@ -3,6 +3,7 @@
 #include <GL/glew.h>
 
 #include "rendering/gl/EntryPoints.h"
+#include "rendering/gl/Errors.h"
 #include "rendering/gl/Names.h"
 
 namespace Orlek::Detail {
@@ -27,14 +28,17 @@ Mesh::~Mesh() {
     parkNames(NameKind::Buffer, {&mIndexBuffer, 1});
 }
 
-void Mesh::sync(std::span<const Stream> streams, std::span<const std::uint32_t> indices) {
+void Mesh::sync(std::span<const Stream> streams, std::span<const std::uint32_t> indices,
+                const MeshLabels& labels) {
     if (mVertexArray == 0) {
         glGenVertexArrays(1, &mVertexArray);
+        reportStep(labels.generate);
     }
     bind();
+    reportStep(labels.bind);
     mVertexCount = streams.empty() ? 0 : streams.front().count;
-    for (const Stream& stream : streams) {
-        upload(stream);
+    for (std::size_t i = 0; i < streams.size(); ++i) {
+        upload(streams[i], i < labels.streams.size() ? labels.streams[i] : MeshLabels::OfStream{});
     }
     mIndexCount = indices.size();
     if (mIndexCount > 0) {
@@ -49,19 +53,24 @@ void Mesh::update(const Stream& stream) {
     upload(stream);
 }
 
-void Mesh::upload(const Stream& stream) {
+void Mesh::upload(const Stream& stream, const MeshLabels::OfStream& labels) {
     const auto location = static_cast<GLuint>(stream.attribute);
     unsigned& buffer = mBuffers[location];
     createBuffer(buffer);
+    reportStep(labels.generate);
     glBindBuffer(GL_ARRAY_BUFFER, buffer);
+    reportStep(labels.bind);
     fillBuffer(GL_ARRAY_BUFFER, stream.values,
                stream.count * static_cast<std::size_t>(stream.components) * sizeof(float));
+    reportStep(labels.data);
     if (stream.count < mVertexCount) {
         glDisableVertexAttribArray(location);
     } else {
         glVertexAttribPointer(location, stream.components, GL_FLOAT, GL_FALSE, 0, nullptr);
+        reportStep(labels.pointer);
         glEnableVertexAttribArray(location);
     }
+    reportStep(labels.enable);
     glBindBuffer(GL_ARRAY_BUFFER, 0);
 }
 
@@ -78,15 +87,16 @@ void Mesh::bind() const {
 }
 
 void syncMesh(std::shared_ptr<Mesh>& mesh, std::span<const Stream> streams,
-              std::span<const std::uint32_t> indices) {
+              std::span<const std::uint32_t> indices, const UploadLabels& labels) {
     if (!glReady()) {
         return;
     }
     deleteParkedNames();
-    if (mesh == nullptr || mesh.use_count() > 1) {
+    const bool first = mesh == nullptr || mesh.use_count() > 1;
+    if (first) {
         mesh = std::make_shared<Mesh>();
     }
-    mesh->sync(streams, indices);
+    mesh->sync(streams, indices, first ? labels.first : labels.later);
     glBindVertexArray(0);
 }
 

@@ -29,6 +29,26 @@ Stream streamOf(Attribute attribute, const std::vector<T>& values) {
     return {attribute, static_cast<int>(sizeof(T) / sizeof(float)), values.data(), values.size()};
 }
 
+/// Under which names the errors of an upload are reported, step by step; null: they stay pending.
+struct MeshLabels {
+    struct OfStream {
+        const char* generate = nullptr;
+        const char* bind = nullptr;
+        const char* data = nullptr;
+        const char* pointer = nullptr;
+        const char* enable = nullptr;
+    };
+    const char* generate = nullptr;
+    const char* bind = nullptr;
+    std::array<OfStream, 2> streams{};
+};
+
+/// The labels of the upload that makes the GL objects, and of those that follow.
+struct UploadLabels {
+    MeshLabels first;
+    MeshLabels later;
+};
+
 class Mesh {
 public:
     Mesh() = default;
@@ -40,7 +60,8 @@ public:
     /// Creates the GL objects where they are missing and uploads everything. The first stream has
     /// the vertices; a stream with fewer values stays disabled, so that no draw reads beyond it.
     /// Leaves the vertex array and no array buffer bound.
-    void sync(std::span<const Stream> streams, std::span<const std::uint32_t> indices = {});
+    void sync(std::span<const Stream> streams, std::span<const std::uint32_t> indices = {},
+              const MeshLabels& labels = {});
 
     /// Uploads one stream anew.
     void update(const Stream& stream);
@@ -54,7 +75,7 @@ public:
     std::size_t indexCount() const { return mIndexCount; }
 
 private:
-    void upload(const Stream& stream);
+    void upload(const Stream& stream, const MeshLabels::OfStream& labels = {});
 
     unsigned mVertexArray = 0;
     std::array<unsigned, 6> mBuffers{};  // by attribute location
@@ -67,6 +88,6 @@ private:
 /// it. Deletes parked names first. Leaves no vertex array bound, so that the application cannot
 /// change it by mistake. Does nothing, and leaves the mesh null, without OpenGL.
 void syncMesh(std::shared_ptr<Mesh>& mesh, std::span<const Stream> streams,
-              std::span<const std::uint32_t> indices = {});
+              std::span<const std::uint32_t> indices = {}, const UploadLabels& labels = {});
 
 }  // namespace Orlek::Detail

@@ -11,12 +11,6 @@ namespace Orlek::Detail {
 
 namespace {
 
-void reportStep(const char* label) {
-    if (label != nullptr) {
-        reportErrors(label);
-    }
-}
-
 bool fits(const TextureImage& image) {
     GLint largest = 0;
     glGetIntegerv(GL_MAX_TEXTURE_SIZE, &largest);

@@ -11,11 +11,12 @@ struct Setting {
     GLint packed;
 };
 
-constexpr std::array<Setting, 5> settings{{{GL_UNPACK_ALIGNMENT, 1},
+constexpr std::array<Setting, 6> settings{{{GL_UNPACK_ALIGNMENT, 1},
                                            {GL_UNPACK_ROW_LENGTH, 0},
                                            {GL_UNPACK_SKIP_ROWS, 0},
                                            {GL_UNPACK_SKIP_PIXELS, 0},
-                                           {GL_UNPACK_SWAP_BYTES, 0}}};
+                                           {GL_UNPACK_SWAP_BYTES, 0},
+                                           {GL_UNPACK_LSB_FIRST, 0}}};
 
 }  // namespace
 

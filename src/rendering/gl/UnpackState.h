@@ -15,7 +15,7 @@ public:
     UnpackState& operator=(const UnpackState&) = delete;
 
 private:
-    std::array<int, 5> mSaved{};
+    std::array<int, 6> mSaved{};
     int mSavedBuffer = 0;
 };
 

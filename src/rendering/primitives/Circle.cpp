@@ -1,0 +1,76 @@
+#include <Orlek/OpenGL/Circle.h>
+
+#include "rendering/context/DrawPass.h"
+#include "rendering/geometry/Shapes.h"
+#include "rendering/gl/Mesh.h"
+#include "rendering/gl/Names.h"
+
+namespace Orlek::OpenGL {
+
+namespace {
+
+constexpr unsigned oneColorProgram = 2;
+
+constexpr Detail::UploadLabels labels{
+    .first = {.generate = "glGenVertexArrays",
+              .bind = "glBindVertexArray",
+              .streams = {{{"glGenBuffers", "glBindBuffer", "glBufferData", "glVertexAttribPointer",
+                            "glEnableVertexAttribArray"}}}},
+    .later = {.bind = "glBindVertexArray",
+              .streams = {{{.bind = "glBindBuffer", .data = "glBufferData"}}}}};
+
+}  // namespace
+
+Circle::Circle() = default;
+Circle::Circle(const Circle&) = default;
+Circle& Circle::operator=(const Circle&) = default;
+Circle::~Circle() = default;
+
+void Circle::setCircle(double radius, unsigned segments) {
+    Detail::appendDisc(mVertices, radius, segments);
+}
+
+void Circle::clearVertex() {
+    mVertices.clear();
+    mDirty = true;
+}
+
+void Circle::setColor(Math::Vector4<float> color) {
+    mColor = color;
+}
+
+void Circle::setPattern(unsigned char* pattern) {
+    mPattern = pattern;
+}
+
+void Circle::clear() {
+    Detail::releaseShare(mMesh);
+}
+
+void Circle::setData() {
+    const Detail::Stream streams[] = {Detail::streamOf(Detail::Attribute::Vertex, mVertices)};
+    Detail::syncMesh(mMesh, streams, {}, labels);
+    mUploaded = mVertices.size();
+    mDirty = false;
+}
+
+void Circle::render() {
+    if (mVertices.size() < 2) {
+        return;
+    }
+    if (mDirty || mMesh == nullptr) {
+        setData();
+    }
+    if (mMesh == nullptr) {
+        return;
+    }
+    Detail::DrawPass pass("Circle", oneColorProgram, Detail::ErrorReports::EachStep);
+    pass.set("color", mColor);
+    pass.bind(*mMesh);
+    pass.blend();
+    pass.polygonStipple(mPattern);
+    pass.matrix();
+    pass.draw(Detail::DrawMode::TriangleFan, 0, mUploaded);  // never beyond the buffer
+}
+
+}  // namespace Orlek::OpenGL

@@ -1,0 +1,74 @@
+#include <Orlek/OpenGL/Polygon.h>
+
+#include "rendering/gl/Mesh.h"
+#include "rendering/gl/Names.h"
+#include "rendering/primitives/Fill.h"
+
+namespace Orlek::OpenGL {
+
+namespace {
+
+constexpr const char* label = "Polygon";
+constexpr unsigned stippleProgram = 11;
+
+}  // namespace
+
+Polygon::Polygon() = default;
+Polygon::Polygon(const Polygon&) = default;
+Polygon& Polygon::operator=(const Polygon&) = default;
+Polygon::~Polygon() = default;
+
+void Polygon::addTessPolygon(Tesselator::TessPolygon polygon) {
+    mDirty = true;
+    for (const Tesselator::TessPrimitive& primitive : polygon.primitives) {
+        mBatches.push_back({primitive.type, static_cast<unsigned>(mVertices.size()),
+                            static_cast<unsigned>(primitive.vertices.size())});
+        mVertices.insert(mVertices.end(), primitive.vertices.begin(), primitive.vertices.end());
+    }
+}
+
+void Polygon::clearVertex() {
+    mVertices.clear();
+    mBatches.clear();
+    mDirty = true;
+}
+
+void Polygon::clear() {
+    Detail::releaseShare(mMesh);
+}
+
+void Polygon::setColor(Math::Vector4<float> color) {
+    mColor = color;
+}
+
+void Polygon::setPattern(unsigned char* pattern) {
+    mStipple.set(pattern);
+}
+
+void Polygon::setData() {
+    const Detail::Stream streams[] = {Detail::streamOf(Detail::Attribute::Vertex, mVertices)};
+    Detail::syncMesh(mMesh, streams);
+    mDirty = false;
+}
+
+void Polygon::render() {
+    if (mBatches.empty()) {
+        return;
+    }
+    if (mDirty || mMesh == nullptr) {
+        setData();
+    }
+    if (mMesh == nullptr) {
+        return;
+    }
+    Detail::DrawPass pass(label, stippleProgram);
+    Detail::setFill(pass, mColor, mStipple);
+    pass.bind(*mMesh);
+    pass.blend();
+    pass.matrix();
+    for (const DrawBatch& batch : mBatches) {
+        pass.draw(Detail::DrawMode{batch.type}, batch.first, batch.count);
+    }
+}
+
+}  // namespace Orlek::OpenGL

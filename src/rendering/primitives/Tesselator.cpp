@@ -1,0 +1,108 @@
+// GLU calls back with plain C functions, so the result under construction is static.
+#include <GL/glu.h>
+#include <Orlek/OpenGL/Tesselator.h>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <utility>
+
+#include "rendering/geometry/Positions.h"
+
+namespace Orlek::OpenGL {
+
+namespace {
+
+struct DeleteTess {
+    void operator()(GLUtesselator* tess) const { gluDeleteTess(tess); }
+};
+using TessHandle = std::unique_ptr<GLUtesselator, DeleteTess>;
+
+// The type under which GLU keeps every callback.
+template <typename Function>
+_GLUfuncptr callback(Function* function) {
+    return reinterpret_cast<_GLUfuncptr>(function);
+}
+
+bool isFinite(const Math::Vector3<float>& p) {
+    return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
+}
+
+}  // namespace
+
+unsigned int Tesselator::mStartPos = 0;
+std::vector<std::unique_ptr<double[]>> Tesselator::mAllocatedVertices;
+Tesselator::TessPolygon Tesselator::mTessPolygon;
+
+Tesselator::Tesselator() = default;
+Tesselator::Tesselator(const Tesselator&) = default;
+Tesselator& Tesselator::operator=(const Tesselator&) = default;
+Tesselator::~Tesselator() = default;
+
+void Tesselator::addVertex(Math::Vector2<float> p) {
+    addVertex(Detail::toPosition(p));
+}
+
+void Tesselator::addVertex(Math::Vector3<float> p) {
+    mVertices.push_back(p);
+}
+
+void Tesselator::addVertex(Math::Vector4<float> p) {
+    addVertex(Detail::toPosition(p));
+}
+
+void Tesselator::clearVertex() {
+    mVertices.clear();
+}
+
+Tesselator::TessPolygon Tesselator::tesselate() {
+    mTessPolygon.primitives.clear();
+    mStartPos = 0;
+    const TessHandle tess(gluNewTess());
+    if (tess == nullptr || !std::ranges::all_of(mVertices, isFinite)) {
+        return {};
+    }
+    gluTessProperty(tess.get(), GLU_TESS_WINDING_RULE, GLU_TESS_WINDING_NONZERO);
+    gluTessCallback(tess.get(), GLU_TESS_COMBINE, callback(combineCB));
+    gluTessCallback(tess.get(), GLU_TESS_VERTEX, callback(vertexCB));
+    gluTessCallback(tess.get(), GLU_TESS_BEGIN, callback(beginCB));
+    gluTessCallback(tess.get(), GLU_TESS_END, callback(endCB));
+    gluTessCallback(tess.get(), GLU_TESS_ERROR, callback(errorCB));
+
+    gluTessBeginPolygon(tess.get(), nullptr);
+    gluTessBeginContour(tess.get());
+    mCoords.clear();
+    mCoords.reserve(mVertices.size());  // GLU keeps pointers to them
+    for (const Math::Vector3<float>& p : mVertices) {
+        double* coordinates = mCoords.emplace_back(Coordinates{p.x, p.y, p.z}).data();
+        gluTessVertex(tess.get(), coordinates, coordinates);
+    }
+    gluTessEndContour(tess.get());
+    gluTessEndPolygon(tess.get());
+
+    mAllocatedVertices.clear();
+    return std::exchange(mTessPolygon, {});
+}
+
+void Tesselator::beginCB(unsigned type) {
+    mTessPolygon.primitives.push_back({{}, type, mStartPos});
+}
+
+void Tesselator::vertexCB(double* v) {
+    mTessPolygon.primitives.back().vertices.emplace_back(
+        static_cast<float>(v[0]), static_cast<float>(v[1]), static_cast<float>(v[2]));
+    ++mStartPos;
+}
+
+void Tesselator::combineCB(double coords[3], double* /*vertexData*/[4], float /*weight*/[4],
+                           double** outData) {
+    mAllocatedVertices.push_back(std::make_unique<double[]>(3));
+    *outData = mAllocatedVertices.back().get();
+    std::copy_n(coords, 3, *outData);
+}
+
+void Tesselator::endCB() {}
+
+void Tesselator::errorCB(unsigned /*error*/) {}
+
+}  // namespace Orlek::OpenGL
