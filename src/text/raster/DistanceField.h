@@ -26,7 +26,8 @@ inline constexpr std::size_t fieldWorkFloats = 3;
 
 /// Writes the field: 127 on the edge, more inside, 255 and 0 from `radius` pixels on. `out` has
 /// rows of the image's width, `outStride` apart, and may be the image itself. `work` has
-/// fieldWorkFloats floats for each pixel.
+/// fieldWorkFloats floats for each pixel. Throws std::bad_alloc, before anything is written,
+/// without memory for some flags besides.
 void buildDistanceField(const CoverageImage& image, float radius, std::uint8_t* out,
                         std::size_t outStride, std::span<float> work);
 

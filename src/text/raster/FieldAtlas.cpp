@@ -1,5 +1,7 @@
 #include "text/raster/FieldAtlas.h"
 
+#include <new>
+
 #include "platform/MallocArray.h"
 #include "text/raster/DistanceField.h"
 
@@ -15,9 +17,14 @@ void toDistances(GlyphAtlas& atlas) {
         return;
     }
     const auto width = static_cast<std::size_t>(atlas.width);
+    const auto height = static_cast<std::size_t>(atlas.height);
     std::uint8_t* const pixels = atlas.pixels.data();
-    buildDistanceField({pixels, width, static_cast<std::size_t>(atlas.height), width},
-                       static_cast<float>(fieldRadius), pixels, width, {work.get(), floats});
+    try {
+        buildDistanceField({pixels, width, height, width}, static_cast<float>(fieldRadius), pixels,
+                           width, {work.get(), floats});
+    } catch (const std::bad_alloc&) {
+        // As above: the coverage stays.
+    }
 }
 
 }  // namespace

@@ -1,0 +1,134 @@
+// The transform beside a plain reading of its rules, byte by byte.
+#include "text/raster/DistanceField.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <random>
+
+#include "DistanceFieldLetter.h"
+#include "text/FreeTypeReference.h"
+#include "text/raster/FieldAtlas.h"
+
+namespace Orlek::Detail {
+namespace {
+
+using OrlekTest::DistanceFieldLetter;
+using Bytes = std::vector<std::uint8_t>;
+
+/// An image with rows longer than its width; what lies behind them belongs to others.
+struct Image {
+    int width;
+    int height;
+    int stride;
+    Bytes bytes;
+
+    Image(int columns, int rows, const std::function<int(int, int)>& value)
+        : width(columns),
+          height(rows),
+          stride(columns + 5),
+          bytes(static_cast<std::size_t>(stride * rows), 0xA5) {
+        for (int y = 0; y < rows; ++y) {
+            for (int x = 0; x < columns; ++x) {
+                bytes[static_cast<std::size_t>(y * stride + x)] =
+                    static_cast<std::uint8_t>(value(x, y));
+            }
+        }
+    }
+
+    CoverageImage view() const {
+        return {bytes.data(), static_cast<std::size_t>(width), static_cast<std::size_t>(height),
+                static_cast<std::size_t>(stride)};
+    }
+
+    Bytes field(float radius) const {
+        const CoverageImage image = view();
+        Bytes out(image.width * image.height);
+        std::vector<float> work(fieldWorkFloats * out.size(), -1.0F);
+        buildDistanceField(image, radius, out.data(), image.width, work);
+        return out;
+    }
+
+    DistanceFieldLetter letter() const { return {bytes.data(), width, height, stride}; }
+};
+
+int mixed(int x, int y) {
+    return (x * 7919 + y * 104729 + x * y * 31) % 256;
+}
+
+TEST(DistanceField, EqualsTheLetterOnMadeImages) {
+    std::mt19937 random(4711);
+    const auto chance = [&](unsigned of) { return random() % of == 0; };
+    const struct {
+        const char* what;
+        std::function<int(int, int)> value;
+    } rows[] = {
+        {"empty", [](int, int) { return 0; }},
+        {"full", [](int, int) { return 255; }},
+        {"grey", [](int, int) { return 100; }},
+        {"one pixel", [](int x, int y) { return x == 3 && y == 2 ? 255 : 0; }},
+        {"one grey pixel", [](int x, int y) { return x == 3 && y == 2 ? 90 : 0; }},
+        {"corners", [](int x, int y) { return x < 2 && y < 2 ? 255 : 0; }},
+        {"frame", [](int x, int y) { return x == 0 || y == 0 ? 255 : 0; }},
+        {"chess", [](int x, int y) { return (x + y) % 2 * 255; }},
+        {"blocks", [](int x, int y) { return (x / 6 + y / 6) % 2 * 255; }},
+        {"slope", [](int x, int y) { return std::min(255, x * 3 + y); }},
+        {"steep", [](int x, int y) { return std::clamp(128 + (x - 2 * y) * 60, 0, 255); }},
+        {"pattern", mixed},
+        {"threshold", [](int x, int y) { return mixed(x, y) > 200 ? 255 : 0; }},
+        {"noise", [&](int, int) { return static_cast<int>(random() % 256); }},
+        {"dust", [&](int, int) { return chance(200) ? static_cast<int>(random() % 256) : 0; }},
+        {"holes", [&](int, int) { return chance(150) ? static_cast<int>(random() % 256) : 255; }},
+    };
+    const std::pair<int, int> sizes[] = {{0, 0}, {1, 9}, {9, 1},  {2, 2},  {3, 3},   {5, 4},
+                                         {6, 7}, {7, 6}, {66, 3}, {3, 66}, {97, 71}, {262, 301}};
+    int compared = 0;
+    for (const auto& row : rows) {
+        for (const auto& [width, height] : sizes) {
+            const Image image(width, height, row.value);
+            for (const float radius : {8.0F, 3.0F}) {
+                const Bytes expected = image.letter().field(radius);
+                ASSERT_EQ(image.field(radius), expected)
+                    << row.what << ' ' << width << " x " << height;
+                ++compared;
+            }
+        }
+    }
+    EXPECT_EQ(compared, 16 * 12 * 2);
+}
+
+TEST(DistanceField, EqualsTheLetterOnAtlasesOfRealFontsInPlace) {
+    static FT_LibraryRec_* const library = openFreeType();
+    bool limited = false;
+    for (const char* const name : {"DejaVuSans", "DejaVuSansMono-Bold", "DejaVuSerif"}) {
+        const std::string bytes =
+            OrlekTest::readFont(std::string("/usr/share/fonts/truetype/dejavu/") + name + ".ttf");
+        FontFace face(library, bytes.data(), static_cast<int>(bytes.size()));
+        GlyphAtlas plain;
+        GlyphAtlas field;
+        GlyphSet glyphs;
+        ASSERT_TRUE(buildAtlas(face, 50, {1024, 28, 14}, plain, glyphs));
+        ASSERT_TRUE(buildFieldAtlas(face, field, glyphs));
+        EXPECT_EQ(plain.width, 1024);
+        const DistanceFieldLetter letter(plain.pixels.data(), plain.width, plain.height,
+                                         plain.width);
+        EXPECT_TRUE(field.pixels == letter.field(8.0F)) << name;
+        limited |= letter.iterations() > 10;
+    }
+    EXPECT_TRUE(limited) << "no font shows that the iterations are limited";
+}
+
+TEST(DistanceField, FallsFromTheEdgeToTheRadius) {
+    const Image image(60, 9, [](int x, int) { return x < 30 ? 255 : x == 30 ? 128 : 0; });
+    const Bytes field = image.field(8.0F);
+    const std::size_t middle = 4 * 60;
+    EXPECT_EQ(field[middle + 21], 255);  // 9 pixels inside
+    EXPECT_EQ(field[middle + 30], 127);  // on the edge, within rounding
+    EXPECT_EQ(field[middle + 34], 63);   // 4 pixels outside
+    EXPECT_EQ(field[middle + 39], 0);
+    const Image blank(60, 9, [](int, int) { return 0; });
+    EXPECT_EQ(blank.field(8.0F), Bytes(60 * 9, 0));
+}
+
+}  // namespace
+}  // namespace Orlek::Detail
