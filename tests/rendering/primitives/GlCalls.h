@@ -5,7 +5,8 @@
 #include <GL/glew.h>
 #include <dlfcn.h>
 
-#include <array>
+#include <string_view>
+#include <type_traits>
 #include <vector>
 
 namespace OrlekTest {
@@ -19,7 +20,7 @@ struct DrawCall {
 
 struct GlCalls {
     std::vector<DrawCall> draws;
-    bool failing = false;  ///< Each of the calls below leaves GL_INVALID_ENUM behind.
+    std::string_view failing;  ///< This function leaves GL_INVALID_ENUM behind; "all": each.
 };
 
 inline GlCalls& glCalls() {
@@ -32,8 +33,8 @@ Function* driversOwn(const char* name) {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
 
-inline void failOnDemand() {
-    if (glCalls().failing) {
+inline void failOnDemand(std::string_view function) {
+    if (glCalls().failing == "all" || glCalls().failing == function) {
         driversOwn<decltype(glEnable)>("glEnable")(0xFFFF);
     }
 }
@@ -42,22 +43,21 @@ inline void failOnDemand() {
 template <auto& Pointer, typename... Arguments>
 class Fronted {
 public:
-    Fronted() {
-        original() = Pointer;
+    explicit Fronted(const char* name) {
+        mName = name;
+        mOriginal = Pointer;
         Pointer = [](Arguments... arguments) {
-            original()(arguments...);
-            failOnDemand();
+            mOriginal(arguments...);
+            failOnDemand(mName);
         };
     }
-    ~Fronted() { Pointer = original(); }
+    ~Fronted() { Pointer = mOriginal; }
     Fronted(const Fronted&) = delete;
     Fronted& operator=(const Fronted&) = delete;
 
 private:
-    static auto& original() {
-        static std::remove_reference_t<decltype(Pointer)> function = nullptr;
-        return function;
-    }
+    static inline const char* mName = nullptr;
+    static inline std::remove_reference_t<decltype(Pointer)> mOriginal = nullptr;
 };
 
 }  // namespace OrlekTest
@@ -68,25 +68,25 @@ inline __attribute__((used)) void glDrawArrays(GLenum mode, GLint first, GLsizei
     static auto* const own = OrlekTest::driversOwn<decltype(glDrawArrays)>("glDrawArrays");
     OrlekTest::glCalls().draws.push_back({mode, first, count});
     own(mode, first, count);
-    OrlekTest::failOnDemand();
+    OrlekTest::failOnDemand("glDrawArrays");
 }
 
 inline __attribute__((used)) void glEnable(GLenum state) {
     static auto* const own = OrlekTest::driversOwn<decltype(glEnable)>("glEnable");
     own(state);
-    OrlekTest::failOnDemand();
+    OrlekTest::failOnDemand("glEnable");
 }
 
 inline __attribute__((used)) void glBlendFunc(GLenum source, GLenum destination) {
     static auto* const own = OrlekTest::driversOwn<decltype(glBlendFunc)>("glBlendFunc");
     own(source, destination);
-    OrlekTest::failOnDemand();
+    OrlekTest::failOnDemand("glBlendFunc");
 }
 
 inline __attribute__((used)) void glDisable(GLenum state) {
     static auto* const own = OrlekTest::driversOwn<decltype(glDisable)>("glDisable");
     own(state);
-    OrlekTest::failOnDemand();
+    OrlekTest::failOnDemand("glDisable");
 }
 
 }  // extern "C"
