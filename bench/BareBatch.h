@@ -52,13 +52,7 @@ public:
     /// Calls setState() for what the mode needs besides, with the program in use.
     template <typename SetState>
     void draw(GLenum mode, SetState setState) const {
-        const Orlek::Math::Matrix4<float> matrix = Orlek::OpenGL::MatrixGet();
-        glUseProgram(mProgram);
-        glUniform4f(mColor, 1.0F, 1.0F, 1.0F, 1.0F);
-        glUniform3f(mOffset, 0.0F, 0.0F, 0.0F);
-        glUniformMatrix4fv(mMatrix, 1, GL_FALSE, matrix.m);
-        glEnable(GL_BLEND);
-        glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+        use(Orlek::OpenGL::MatrixGet());
         glPrimitiveRestartIndex(restartIndex);
         glEnable(GL_PRIMITIVE_RESTART);
         setState();
@@ -69,7 +63,26 @@ public:
         glUseProgram(0);
     }
 
+    /// Draws parts of the vertices: drawEach(location of the offset) sets it and draws each.
+    template <typename DrawEach>
+    void drawParts(const Orlek::Math::Matrix4<float>& matrix, DrawEach drawEach) const {
+        use(matrix);
+        glBindVertexArray(mVao);
+        drawEach(mOffset);
+        glBindVertexArray(0);
+        glUseProgram(0);
+    }
+
 private:
+    void use(const Orlek::Math::Matrix4<float>& matrix) const {
+        glUseProgram(mProgram);
+        glUniform4f(mColor, 1.0F, 1.0F, 1.0F, 1.0F);
+        glUniform3f(mOffset, 0.0F, 0.0F, 0.0F);
+        glUniformMatrix4fv(mMatrix, 1, GL_FALSE, matrix.m);
+        glEnable(GL_BLEND);
+        glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    }
+
     template <typename T>
     static void attribute(GLuint location, GLint components, unsigned buffer,
                           const std::vector<T>& values) {
