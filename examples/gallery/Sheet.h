@@ -4,7 +4,9 @@
 
 #include <Orlek/OpenGL.h>
 
+#include <initializer_list>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Gallery {
@@ -27,6 +29,11 @@ inline const Colour green(0.45F, 0.90F, 0.50F, 1.0F);
 inline const Colour red(1.0F, 0.38F, 0.35F, 1.0F);
 inline const Colour blue(0.25F, 0.47F, 0.95F, 1.0F);
 
+/// The same colour, half transparent.
+inline Colour glass(const Colour& colour) {
+    return {colour.x, colour.y, colour.z, 0.5F};
+}
+
 /// A rectangle of the page.
 struct Box {
     float x = 0.0F;
@@ -39,6 +46,15 @@ struct Box {
         return {x + width * static_cast<float>(u), y + height * static_cast<float>(v)};
     }
     Point centre() const { return at(0.5, 0.5); }
+
+    /// Several points of it.
+    Points points(std::initializer_list<std::pair<double, double>> places) const {
+        Points result;
+        for (const auto& [u, v] : places) {
+            result.push_back(at(u, v));
+        }
+        return result;
+    }
 
     /// One of @p count equal rows, 0 is the highest.
     Box row(int number, int count) const {

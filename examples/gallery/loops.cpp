@@ -33,8 +33,8 @@ struct Picture {
 
         const Box zone =
             sheet.sample(0, 1, "setStipple(0xFF18)", "an airspace boundary in dots and dashes");
-        airspace.addLineLoop(Points{zone.at(0.05, 0.1), zone.at(0.35, 0.95), zone.at(0.6, 0.7),
-                                    zone.at(0.95, 0.85), zone.at(0.8, 0.2), zone.at(0.5, 0.35)});
+        airspace.addLineLoop(zone.points(
+            {{0.05, 0.1}, {0.35, 0.95}, {0.6, 0.7}, {0.95, 0.85}, {0.8, 0.2}, {0.5, 0.35}}));
         airspace.setColor(magenta);
         airspace.setLineWidth(2);
         airspace.setStipple(0xFF18);

@@ -39,8 +39,8 @@ void drawWide(unsigned int program, const VertexArray& line, float width, int st
 }
 
 Points zigzag(const Box& box) {
-    return withAdjacency({box.at(0.1, 0.1), box.at(0.3, 0.85), box.at(0.45, 0.15), box.at(0.7, 0.9),
-                          box.at(0.75, 0.35), box.at(0.95, 0.35)});
+    return withAdjacency(box.points(
+        {{0.1, 0.1}, {0.3, 0.85}, {0.45, 0.15}, {0.7, 0.9}, {0.75, 0.35}, {0.95, 0.35}}));
 }
 
 struct Picture {

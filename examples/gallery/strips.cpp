@@ -45,8 +45,7 @@ struct Picture {
     Picture() {
         addWaves(profiles, sheet.sample(0, 0, "addLineStrip(points)", "five strips in one"), cyan);
         Box box = sheet.sample(1, 0, "setStipple(0x0FFF)", "a route, setLineWidth(4)");
-        route.addLineStrip(Points{box.at(0, 0.1), box.at(0.2, 0.8), box.at(0.5, 0.6),
-                                  box.at(0.65, 0.95), box.at(1, 0.3)});
+        route.addLineStrip(box.points({{0, 0.1}, {0.2, 0.8}, {0.5, 0.6}, {0.65, 0.95}, {1, 0.3}}));
         route.setLineWidth(4);
         route.setColor(magenta);
         route.setStipple(0x0FFF);
@@ -59,6 +58,7 @@ struct Picture {
         box = sheet.sample(2, 1, "addVertex(point)", "one has none: all in setColor()");
         addTrack(partly, box);
         partly.addVertex(box.at(1, 0.5));
+        partly.setColor(grey);
     }
 
     void draw(double seconds) {
