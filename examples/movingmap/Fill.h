@@ -1,8 +1,9 @@
-// Filled rectangles and strips of one colour.
+// Filled rectangles, strips and outlines of one colour.
 #pragma once
 
 #include <Orlek/OpenGL.h>
 
+#include <array>
 #include <vector>
 
 #include "Colours.h"
@@ -10,8 +11,15 @@
 
 namespace MovingMap {
 
-/// Draws filled shapes: a terrain strip that shows nothing but its map texture, one white texel,
-/// tinted. Needs the GL context.
+/// 32 rows of 32 pixels of the screen, the bottom row first, the leftmost pixel in the highest bit.
+using ScreenStipple = std::array<unsigned char, 128>;
+
+ScreenStipple dottedStipple();
+ScreenStipple risingStipple();   ///< Diagonals from the lower left.
+ScreenStipple fallingStipple();  ///< Diagonals from the upper left.
+
+/// Draws filled shapes. Strips: a terrain strip that shows nothing but its map texture, one white
+/// texel, tinted. Needs the GL context.
 class Fill {
 public:
     Fill();
@@ -22,8 +30,14 @@ public:
     /// A triangle strip.
     void strip(const std::vector<Point>& points, const Colour& colour);
 
+    /// What a closed outline encloses; it may be concave. With a pattern only the pixels whose bit
+    /// is set.
+    void polygon(const std::vector<Point>& outline, const Colour& colour,
+                 const ScreenStipple* pattern = nullptr);
+
 private:
     Orlek::OpenGL::TextureTerrain mStrip;
+    Orlek::OpenGL::Polygon mPolygon;
 };
 
 }  // namespace MovingMap

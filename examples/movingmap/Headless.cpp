@@ -49,10 +49,10 @@ std::string numberedPath(const std::string& path, int number, int count) {
            std::string(width - digits.size(), '0') + digits + extension;
 }
 
-void drawPictures(const Options& options, const Flight& flight,
-                  Orlek::Geodetic::HeightMap& terrain) {
+void drawPictures(const Options& options, const Flight& flight, Orlek::Geodetic::HeightMap& terrain,
+                  const Charts& charts) {
     const OrlekSupport::HeadlessContext context(options.width, options.height);
-    MapPicture picture(options.font, options.scale, terrain, flight.route(), flight.path());
+    MapPicture picture(options.font, options.scale, terrain, flight.route(), flight.path(), charts);
     const Point size(options.width, options.height);
     if (options.frames > 0) {
         saveFrames(options, flight, picture, size);

@@ -1,14 +1,15 @@
 // Pictures without a screen.
 #pragma once
 
+#include "Charts.h"
 #include "Flight.h"
 
 namespace MovingMap {
 
 /// Draws the options' picture or pictures into PNG files and prints their paths.
 /// Throws std::runtime_error when there is no GL, no font, or a file cannot be written.
-void drawPictures(const Options& options, const Flight& flight,
-                  Orlek::Geodetic::HeightMap& terrain);
+void drawPictures(const Options& options, const Flight& flight, Orlek::Geodetic::HeightMap& terrain,
+                  const Charts& charts);
 
 /// The path of a numbered picture: "a/map.png" and 7 of 120 give "a/map-007.png".
 std::string numberedPath(const std::string& path, int number, int count);

@@ -23,12 +23,13 @@ constexpr double timeLapse = 10.0;  // The flight is shown ten times as fast as 
 
 class Session {
 public:
-    Session(const Options& options, const Flight& flight, Orlek::Geodetic::HeightMap& terrain)
+    Session(const Options& options, const Flight& flight, Orlek::Geodetic::HeightMap& terrain,
+            const Charts& charts)
         : mFrames(options.frames),
           mFlight(flight),
           mWindow("Moving map", options.width, options.height),
           mPicture(options.font, options.scale * mWindow.contentScale(), terrain, flight.route(),
-                   flight.path()),
+                   flight.path(), charts),
           mScene(flight.scene()),
           mCentre(mScene.own) {
         mWindow.onKey([this](const std::string& key) { pressKey(key); });
@@ -127,8 +128,9 @@ private:
 
 }  // namespace
 
-void showWindow(const Options& options, const Flight& flight, Orlek::Geodetic::HeightMap& terrain) {
-    Session(options, flight, terrain).run();
+void showWindow(const Options& options, const Flight& flight, Orlek::Geodetic::HeightMap& terrain,
+                const Charts& charts) {
+    Session(options, flight, terrain, charts).run();
 }
 
 }  // namespace MovingMap

@@ -1,6 +1,7 @@
 // The map in a window.
 #pragma once
 
+#include "Charts.h"
 #include "Flight.h"
 
 namespace MovingMap {
@@ -10,6 +11,7 @@ namespace MovingMap {
 /// Mouse: drag pans, the wheel zooms. Keys: arrows pan, + and - zoom, H turns the map north or
 /// heading up, C centres it on the aircraft again, space holds the flight, Escape quits.
 /// Throws std::runtime_error when there is no display, no GL or no font.
-void showWindow(const Options& options, const Flight& flight, Orlek::Geodetic::HeightMap& terrain);
+void showWindow(const Options& options, const Flight& flight, Orlek::Geodetic::HeightMap& terrain,
+                const Charts& charts);
 
 }  // namespace MovingMap

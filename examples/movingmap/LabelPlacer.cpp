@@ -32,12 +32,16 @@ bool clip(double start, double delta, double low, double high, double& enter, do
 constexpr std::array<std::array<double, 2>, 8> sides = {
     {{1, 0}, {1, 1}, {1, -1}, {-1, 0}, {-1, 1}, {-1, -1}, {0, 1}, {0, -1}}};
 
+Box boxAt(Point centre, Point size) {
+    const Point half(size.x / 2.0, size.y / 2.0);
+    return {centre - half, centre + half};
+}
+
 Box boxBeside(Point point, Point size, const std::array<double, 2>& side, double distance) {
     const double diagonal = side[0] != 0.0 && side[1] != 0.0 ? 0.75 : 1.0;
     const Point centre(point.x + side[0] * (distance * diagonal + size.x / 2.0),
                        point.y + side[1] * (distance * diagonal + size.y / 2.0));
-    const Point half(size.x / 2.0, size.y / 2.0);
-    return {centre - half, centre + half};
+    return boxAt(centre, size);
 }
 
 }  // namespace
@@ -97,6 +101,23 @@ Box LabelPlacer::place(Point point, Point size, double unit) {
         }
     }
     block(best);
+    return best;
+}
+
+std::optional<Box> LabelPlacer::placeOneOf(const std::vector<Point>& middles, Point size) {
+    std::optional<Box> best;
+    double bestCost = overlapCost;
+    for (const Point& middle : middles) {
+        const Box box = boxAt(middle, size);
+        const double boxCost = cost(box);
+        if (boxCost < bestCost) {
+            best = box;
+            bestCost = boxCost;
+        }
+    }
+    if (best) {
+        block(*best);
+    }
     return best;
 }
 

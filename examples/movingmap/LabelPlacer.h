@@ -1,6 +1,7 @@
 // Where labels go so that they can be read.
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "MapView.h"
@@ -37,6 +38,11 @@ public:
     /// earlier label or a line is taken only when there is no free one. The chosen place is blocked
     /// for later labels.
     Box place(Point point, Point size, double unit);
+
+    /// Chooses the best of some places for the middle of a label, the first of several that are
+    /// equally good, and blocks it. Nothing when each of them touches a blocked box or an earlier
+    /// label, or leaves the area.
+    std::optional<Box> placeOneOf(const std::vector<Point>& middles, Point size);
 
 private:
     double cost(const Box& box) const;

@@ -1,10 +1,12 @@
-// From the ground up: relief, graticule, rings, route, aircraft and their text, then the plates.
+// From the ground up: relief, airspace, graticule, rings, route, aircraft and their text, then the
+// plates.
 #include "MapPicture.h"
 
 #include <GL/gl.h>
 
 #include <algorithm>
 
+#include "AirspaceLayer.h"
 #include "CompassRose.h"
 #include "Graticule.h"
 #include "HeightLegend.h"
@@ -34,11 +36,13 @@ Point headingTip(const MapView& view, const Scene& scene) {
 
 MapPicture::MapPicture(const std::string& fontFile, double scale,
                        Orlek::Geodetic::HeightMap& terrain, const Route& route,
-                       const RoutePath& path)
+                       const RoutePath& path, const Charts& charts)
     : mCanvas(fontFile, scale),
+      mRelief(charts),
       mTerrain(terrain),
       mRoute(route),
       mPath(path),
+      mCharts(charts),
       mView({}, 1.0, 0.0, Point(0.0, 0.0), Point(1.0, 1.0)) {}
 
 MapView MapPicture::viewFor(const Scene& scene, Point size, const Position& centre,
@@ -73,6 +77,9 @@ std::vector<Box> MapPicture::Layout::plates() const {
 
 void MapPicture::drawMap(const Scene& scene, const Layout& layout) {
     mRelief.draw();
+    const std::vector<AirspaceShape> airspace =
+        projectAirspace(mCharts.airspace, mView, layout.map);
+    drawAirspace(mCanvas, airspace);
     drawGraticule(mCanvas, mView, layout.map, layout.plates());
     const std::vector<Box> figures = drawCompassRose(mCanvas, mView, scene);
     const RouteLine line = projectRoute(mPath, mView, scene.alongM);
@@ -89,6 +96,7 @@ void MapPicture::drawMap(const Scene& scene, const Layout& layout) {
     placer.block(Box{own, own}.grown(18.0 * mCanvas.unit));
     placer.avoid({own, headingTip(mView, scene)});
     addWaypointLabels(mCanvas, mView, mRoute, line, scene.next.index, placer, layout.map);
+    addAirspaceLabels(mCanvas, airspace, placer, layout.map);
 }
 
 void MapPicture::drawPlates(const Scene& scene, const Layout& layout) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "Canvas.h"
+#include "Charts.h"
 #include "InfoLine.h"
 #include "LabelPlacer.h"
 #include "Relief.h"
@@ -23,7 +24,7 @@ public:
     /// The references must outlive the object.
     /// @param scale pixels of the picture for a pixel of an ordinary screen
     MapPicture(const std::string& fontFile, double scale, Orlek::Geodetic::HeightMap& terrain,
-               const Route& route, const RoutePath& path);
+               const Route& route, const RoutePath& path, const Charts& charts);
 
     /// Draws one scene.
     /// @param size width and height of the framebuffer in pixels
@@ -60,6 +61,7 @@ private:
     Orlek::Geodetic::HeightMap& mTerrain;
     const Route& mRoute;
     const RoutePath& mPath;
+    const Charts& mCharts;
     MapView mView;
 };
 

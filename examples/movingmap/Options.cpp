@@ -21,6 +21,12 @@ constexpr double builtInPlaceMiles = 12.35;
 void registerOptions(CmdLine& line) {
     line.addParameter("--tiles", "directory of elevation tiles (.DT1, .zip)", defaultTiles);
     line.addParameter("--route", "route file; the built-in route when empty", "");
+    line.addParameter("--airspace",
+                      "airspace file; the built-in airspace when empty, none for none", "");
+    line.addParameter("--map-image", "map to blend into the relief, a PNG file", "");
+    line.addParameter("--map-bounds", "what the map image covers: south,west,north,east, degrees",
+                      defaultBounds);
+    line.addParameter("--map-share", "of the map image against the height colours, 0 to 1", "0.6");
     line.addParameter("--font", "font file",
                       "/usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf");
     line.addParameter("--out", "picture to write", "movingmap.png");
@@ -75,6 +81,10 @@ Options collect() {
     Options options;
     options.tiles = textOf("--tiles");
     options.route = textOf("--route");
+    options.airspace = textOf("--airspace");
+    options.mapImage = textOf("--map-image");
+    options.mapBounds = textOf("--map-bounds");
+    options.mapShare = numberOf("--map-share", 0.0, 1.0);
     options.font = textOf("--font");
     options.out = textOf("--out");
     options.frames = numberOf("--frames", 0, 99999);

@@ -8,7 +8,11 @@ namespace MovingMap {
 
 struct Options {
     std::string tiles;
-    std::string route;  ///< Empty: the default route.
+    std::string route;     ///< Empty: the default route.
+    std::string airspace;  ///< Empty: the default airspace; "none": none.
+    std::string mapImage;  ///< Empty: no map image.
+    std::string mapBounds;
+    double mapShare = 0.0;
     std::string font;
     std::string out;
     int frames = 0;  ///< 0: one picture; a window stays open.

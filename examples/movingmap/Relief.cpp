@@ -1,5 +1,5 @@
-// Two layers of the terrain class: height colours with shading below, and a picture of water and
-// missing terrain above.
+// Two layers of the terrain class: height colours, and a map if there is one, with shading below,
+// and a picture of water and missing terrain above.
 #include "Relief.h"
 
 #include <GL/gl.h>
@@ -45,7 +45,7 @@ void setQuad(TextureTerrain& layer, int width, int height) {
 
 }  // namespace
 
-Relief::Relief() : mColourMap(createColourMap()) {
+Relief::Relief(const Charts& charts) : mCharts(charts), mColourMap(createColourMap()) {
     mTerrain.setColorMap(mColourMap);
     mTerrain.setShading(true);
     mTerrain.setShadingFactor(0.7);
@@ -73,6 +73,10 @@ void Relief::setLight(double upDeg) {
 void Relief::upload() {
     const auto width = static_cast<unsigned>(mImage.width);
     const auto height = static_cast<unsigned>(mImage.height);
+    if (mCharts.image) {
+        mTerrain.load(mImage.map.data(), width, height, GL_RGBA);
+        mTerrain.setTerrainOsm(mCharts.imageShare);
+    }
     mTerrain.loadNormals(mImage.normals.data(), width, height, GL_RGBA);
     mCover.load(mImage.cover.data(), width, height, GL_RGBA);
 }
@@ -83,6 +87,9 @@ void Relief::update(Orlek::Geodetic::HeightMap& terrain, const MapView& view, in
     }
     sampleRelief(terrain, view, step, mImage);
     hatchVoids(mImage, view.metresPerPixel() * step, step);
+    if (mCharts.image) {
+        layMap(*mCharts.image, mCharts.imageShare, view, step, mImage);
+    }
     upload();
     setQuad(mTerrain, mImage.width * step, mImage.height * step);
     setQuad(mCover, mImage.width * step, mImage.height * step);

@@ -5,6 +5,7 @@
 
 #include <optional>
 
+#include "Charts.h"
 #include "MapView.h"
 #include "ReliefImage.h"
 
@@ -13,7 +14,8 @@ namespace MovingMap {
 /// Keeps the relief of the last view and draws it. Needs the GL context.
 class Relief {
 public:
-    Relief();
+    /// @param charts whose map image is laid over the relief, if there is one; must outlive this
+    explicit Relief(const Charts& charts);
     ~Relief();
     Relief(const Relief&) = delete;
     Relief& operator=(const Relief&) = delete;
@@ -32,6 +34,7 @@ private:
     void upload();
     void setLight(double upDeg);
 
+    const Charts& mCharts;
     Orlek::OpenGL::TextureTerrain mTerrain;
     Orlek::OpenGL::TextureTerrain mCover;
     unsigned mColourMap = 0;

@@ -10,7 +10,7 @@
 
 namespace MovingMap {
 
-/// Two textures of the same size, the bottom row first.
+/// Textures of the same size, the bottom row first.
 struct ReliefImage {
     int width = 0;
     int height = 0;
@@ -20,6 +20,8 @@ struct ReliefImage {
     /// Red, green, blue, alpha: what lies over the relief. Water and missing terrain are opaque,
     /// land is transparent.
     std::vector<std::uint8_t> cover;
+    /// Red, green, blue, alpha: what is blended into the height colours; empty without a map.
+    std::vector<std::uint8_t> map;
     bool complete = true;  ///< No terrain was missing.
 };
 

@@ -21,6 +21,8 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
+}  // namespace
+
 Fields fieldsOf(std::string_view line) {
     Fields fields;
     for (;;) {
@@ -32,8 +34,6 @@ Fields fieldsOf(std::string_view line) {
         line.remove_prefix(comma + 1);
     }
 }
-
-}  // namespace
 
 std::runtime_error errorInLine(const std::string& source, int number, const std::string& reason) {
     return std::runtime_error(source + ":" + std::to_string(number) + ": " + reason);

@@ -14,6 +14,9 @@ namespace MovingMap {
 
 using Fields = std::vector<std::string_view>;
 
+/// What stands between the commas of a line, without the blanks around it.
+Fields fieldsOf(std::string_view line);
+
 /// "source:line: reason".
 std::runtime_error errorInLine(const std::string& source, int number, const std::string& reason);
 

@@ -12,7 +12,7 @@ Box around(Point point, double reach) {
 }  // namespace
 
 void addWaypointLabels(Canvas& canvas, const MapView& view, const Route& route,
-                       const RouteLine& line, std::size_t nextWaypoint, LabelPlacer placer,
+                       const RouteLine& line, std::size_t nextWaypoint, LabelPlacer& placer,
                        const Box& area) {
     placer.avoid(line.flown);
     placer.avoid(line.ahead);

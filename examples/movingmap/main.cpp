@@ -2,6 +2,7 @@
 #include <cstdio>
 #include <exception>
 
+#include "Charts.h"
 #include "Headless.h"
 #include "Interactive.h"
 #include "Options.h"
@@ -15,11 +16,12 @@ void run(const Options& options) {
     Orlek::Geodetic::HeightMap terrain;
     const Flight flight(
         options, options.route.empty() ? defaultRoute() : readRouteFile(options.route), terrain);
+    const Charts charts = readCharts(options);
     openTerrain(terrain, options.tiles, flight.start());
     if (options.window) {
-        showWindow(options, flight, terrain);
+        showWindow(options, flight, terrain, charts);
     } else {
-        drawPictures(options, flight, terrain);
+        drawPictures(options, flight, terrain, charts);
     }
 }
 

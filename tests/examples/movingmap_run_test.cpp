@@ -112,6 +112,37 @@ TEST_F(OverTheBuiltTile, routeLiesWhereTheMapPutsIt) {
     }
 }
 
+// A square around the aircraft and beside it, once plain, once with airspace or a map there.
+TEST_F(OverTheBuiltTile, airspaceAndMapImageLieOverTheRelief) {
+    const std::string at = "--lat 36.3 --lon -84.25 --heading 0 ";
+    const Image plain = draw(at + "--airspace none");
+    const Image filled =
+        draw(at + "--airspace " +
+             mDir.write("a.txt",
+                        "airspace,A,restricted,GND,FL95\npoint,36.27,-84.28\n"
+                        "point,36.33,-84.28\npoint,36.33,-84.22\npoint,36.27,-84.22\n"));
+    OrlekSupport::Image blue(1, 1);
+    blue.rgba = {0, 0, 255, 255};
+    OrlekSupport::writePng(mDir.path("blue.png"), blue);
+    const Image mapped = draw(at + "--airspace none --map-share 1 --map-image " +
+                              mDir.path("blue.png") + " --map-bounds 36.27,-84.28,36.33,-84.22");
+    const auto sum = [](const Image& image, int x, int y, std::size_t channel) {
+        int total = 0;
+        for (int i = 0; i < 64; ++i) {
+            total += image.at(middleX + x + i % 8, middleY + y + i / 8)[channel];
+        }
+        return total / 64;
+    };
+    EXPECT_LT(sum(filled, 30, 30, 2), sum(plain, 30, 30, 2) - 10) << "tinted red";
+    EXPECT_GT(sum(mapped, 30, 30, 2), 100);
+    EXPECT_LT(sum(mapped, 30, 30, 0), 20);
+    for (const Image& other : {filled, mapped}) {
+        for (const std::size_t channel : {0U, 1U, 2U}) {
+            EXPECT_NEAR(sum(other, 90, 30, channel), sum(plain, 90, 30, channel), 1);
+        }
+    }
+}
+
 TEST_F(OverTheBuiltTile, framesAreNumberedAndDiffer) {
     ASSERT_EQ(run("--frames 3 --width 320 --height 240 --out " + mDir.path("map.png")).status, 0);
     const auto frame = [&](const char* name) {
@@ -156,6 +187,12 @@ TEST_F(MovingMapRun, saysInOneLineWhatIsMissing) {
         {"--tiles /nowhere", "no directory of elevation tiles: /nowhere"},
         {"--route /nowhere.txt", "/nowhere.txt"},
         {"--route " + route, "bad.txt:2: expected name"},
+        {"--airspace /nowhere.txt", "no airspace file"},
+        {"--airspace " + route, "bad.txt:1: expected airspace"},
+        {"--map-image /nowhere.png", "/nowhere.png"},
+        {"--map-image " + route, "bad.txt"},
+        {"--map-image x.png --map-bounds 1,2,3", "expected south,west,north,east"},
+        {"--map-share 2", "--map-share: '2'"},
         {"--font /nowhere.ttf" + mNoTiles, "/nowhere.ttf"},
         {"--font " + route + mNoTiles, "bad.txt"},
         {"--out /nowhere/map.png" + mNoTiles, "cannot write /nowhere/map.png"},

@@ -1,6 +1,7 @@
 // The moving map's logic that needs no GL: route files, flown paths, the view, labels, figures.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <sstream>
 #include <stdexcept>
@@ -8,12 +9,14 @@
 #include <vector>
 
 #include "AirspaceFile.h"
+#include "AirspaceLayer.h"
 #include "Cover.h"
 #include "Format.h"
 #include "Graticule.h"
 #include "Headless.h"
 #include "HeightColours.h"
 #include "LabelPlacer.h"
+#include "MapImage.h"
 #include "MapView.h"
 #include "RouteFile.h"
 #include "RouteLayer.h"
@@ -127,6 +130,72 @@ TEST(AirspaceFile, namesTheLineOfAnError) {
     }
     EXPECT_TRUE(airspace("# nothing\n").empty());
     EXPECT_THROW(readAirspaceFile("/dev/zero"), std::runtime_error);
+}
+
+TEST(AirspaceLayer, leavesOutWhatIsNotInThePicture) {
+    const std::vector<Airspace> read = airspace(
+        "airspace,IN,D,GND,FL95\npoint,-1,-1\npoint,1,-1\npoint,0,0\npoint,1,1\npoint,-1,1\n"
+        "circle,20,20,1\nairspace,OUT,D,GND,FL95\ncircle,20,20,1\n");
+    const MapView view({0.0, 0.0}, 1000.0, 0.0, Point(200.0, 200.0), Point(400.0, 400.0));
+    const auto shapes = projectAirspace(read, view, Box{Point(0.0, 0.0), Point(400.0, 400.0)});
+    ASSERT_EQ(shapes.size(), 1U);
+    ASSERT_EQ(shapes[0].outlines.size(), 1U);
+    const Polyline& outline = shapes[0].outlines[0];
+    EXPECT_TRUE(isInside(outline, Point(200.0, 150.0)));
+    EXPECT_FALSE(isInside(outline, Point(200.0, 250.0))) << "the notch";
+    EXPECT_TRUE(isInside(outline, Point(280.0, 250.0)));
+    EXPECT_FALSE(isInside(outline, Point(320.0, 200.0)));
+}
+
+TEST(MapImage, parsesBounds) {
+    const Bounds bounds = parseBounds("1, -2.5 ,3,4");
+    EXPECT_EQ(bounds.south + bounds.north, 4.0);
+    EXPECT_EQ(bounds.west, -2.5);
+    EXPECT_EQ(bounds.east, 4.0);
+    for (const char* text : {"", "1,2,3", "1,2,3,4,5", "3,2,1,4", "1,2,3,2", "1,2,x,4"}) {
+        EXPECT_THROW(parseBounds(text), std::runtime_error) << text;
+    }
+}
+
+// Two by two pixels: red, green above; blue, transparent below.
+OrlekSupport::Image fourPixels() {
+    OrlekSupport::Image image(2, 2);
+    image.rgba = {255, 0, 0, 255, 0, 255, 0, 255, 0, 0, 255, 255, 9, 9, 9, 0};
+    return image;
+}
+
+TEST(MapImage, isSampledBetweenItsPixels) {
+    const MapImage map(fourPixels(), {0.0, 0.0, 2.0, 2.0});
+    using Rgba4 = std::array<double, 4>;
+    EXPECT_EQ(map.at({1.5, 0.5}), (Rgba4{255, 0, 0, 255}));
+    EXPECT_EQ(map.at({1.9, 1.9}), (Rgba4{0, 255, 0, 255}));
+    EXPECT_EQ(map.at({1.5, 1.0}), (Rgba4{127.5, 127.5, 0, 255}));
+    EXPECT_EQ(map.at({1.0, 0.5}), (Rgba4{127.5, 0, 127.5, 255}));
+    EXPECT_EQ(map.at({2.1, 1.0}), Rgba4{});
+    EXPECT_EQ(map.at({1.0, -0.1}), Rgba4{});
+}
+
+TEST(MapImage, repeatsTheHeightColoursWhereItIsTransparent) {
+    const MapImage map(fourPixels(), {-1.0, -1.0, 1.0, 1.0});
+    const MapView view({0.0, 0.0}, 60.0 * metresPerMile, 0.0, Point(2.0, 2.0), Point(4.0, 4.0));
+    ReliefImage relief;
+    relief.width = relief.height = 4;
+    relief.normals.assign(64, heightCode(300.0));
+    relief.cover.assign(64, 0);
+    const auto water = waterCover(1.0);
+    std::copy(water.begin(), water.end(), relief.cover.begin() + 4 * 9);
+    layMap(map, 0.5, view, 1, relief);
+    const auto texel = [&](const std::vector<std::uint8_t>& bytes, std::size_t i) {
+        return std::array<int, 3>{bytes[4 * i], bytes[4 * i + 1], bytes[4 * i + 2]};
+    };
+    const Rgb height = heightColour(300.0);
+    for (const std::size_t outside : {0U, 3U, 6U}) {  // The last lies on the transparent pixel.
+        EXPECT_NEAR(texel(relief.map, outside)[0], 255.0 * height.red, 2.0) << outside;
+    }
+    EXPECT_NEAR(texel(relief.map, 5)[2], 255, 2);
+    EXPECT_NEAR(texel(relief.map, 5)[0], 0, 2);
+    EXPECT_NEAR(texel(relief.map, 9)[0], 255, 2);
+    EXPECT_NEAR(texel(relief.cover, 9)[0], (water[0] + 255) / 2, 2) << "half of it";
 }
 
 constexpr double metresPerDegree = 111319.49079327358;

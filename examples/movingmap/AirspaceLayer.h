@@ -1,0 +1,33 @@
+// Airspace on the map.
+#pragma once
+
+#include <vector>
+
+#include "AirspaceFile.h"
+#include "Canvas.h"
+#include "LabelPlacer.h"
+
+namespace MovingMap {
+
+/// An airspace in the picture's coordinates.
+struct AirspaceShape {
+    const Airspace* airspace = nullptr;
+    std::vector<Polyline> outlines;
+};
+
+/// Projects airspace; what lies outside the area is left out. The result points into @p airspace.
+std::vector<AirspaceShape> projectAirspace(const std::vector<Airspace>& airspace,
+                                           const MapView& view, const Box& area);
+
+/// Fills the shapes in the colour of their kind, tinted and stippled, and draws their outlines.
+void drawAirspace(Canvas& canvas, const std::vector<AirspaceShape>& shapes);
+
+/// Adds name, type and limits to the canvas, inside each shape where there is a free place; a name
+/// that would cover another text is left out.
+void addAirspaceLabels(Canvas& canvas, const std::vector<AirspaceShape>& shapes,
+                       LabelPlacer& placer, const Box& area);
+
+/// Whether a point lies inside a closed outline.
+bool isInside(const Polyline& outline, Point point);
+
+}  // namespace MovingMap

@@ -1,0 +1,149 @@
+// The terrain class blends one map texture into the whole strip; where the map has nothing, its
+// texels therefore repeat the colour of the height, which leaves the relief as it is.
+#include "MapImage.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <stdexcept>
+#include <utility>
+
+#include "Cover.h"
+#include "HeightColours.h"
+#include "Png.h"
+#include "TextLines.h"
+
+namespace MovingMap {
+
+namespace {
+
+using Colour4 = std::array<double, 4>;
+
+constexpr double metresPerDegree = 60.0 * metresPerMile;
+
+// Positions of a view are linear in its pixels.
+class Grid {
+public:
+    Grid(const MapView& view, double step)
+        : mOrigin(view.toPosition(Point(0.0, 0.0))),
+          mRight(difference(view.toPosition(Point(step, 0.0)))),
+          mUp(difference(view.toPosition(Point(0.0, step)))) {}
+
+    Position at(double column, double row) const {
+        return {mOrigin.lat + mRight.lat * column + mUp.lat * row,
+                mOrigin.lon + mRight.lon * column + mUp.lon * row};
+    }
+
+private:
+    Position difference(const Position& other) const {
+        return {other.lat - mOrigin.lat, other.lon - mOrigin.lon};
+    }
+
+    Position mOrigin;
+    Position mRight;
+    Position mUp;
+};
+
+// The mean colour of a texel, from as many samples a side as it takes to miss few pixels.
+Colour4 sample(const MapImage& map, const Grid& grid, int column, int row, int side) {
+    Colour4 sum{};
+    for (int i = 0; i < side * side; ++i) {
+        const Colour4 colour =
+            map.at(grid.at(column + (i % side + 0.5) / side, row + (i / side + 0.5) / side));
+        for (std::size_t c = 0; c < 3; ++c) {
+            sum[c] += colour[c] * colour[3];
+        }
+        sum[3] += colour[3];
+    }
+    for (std::size_t c = 0; c < 3 && sum[3] > 0.0; ++c) {
+        sum[c] /= sum[3];
+    }
+    sum[3] /= 255.0 * side * side;
+    return sum;
+}
+
+std::uint8_t mixed(double a, double b, double share) {
+    return static_cast<std::uint8_t>(std::lround(a + (b - a) * share));
+}
+
+}  // namespace
+
+Bounds parseBounds(const std::string& text) {
+    const Fields fields = fieldsOf(text);
+    if (fields.size() != 4) {
+        throw std::runtime_error("expected south,west,north,east, not '" + text + "'");
+    }
+    const Position low = positionFields(fields[0], fields[1]);
+    const Position high = positionFields(fields[2], fields[3]);
+    if (!(low.lat < high.lat && low.lon < high.lon)) {
+        throw std::runtime_error("south and west are below north and east, not '" + text + "'");
+    }
+    return {low.lat, low.lon, high.lat, high.lon};
+}
+
+MapImage::MapImage(OrlekSupport::Image image, const Bounds& bounds)
+    : mImage(std::move(image)), mBounds(bounds) {}
+
+double MapImage::metresPerPixel() const {
+    return (mBounds.north - mBounds.south) * metresPerDegree / mImage.height;
+}
+
+Colour4 MapImage::at(const Position& position) const {
+    const double u = (position.lon - mBounds.west) / (mBounds.east - mBounds.west);
+    const double v = (mBounds.north - position.lat) / (mBounds.north - mBounds.south);
+    if (!(u >= 0.0 && u <= 1.0 && v >= 0.0 && v <= 1.0)) {
+        return {};
+    }
+    const double x = std::clamp(u * mImage.width - 0.5, 0.0, mImage.width - 1.0);
+    const double y = std::clamp(v * mImage.height - 0.5, 0.0, mImage.height - 1.0);
+    const int left = static_cast<int>(x);
+    const int top = static_cast<int>(y);
+    const int right = std::min(left + 1, mImage.width - 1);
+    const int bottom = std::min(top + 1, mImage.height - 1);
+    const auto byte = [&](int column, int row, std::size_t c) {
+        return static_cast<double>(
+            mImage.rgba[(static_cast<std::size_t>(row) * static_cast<std::size_t>(mImage.width) +
+                         static_cast<std::size_t>(column)) *
+                            4 +
+                        c]);
+    };
+    Colour4 colour{};
+    for (std::size_t c = 0; c < 4; ++c) {
+        const double above = std::lerp(byte(left, top, c), byte(right, top, c), x - left);
+        const double below = std::lerp(byte(left, bottom, c), byte(right, bottom, c), x - left);
+        colour[c] = std::lerp(above, below, y - top);
+    }
+    return colour;
+}
+
+MapImage readMapImage(const std::string& path, const Bounds& bounds) {
+    return {OrlekSupport::readPng(path), bounds};
+}
+
+void layMap(const MapImage& map, double share, const MapView& view, int step, ReliefImage& relief) {
+    const Grid grid(view, step);
+    const int side = std::clamp(
+        static_cast<int>(std::ceil(view.metresPerPixel() * step / map.metresPerPixel())), 1, 4);
+    static const auto heights = colourTable();
+    relief.map.resize(relief.cover.size());
+    for (int row = 0; row < relief.height; ++row) {
+        for (int column = 0; column < relief.width; ++column) {
+            const auto texel =
+                (static_cast<std::size_t>(row) * static_cast<std::size_t>(relief.width) +
+                 static_cast<std::size_t>(column)) *
+                4;
+            const Colour4 colour = sample(map, grid, column, row, side);
+            const std::size_t height =
+                std::size_t{relief.normals[texel + 3]} * (colourTableSize - 1) / 65535 * 3;
+            std::uint8_t* cover = &relief.cover[texel];
+            const double overWater = isWater(cover) ? share * colour[3] : 0.0;
+            for (std::size_t c = 0; c < 3; ++c) {
+                relief.map[texel + c] = mixed(heights[height + c], colour[c], colour[3]);
+                cover[c] = mixed(cover[c], colour[c], overWater);
+            }
+            relief.map[texel + 3] = 255;
+        }
+    }
+}
+
+}  // namespace MovingMap
