@@ -50,13 +50,13 @@ function(foreign_header_allowed path header result)
 endfunction()
 
 # Where a public class lives: the folder of the source file of the same name. A name of Math may
-# stand in the drawing classes too (Circle).
+# stand in the drawing classes too (Circle), one of the drawing classes in rendering/gl (Texture).
 file(GLOB_RECURSE sources RELATIVE "${SOURCE_DIR}/src" "${SOURCE_DIR}/src/*.cpp" "${SOURCE_DIR}/src/*.h")
 function(home_of_public header result)
   get_filename_component(name "${header}" NAME_WE)
   set(home "")
   foreach(source IN LISTS sources)
-    if(source MATCHES "/${name}\\.cpp$"
+    if(source MATCHES "/${name}\\.cpp$" AND NOT source MATCHES "^rendering/gl/"
        AND NOT (header MATCHES "^Orlek/Math/" AND source MATCHES "^rendering/"))
       folder_of("${source}" home)
     endif()

@@ -16,11 +16,13 @@
 #include <Orlek/OpenGL/ShaderProgram.h>
 #include <Orlek/OpenGL/StrokeSet.h>
 #include <Orlek/OpenGL/Tesselator.h>
+#include <Orlek/OpenGL/Texture.h>
 #include <Orlek/OpenGL/TextureFont.h>
 #include <Orlek/OpenGL/TextureFontSdf.h>
 #include <Orlek/OpenGL/TextureTerrain.h>
 #include <Orlek/OpenGL/TriangleStrip.h>
 #include <Orlek/OpenGL/VectorFont.h>
+#include <Orlek/OpenGL/Video.h>
 
 /// Drawing into the current OpenGL context.
 namespace Orlek::OpenGL {}

@@ -3,7 +3,6 @@
 #include "rendering/context/DrawPass.h"
 #include "rendering/geometry/ImageBlock.h"
 #include "rendering/geometry/Positions.h"
-#include "rendering/gl/EntryPoints.h"
 #include "rendering/gl/Mesh.h"
 #include "rendering/gl/Names.h"
 #include "rendering/gl/Texture.h"
@@ -51,16 +50,9 @@ void TextureTerrain::clear() {
 void TextureTerrain::replaceTexture(std::shared_ptr<Detail::Texture>& texture,
                                     const Detail::TextureRecipe& recipe,
                                     const Detail::TextureImage& image) {
-    if (image.pixels == nullptr || !Detail::glReady()) {
+    if (image.pixels == nullptr || !Detail::replaceTexture(texture, recipe, image, label)) {
         return;
     }
-    auto made = Detail::Texture::create(recipe, image);
-    if (made == nullptr) {
-        Detail::reportInvalidValue(label);
-        return;
-    }
-    Detail::releaseShare(texture);
-    texture = std::move(made);
     mWidth = static_cast<unsigned>(image.width);
     mHeight = static_cast<unsigned>(image.height);
 }

@@ -9,6 +9,9 @@
 
 namespace Orlek::Detail {
 
+static_assert(clampToEdge == GL_CLAMP_TO_EDGE);
+static_assert(repeat == GL_REPEAT);
+
 namespace {
 
 bool fits(const TextureImage& image) {
@@ -22,11 +25,11 @@ void setParameter(GLenum parameter, GLint value) {
     glTexParameterf(GL_TEXTURE_2D, parameter, static_cast<GLfloat>(value));
 }
 
-void setFilters(GLint minification) {
-    setParameter(GL_TEXTURE_MIN_FILTER, minification);
+void setParameters(const TextureRecipe& recipe) {
+    setParameter(GL_TEXTURE_MIN_FILTER, recipe.mipmaps ? GL_LINEAR_MIPMAP_LINEAR : GL_LINEAR);
     setParameter(GL_TEXTURE_MAG_FILTER, GL_LINEAR);
-    setParameter(GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
-    setParameter(GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
+    setParameter(GL_TEXTURE_WRAP_S, static_cast<GLint>(recipe.wrap));
+    setParameter(GL_TEXTURE_WRAP_T, static_cast<GLint>(recipe.wrap));
 }
 
 void upload(GLint internalFormat, GLenum format, GLenum type, const TextureImage& image) {
@@ -35,14 +38,24 @@ void upload(GLint internalFormat, GLenum format, GLenum type, const TextureImage
                  static_cast<GLsizei>(image.height), 0, format, type, image.pixels);
 }
 
+GLenum glType(SampleType type) {
+    return type == SampleType::UnsignedShort ? GL_UNSIGNED_SHORT : GL_UNSIGNED_BYTE;
+}
+
 void uploadCoverage(const TextureImage& image) {
     const GLint swizzle[] = {GL_ZERO, GL_ZERO, GL_ZERO, GL_RED};
     glTexParameteriv(GL_TEXTURE_2D, GL_TEXTURE_SWIZZLE_RGBA, swizzle);
     upload(GL_R8, GL_RED, GL_UNSIGNED_BYTE, image);
+    glGenerateMipmap(GL_TEXTURE_2D);
 }
 
-GLenum glType(SampleType type) {
-    return type == SampleType::UnsignedShort ? GL_UNSIGNED_SHORT : GL_UNSIGNED_BYTE;
+// The driver makes the mipmaps of a colour image from now on, so also of this upload.
+void uploadColors(const TextureRecipe& recipe, const TextureImage& image) {
+    if (recipe.mipmaps) {
+        setParameter(GL_GENERATE_MIPMAP, GL_TRUE);
+    }
+    upload(recipe.storage == Storage::CompressedRgba ? GL_COMPRESSED_RGBA : GL_RGBA, image.format,
+           glType(recipe.type), image);
 }
 
 GLenum glTarget(TextureTarget target) {
@@ -69,16 +82,13 @@ std::shared_ptr<Texture> Texture::create(const TextureRecipe& recipe, const Text
     auto texture = std::make_shared<Texture>(name);
     glBindTexture(GL_TEXTURE_2D, name);
     reportStep(recipe.labels[1]);
-    if (recipe.coverage) {
+    setParameters(recipe);
+    if (recipe.storage == Storage::Coverage) {
         uploadCoverage(image);
-        reportStep(recipe.labels[2]);
-        glGenerateMipmap(GL_TEXTURE_2D);
-        setFilters(GL_LINEAR_MIPMAP_LINEAR);
     } else {
-        setFilters(GL_LINEAR);
-        upload(GL_RGBA, image.format, glType(recipe.type), image);
-        reportStep(recipe.labels[2]);
+        uploadColors(recipe, image);
     }
+    reportStep(recipe.labels[2]);
     return texture;
 }
 
@@ -88,6 +98,21 @@ Texture::~Texture() {
 
 void Texture::release() {
     deleteNames(NameKind::Texture, {&mName, 1});
+}
+
+bool replaceTexture(std::shared_ptr<Texture>& texture, const TextureRecipe& recipe,
+                    const TextureImage& image, const char* label) {
+    if (!glReady()) {
+        return false;
+    }
+    std::shared_ptr<Texture> made = Texture::create(recipe, image);
+    if (made == nullptr) {
+        reportInvalidValue(label);
+        return false;
+    }
+    releaseShare(texture);
+    texture = std::move(made);
+    return true;
 }
 
 TextureUnits::TextureUnits(unsigned name) {

@@ -5,16 +5,25 @@
 #include <cstddef>
 #include <memory>
 #include <span>
+#include <utility>
 
 namespace Orlek::Detail {
 
 enum class SampleType { UnsignedByte, UnsignedShort };
 
-/// How a texture is made. Wrap is always clamp to edge, magnification always linear.
+/// What the texture keeps of an image: its colours, its colours compressed by the driver, or one
+/// channel that is sampled as (0, 0, 0, value).
+enum class Storage { Rgba, CompressedRgba, Coverage };
+
+inline constexpr unsigned clampToEdge = 0x812F;
+inline constexpr unsigned repeat = 0x2901;
+
+/// How a texture is made. Magnification is always linear.
 struct TextureRecipe {
     SampleType type = SampleType::UnsignedByte;
-    /// One channel that is sampled as (0, 0, 0, value), with mipmaps; otherwise RGBA without.
-    bool coverage = false;
+    Storage storage = Storage::Rgba;
+    bool mipmaps = false;
+    unsigned wrap = clampToEdge;  ///< GL wrap mode of both directions.
     /// Printed with the errors of generating, of binding, of parameters and upload; null: errors
     /// stay pending.
     std::array<const char*, 3> labels{};
@@ -23,10 +32,12 @@ struct TextureRecipe {
 inline constexpr TextureRecipe imageRecipe{};
 inline constexpr TextureRecipe normalsRecipe{.type = SampleType::UnsignedShort};
 inline constexpr TextureRecipe coverageRecipe{
-    .coverage = true, .labels = {"glGenTextures", "glBindTexture", "glTexParameteri"}};
+    .storage = Storage::Coverage,
+    .mipmaps = true,
+    .labels = {"glGenTextures", "glBindTexture", "glTexParameteri"}};
 
-/// Pixels of the caller, tightly packed rows. `format` is the GL pixel format; a coverage texture
-/// is always made from single bytes.
+/// Pixels of the caller, tightly packed rows; null leaves the pixels undefined. `format` is the GL
+/// pixel format; a coverage texture is always made from single bytes.
 struct TextureImage {
     const void* pixels;
     std::size_t width;
@@ -51,9 +62,18 @@ public:
 
     unsigned name() const { return mName; }
 
+    /// Gives the GL object away: the caller deletes it.
+    unsigned detach() { return std::exchange(mName, 0U); }
+
 private:
     unsigned mName;
 };
+
+/// Makes a texture in place of an earlier one and gives up the share of that. An image larger than
+/// the largest texture is refused with a line under the label, and the earlier one stays.
+/// Returns whether the texture was made; without OpenGL nothing happens.
+bool replaceTexture(std::shared_ptr<Texture>& texture, const TextureRecipe& recipe,
+                    const TextureImage& image, const char* label);
 
 enum class TextureTarget { OneDimensional, TwoDimensional };
 

@@ -1,0 +1,153 @@
+#include <Orlek/OpenGL/Texture.h>
+
+#include "rendering/context/DrawPass.h"
+#include "rendering/geometry/ImageBlock.h"
+#include "rendering/geometry/Positions.h"
+#include "rendering/geometry/Shapes.h"
+#include "rendering/gl/EntryPoints.h"
+#include "rendering/gl/Errors.h"
+#include "rendering/gl/Mesh.h"
+#include "rendering/gl/Names.h"
+#include "rendering/gl/Texture.h"
+
+namespace Orlek::OpenGL {
+
+namespace {
+
+constexpr const char* label = "Texture";
+constexpr unsigned texturedProgram = 3;
+constexpr unsigned rgba = 0x1908;
+constexpr auto restartIndex = static_cast<std::uint32_t>(Texture::RESTART_INDEX);
+
+}  // namespace
+
+Texture::Texture() = default;
+Texture::Texture(const Texture&) = default;
+Texture& Texture::operator=(const Texture&) = default;
+Texture::~Texture() = default;
+
+void Texture::load(const unsigned char* pixels, unsigned width, unsigned height, unsigned format) {
+    const Detail::TextureRecipe recipe{
+        .storage = Detail::Storage::CompressedRgba, .mipmaps = mUseMipMaps, .wrap = mWrapMode};
+    if (pixels == nullptr ||
+        !Detail::replaceTexture(mTexture, recipe, {pixels, width, height, format}, label)) {
+        return;
+    }
+    Detail::releaseShare(mMesh);
+    mWidth = width;
+    mHeight = height;
+    clearVertex();
+    const Detail::Quad corners = Detail::centredQuad(width, height);
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+        addVertex(corners[i], Detail::uprightImage()[i]);
+    }
+}
+
+void Texture::load(const void* image, unsigned format) {
+    if (image != nullptr) {
+        const Detail::ImageBlock block = Detail::ImageBlock::parse(image);
+        load(block.pixels, block.width, block.height, format);
+    }
+}
+
+unsigned Texture::createTexture(const void* image) {
+    if (image == nullptr || !Detail::glReady()) {
+        return 0;
+    }
+    const Detail::ImageBlock block = Detail::ImageBlock::parse(image);
+    Detail::clearErrors();
+    std::shared_ptr<Detail::Texture> texture;
+    Detail::replaceTexture(texture, {.wrap = Detail::repeat},
+                           {block.pixels, block.width, block.height, rgba}, label);
+    Detail::clearErrors();
+    return texture == nullptr ? 0 : texture->detach();
+}
+
+template <typename Vector>
+void Texture::appendStrip(const std::vector<Vector>& positions,
+                          const std::vector<Math::Vector2<float>>& uvs) {
+    for (const Vector& position : positions) {
+        mPoints.append(Detail::toPosition(position));
+    }
+    mUVs.insert(mUVs.end(), uvs.begin(), uvs.end());
+    mPoints.restart(restartIndex);
+    mDirty = true;
+}
+
+void Texture::addTexture(std::vector<Math::Vector3<float>> positions,
+                         std::vector<Math::Vector2<float>> uvs) {
+    appendStrip(positions, uvs);
+}
+
+void Texture::addTexture(std::vector<Math::Vector4<float>> positions,
+                         std::vector<Math::Vector2<float>> uvs) {
+    appendStrip(positions, uvs);
+}
+
+void Texture::addVertex(Math::Vector3<float> p, Math::Vector2<float> uv) {
+    mPoints.append(p);
+    mUVs.push_back(uv);
+    mDirty = true;
+}
+
+void Texture::addVertex(Math::Vector4<float> p, Math::Vector2<float> uv) {
+    addVertex(Detail::toPosition(p), uv);
+}
+
+void Texture::clearVertex() {
+    mPoints.clear();
+    mUVs.clear();
+    mDirty = true;
+}
+
+void Texture::clear() {
+    Detail::releaseShare(mTexture);
+    Detail::releaseShare(mMesh);
+    clearVertex();
+}
+
+void Texture::setColor(Math::Vector4<float> color) {
+    mColor = color;
+}
+
+void Texture::setUseMipMaps(bool on) {
+    mUseMipMaps = on;
+}
+
+void Texture::setWrapMode(unsigned mode) {
+    mWrapMode = mode;
+}
+
+unsigned Texture::width() {
+    return mWidth;
+}
+
+unsigned Texture::height() {
+    return mHeight;
+}
+
+void Texture::setData() {
+    const Detail::Stream streams[] = {Detail::streamOf(Detail::Attribute::Vertex, mPoints.vertices),
+                                      Detail::streamOf(Detail::Attribute::TextureCoordinate, mUVs)};
+    Detail::syncMesh(mMesh, streams, mPoints.indices);
+    mDirty = false;
+}
+
+void Texture::render() {
+    if (mPoints.indices.empty() || mTexture == nullptr) {
+        return;
+    }
+    if (mDirty || mMesh == nullptr) {
+        setData();
+    }
+    Detail::DrawPass pass(label, texturedProgram);
+    pass.restart(restartIndex);
+    pass.set("color", mColor);
+    pass.bind(*mMesh);
+    pass.texture(mTexture->name());
+    pass.blend();
+    pass.matrix();
+    pass.drawIndexed(Detail::DrawMode::TriangleStrip, mPoints.indices.size());
+}
+
+}  // namespace Orlek::OpenGL

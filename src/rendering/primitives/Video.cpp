@@ -1,0 +1,109 @@
+#include <Orlek/OpenGL/Video.h>
+
+#include "rendering/context/DrawPass.h"
+#include "rendering/geometry/Positions.h"
+#include "rendering/geometry/Shapes.h"
+#include "rendering/gl/Mesh.h"
+#include "rendering/gl/Names.h"
+#include "rendering/gl/PixelBuffer.h"
+#include "rendering/gl/Texture.h"
+
+namespace Orlek::OpenGL {
+
+namespace {
+
+constexpr const char* label = "Video";
+constexpr unsigned texturedProgram = 3;
+constexpr unsigned rgb = 0x1907;
+
+// Room for a frame of four bytes a pixel: rows stay aligned for drivers that pad what they read.
+constexpr std::size_t bytesPerPixel = 4;
+
+}  // namespace
+
+Video::Video() = default;
+Video::Video(const Video&) = default;
+Video& Video::operator=(const Video&) = default;
+Video::~Video() = default;
+
+void Video::init(unsigned width, unsigned height) {
+    if (!Detail::replaceTexture(mTexture, Detail::imageRecipe, {nullptr, width, height, rgb},
+                                label)) {
+        return;
+    }
+    Detail::releaseShare(mMesh);
+    Detail::releaseShare(mPbo);
+    mPbo = Detail::PixelBuffer::create(std::size_t{width} * height * bytesPerPixel);
+    mWidth = width;
+    mHeight = height;
+    clearVertex();
+    const Detail::Quad corners = Detail::centredQuad(width, height);
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+        addVertex(corners[i], Detail::uprightImage()[i]);
+    }
+}
+
+void Video::putFrame(const unsigned char* frame) {
+    if (frame != nullptr && mTexture != nullptr) {
+        mPbo->putRgb(mTexture->name(), mWidth, mHeight, frame);
+    }
+}
+
+void Video::addVertex(Math::Vector3<float> p, Math::Vector2<float> uv) {
+    mVertices.push_back(p);
+    mUVs.push_back(uv);
+    mDirty = true;
+}
+
+void Video::addVertex(Math::Vector4<float> p, Math::Vector2<float> uv) {
+    addVertex(Detail::toPosition(p), uv);
+}
+
+void Video::clearVertex() {
+    mVertices.clear();
+    mUVs.clear();
+    mDirty = true;
+}
+
+void Video::clear() {
+    Detail::releaseShare(mTexture);
+    Detail::releaseShare(mPbo);
+    Detail::releaseShare(mMesh);
+}
+
+void Video::setColor(Math::Vector4<float> color) {
+    mColor = color;
+}
+
+unsigned Video::width() {
+    return mWidth;
+}
+
+unsigned Video::height() {
+    return mHeight;
+}
+
+void Video::setData() {
+    const Detail::Stream streams[] = {Detail::streamOf(Detail::Attribute::Vertex, mVertices),
+                                      Detail::streamOf(Detail::Attribute::TextureCoordinate, mUVs)};
+    Detail::syncMesh(mMesh, streams);
+    mDirty = false;
+}
+
+void Video::render() {
+    if (mVertices.empty() || mTexture == nullptr) {
+        return;
+    }
+    if (mDirty || mMesh == nullptr) {
+        setData();
+    }
+    Detail::DrawPass pass(label, texturedProgram);
+    pass.set("color", mColor);
+    pass.bind(*mMesh);
+    pass.texture(mTexture->name());
+    pass.blend();
+    pass.matrix();
+    pass.draw(Detail::DrawMode::TriangleStrip, 0, mVertices.size());
+}
+
+}  // namespace Orlek::OpenGL
