@@ -10,6 +10,10 @@ namespace {
 
 constexpr ShelfRecipe shelves{.shelfWidth = 1024, .gap = 2 * fieldPadding, .padding = fieldPadding};
 
+// Shelves lie one padding apart: half of it shows the field of the glyphs above or below, which
+// would become dashes of their outlines beside this one.
+constexpr int foreignRows = fieldPadding / 2;
+
 void toDistances(GlyphAtlas& atlas) {
     const std::size_t floats = fieldWorkFloats * atlas.pixels.size();
     const MallocArray<float> work = mallocArray<float>(floats);
@@ -34,7 +38,7 @@ bool buildFieldAtlas(FontFace& face, GlyphAtlas& atlas, GlyphSet& font) {
         return false;
     }
     toDistances(atlas);
-    makeQuads(font.glyphs, fieldPadding);
+    makeQuads(font.glyphs, fieldPadding, foreignRows);
     return true;
 }
 

@@ -109,17 +109,20 @@ bool buildAtlas(FontFace& face, int pixelHeight, ShelfRecipe recipe, GlyphAtlas&
     return true;
 }
 
-void makeQuads(std::span<OpenGL::GlyphInfo, slotCount> glyphs, int padding) {
+void makeQuads(std::span<OpenGL::GlyphInfo, slotCount> glyphs, int padding, int foreign) {
     const auto border = 2.0F * static_cast<float>(padding);
+    const auto cut = static_cast<float>(foreign);
     for (OpenGL::GlyphInfo& glyph : glyphs) {
         const float left = glyph.bearing.x;
         const float right = left + glyph.width + border;
-        const float bottom = glyph.top - glyph.height;
-        const float top = glyph.top + border;
+        const float bottom = glyph.top - glyph.height + cut;
+        const float top = glyph.top + border - cut;
+        const float rows = std::max(glyph.height + border, 1.0F);
+        const float t0 = glyph.t0 + (glyph.t1 - glyph.t0) * (cut / rows);
+        const float t1 = glyph.t1 - (glyph.t1 - glyph.t0) * (cut / rows);
         glyph.vertices = {
             {left, bottom, 0.0F}, {left, top, 0.0F}, {right, top, 0.0F}, {right, bottom, 0.0F}};
-        glyph.uvs = {
-            {glyph.s0, glyph.t0}, {glyph.s0, glyph.t1}, {glyph.s1, glyph.t1}, {glyph.s1, glyph.t0}};
+        glyph.uvs = {{glyph.s0, t0}, {glyph.s0, t1}, {glyph.s1, t1}, {glyph.s1, t0}};
     }
 }
 

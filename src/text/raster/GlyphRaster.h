@@ -44,7 +44,8 @@ void rasterGlyphs(FontFace& face, const ShelfLayout& layout, GlyphAtlas& atlas,
 bool buildAtlas(FontFace& face, int pixelHeight, ShelfRecipe recipe, GlyphAtlas& atlas,
                 GlyphSet& font);
 
-/// Makes each record's quad: the rectangle of its bitmap and `padding` pixels around it.
-void makeQuads(std::span<OpenGL::GlyphInfo, slotCount> glyphs, int padding);
+/// Makes each record's quad: the rectangle of its bitmap and `padding` pixels around it, less
+/// `foreign` rows at the top and at the bottom.
+void makeQuads(std::span<OpenGL::GlyphInfo, slotCount> glyphs, int padding, int foreign = 0);
 
 }  // namespace Orlek::Detail
