@@ -1,4 +1,4 @@
-// What the distance-field font draws, at several sizes, with and without outline.
+// What the distance-field font draws: edges, outlines, sizes, anchors.
 #include <Orlek/OpenGL/TextureFontSdf.h>
 
 #include "FontPicture.h"
@@ -9,21 +9,185 @@ namespace {
 using namespace Orlek::OpenGL;
 using namespace OrlekTest;
 
-class TextureFontSdfTest : public GlTest {};
+/// Columns and rows of the pixels that are at least half covered.
+struct Box {
+    int left = 10000, bottom = 10000, right = -1, top = -1;
+
+    explicit Box(FontPicture picture) {
+        for (int y = 0; y < picture.height; ++y) {
+            for (int x = 0; x < picture.width; ++x) {
+                if (picture.at(x, y) > 127) {
+                    left = std::min(left, x);
+                    right = std::max(right, x);
+                    bottom = std::min(bottom, y);
+                    top = std::max(top, y);
+                }
+            }
+        }
+    }
+    int width() const { return right - left + 1; }
+    int height() const { return top - bottom + 1; }
+};
+
+class TextureFontSdfTest : public GlTest {
+protected:
+    void SetUp() override {
+        GlTest::SetUp();
+        ASSERT_TRUE(font.load(sansFont, 50));
+    }
+
+    FontPicture atOnce(const std::string& text, double x, double y,
+                       TextureFontSdf::Alignment align = TextureFontSdf::BOTTOM_LEFT) {
+        wipe();
+        silently([&] { font.renderFont(x, y, text, align); });
+        return readPicture(width, height);
+    }
+
+    FontPicture batched(const std::string& text, float x, float y,
+                        TextureFontSdf::Alignment align = TextureFontSdf::BOTTOM_LEFT) {
+        wipe();
+        silently([&] {
+            font.clearVertex();
+            font.addText(text, {{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, x, y, 0, 1}}, align);
+            font.render();
+        });
+        return readPicture(width, height);
+    }
+
+    TextureFontSdf font;
+};
+
+TEST_F(TextureFontSdfTest, EdgesStaySharpAtEverySize) {
+    const float stem = 4.93F;  // pixels of the I at a size of 50
+    for (const int size : {12, 50, 400}) {
+        font.setSize(size);
+        FontPicture picture = atOnce("I", 30, size == 400 ? -100 : 50 - size / 3);
+        int partly = 0;
+        float covered = 0.0F;
+        for (int x = 0; x < width; ++x) {
+            const int value = picture.at(x, 50);
+            partly += value > 12 && value < 243 ? 1 : 0;
+            covered += static_cast<float>(value) / 255.0F;
+        }
+        EXPECT_LE(partly, 4) << "two edges of two pixels, at size " << size;
+        EXPECT_NEAR(covered * 50.0F / static_cast<float>(size), stem, size == 12 ? 1.5F : 0.5F);
+    }
+}
+
+TEST_F(TextureFontSdfTest, OutlineIsEvenOnAllSides) {
+    font.setSize(200);
+    font.setColor({0.0F, 1.0F, 0.0F, 1.0F});
+    font.setOutlineColor({1.0F, 0.0F, 0.0F, 1.0F});
+    font.setOutlineWidth(0.3F);
+    font.renderFont(80.0, 0.0, "-", TextureFontSdf::BOTTOM_LEFT);
+    // The hyphen is a bar; from its middle outwards, how many pixels have the outline's colour?
+    const auto outlineFrom = [&](int x, int y, int dx, int dy) {
+        int count = 0;
+        for (; x >= 0 && y >= 0 && x < width && y < height; x += dx, y += dy) {
+            const Pixel p = pixel(x, y);
+            count += p[0] > 127 && p[1] < 128 ? 1 : 0;
+        }
+        return count;
+    };
+    int x = 0;
+    int y = 0;
+    for (int i = 0; i < width * height; ++i) {
+        if (pixel(i % width, i / width)[1] > 200) {
+            x = i % width + 20;
+            y = i / width + 5;
+            break;
+        }
+    }
+    ASSERT_GT(pixel(x, y)[1], 200);
+    const float expected = 0.3F * 16.0F * 200.0F / 50.0F;
+    for (const auto& [dx, dy] : {std::pair(-1, 0), {1, 0}, {0, -1}, {0, 1}}) {
+        EXPECT_NEAR(static_cast<float>(outlineFrom(x, y, dx, dy)), expected, 1.0F) << dx << dy;
+    }
+}
+
+TEST_F(TextureFontSdfTest, OutlinesShowNothingOfNeighboursInTheAtlas) {
+    font.setSize(40);
+    font.setOutlineColor({1.0F, 1.0F, 1.0F, 1.0F});
+    for (int code = 33; code < 256; ++code) {
+        const std::string text(1, static_cast<char>(code));
+        font.setOutlineWidth(0.0F);
+        const Box glyph(atOnce(text, 80, 40));
+        font.setOutlineWidth(0.4F);
+        const Box outlined(atOnce(text, 80, 40));
+        if (glyph.right < 0) {
+            EXPECT_LT(outlined.right, 0) << code;
+            continue;
+        }
+        constexpr int most = 7;  // 0.4 x 16 x 40 / 50 = 5.1 and what the edges are rounded by
+        EXPECT_LE(outlined.top - glyph.top, most) << code;
+        EXPECT_LE(glyph.bottom - outlined.bottom, most) << code;
+        EXPECT_LE(glyph.left - outlined.left, most) << code;
+        EXPECT_LE(outlined.right - glyph.right, most) << code;
+    }
+}
+
+TEST_F(TextureFontSdfTest, SizeScalesBothWaysOfDrawing) {
+    font.setSize(25);
+    const Box small(atOnce("H", 20, 10));
+    EXPECT_EQ(Box(batched("H", 20, 10)).height(), small.height());
+    font.setSize(100);
+    const Box large(atOnce("H", 20, 10));
+    EXPECT_NEAR(large.height(), 4 * small.height(), 3);
+    EXPECT_NEAR(large.width(), 4 * small.width(), 3);
+    EXPECT_NEAR(large.bottom, 10, 1);
+    EXPECT_EQ(Box(batched("H", 20, 10)).height(), large.height());
+}
+
+TEST_F(TextureFontSdfTest, PlacesNineAnchors) {
+    const std::string text = "Mxg";
+    const ReferenceFont reference(readFont(sansFont), 50);
+    const float w = static_cast<float>(reference.width(text));
+    const auto lineHeight = static_cast<float>(reference.lineHeight());
+    float textHeight = 0.0F;
+    for (const char byte : text) {
+        textHeight = std::max(textHeight, static_cast<float>(reference.glyph(byte).bitmap.rows));
+    }
+    constexpr float scale = 0.5F;
+    font.setSize(25);
+    const Box origin(atOnce(text, 100, 50));
+    for (int i = 0; i < 10; ++i) {
+        const auto align = static_cast<TextureFontSdf::Alignment>(i);
+        const float across = i < 9 ? static_cast<float>(i / 3) / 2.0F : 0.0F;
+        const float down = i < 9 ? 1.0F - static_cast<float>(i % 3) / 2.0F : 0.0F;
+        const Box once(atOnce(text, 100, 50, align));
+        EXPECT_NEAR(static_cast<float>(once.left - origin.left), -across * w * scale, 1.0F) << i;
+        EXPECT_NEAR(static_cast<float>(once.top - origin.top), -down * lineHeight * scale, 1.0F);
+        const Box batch(batched(text, 100, 50, align));
+        EXPECT_EQ(batch.left, once.left) << i;
+        EXPECT_NEAR(static_cast<float>(batch.top - origin.top), -down * textHeight * scale, 1.0F);
+    }
+}
 
 TEST_F(TextureFontSdfTest, BatchAndSingleTextsGiveTheSamePixels) {
-    TextureFontSdf font;
-    ASSERT_TRUE(font.load(sansFont, 30));
+    font.setSize(30);
     font.setOutlineWidth(0.2F);
     font.setOutlineColor({0.0F, 1.0F, 0.0F, 1.0F});
-    font.renderFont(10.0, 20.0, "Sdf |", TextureFontSdf::BOTTOM_LEFT);
-    const FontPicture atOnce = readPicture(width, height);
-    EXPECT_FALSE(atOnce.blank());
-    wipe();
-    font.addText("Sdf |", {{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 10, 20, 0, 1}},
-                 TextureFontSdf::BOTTOM_LEFT);
-    font.render();
-    EXPECT_LE(readPicture(width, height).distance(atOnce), 1);
+    const std::string text = "Sdf \x01|\xe4";
+    const FontPicture once = atOnce(text, 10, 20);
+    EXPECT_FALSE(once.blank());
+    EXPECT_LE(batched(text, 10, 20).distance(once), 1);
+    EXPECT_TRUE(glIsEnabled(GL_BLEND));
+    EXPECT_FALSE(glIsEnabled(GL_PRIMITIVE_RESTART));
+    EXPECT_EQ(integer(GL_TEXTURE_BINDING_2D), 0);
+    EXPECT_TRUE(atOnce("", 10, 20).blank());
+    EXPECT_TRUE(batched("", 10, 20).blank());
+}
+
+TEST_F(TextureFontSdfTest, LeavesTheMatrixEvenOnAFullStack) {
+    for (int i = 0; i < 40; ++i) {
+        MatrixPush();
+    }
+    const FontPicture first = atOnce("ab", 10, 20);
+    EXPECT_EQ(atOnce("ab", 10, 20).distance(first), 0);
+    for (int i = 0; i < 40; ++i) {
+        MatrixPop();
+    }
+    EXPECT_EQ(atOnce("ab", 10, 20).distance(first), 0);
 }
 
 }  // namespace
