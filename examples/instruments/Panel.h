@@ -1,0 +1,26 @@
+// The whole panel: primary flight display on the left, horizontal situation on the right.
+#pragma once
+
+#include "Canvas.h"
+#include "Flight.h"
+#include "VideoInset.h"
+
+namespace Instruments {
+
+/// Needs the GL context.
+class Panel {
+public:
+    /// Draws a picture of this size in pixels. @param seconds since the start of the flight
+    void draw(double seconds, int width, int height);
+
+private:
+    void drawFlightDisplay(const FlightState& state);
+    void drawSituation(const FlightState& state, double seconds);
+    void drawFlightData(const FlightState& state, double seconds);
+
+    Flight mFlight;
+    Canvas mCanvas;
+    VideoInset mVideo;
+};
+
+}  // namespace Instruments

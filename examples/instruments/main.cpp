@@ -1,0 +1,115 @@
+// orlek-instruments: a primary flight display and a horizontal situation indicator, as a picture or
+// in a window.
+#include <Orlek/Misc.h>
+
+#include <charconv>
+#include <cstdio>
+#include <exception>
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+#include "HeadlessContext.h"
+#include "Panel.h"
+#include "Png.h"
+#include "Window.h"
+
+namespace {
+
+using namespace Instruments;
+using Orlek::Misc::CmdLine;
+
+struct Options {
+    std::string out;
+    double seconds;
+    int width;
+    int height;
+    int frames;
+    bool window;
+};
+
+template <typename Number>
+Number numberOf(const char* name, Number low, Number high) {
+    std::string text;
+    CmdLine::instance().getParameter(name, text);
+    Number value{};
+    const char* end = text.data() + text.size();
+    const auto [stopped, error] = std::from_chars(text.data(), end, value);
+    if (error != std::errc() || stopped != end || !(value >= low && value <= high)) {
+        throw std::runtime_error(std::string(name) + ": '" + text + "' is no number of use");
+    }
+    return value;
+}
+
+std::optional<Options> readOptions(int argc, char** argv) {
+    CmdLine& line = CmdLine::instance();
+    line.addParameter("--out", "picture to write", "instruments.png");
+    line.addParameter("--at", "moment of the flight, seconds after its start", "58");
+    line.addParameter("--width", "width of the picture, pixels", "1280");
+    line.addParameter("--height", "height of the picture, pixels", "800");
+    line.addSwitch("--window", "open a window; Space holds the flight, Escape closes it");
+    line.addParameter("--frames", "close the window after as many frames; 0: when asked", "0");
+    line.addSwitch("--help", "print this text");
+    if (!line.parse(argc, argv)) {
+        throw std::runtime_error("see --help for the options");
+    }
+    if (line.getSwitch("--help")) {
+        line.printUsage();
+        return std::nullopt;
+    }
+    Options options{"",
+                    numberOf("--at", 0.0, 1e6),
+                    numberOf("--width", 64, 8192),
+                    numberOf("--height", 64, 8192),
+                    numberOf("--frames", 0, 1000000),
+                    line.getSwitch("--window")};
+    line.getParameter("--out", options.out);
+    return options;
+}
+
+void drawPicture(const Options& options) {
+    const OrlekSupport::HeadlessContext context(options.width, options.height);
+    Panel panel;
+    panel.draw(options.seconds, options.width, options.height);
+    OrlekSupport::writePng(options.out,
+                           OrlekSupport::readFramebuffer(options.width, options.height));
+    std::printf("%s\n", options.out.c_str());
+}
+
+void openWindow(const Options& options) {
+    OrlekSupport::Window window("Instruments", options.width, options.height);
+    bool held = false;
+    window.onKey([&](const std::string& key) {
+        if (key == "Escape") {
+            window.close();
+        } else if (key == "Space") {
+            held = !held;
+        }
+    });
+    Panel panel;
+    double flown = options.seconds;
+    double before = window.seconds();
+    for (int frame = 0; window.isOpen() && (options.frames == 0 || frame < options.frames);
+         ++frame) {
+        const double now = window.seconds();
+        flown += held ? 0.0 : now - before;
+        before = now;
+        const auto [width, height] = window.framebufferSize();
+        panel.draw(flown, width, height);
+        window.showFrame();
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        if (const auto options = readOptions(argc, argv)) {
+            options->window ? openWindow(*options) : drawPicture(*options);
+        }
+        return 0;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "orlek-instruments: %s\n", error.what());
+        return 1;
+    }
+}
