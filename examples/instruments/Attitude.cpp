@@ -9,6 +9,7 @@ namespace Instruments {
 namespace {
 
 constexpr float unitsPerDegree = 9.0F;
+constexpr double ladderReach = 17.0;  // degrees above and below the symbol
 constexpr float bankRadius = 218.0F;
 constexpr float beyond = 1200.0F;
 
@@ -35,11 +36,11 @@ float halfLength(int step) {
     return step % 4 == 0 ? 62.0F : step % 2 == 0 ? 34.0F : 16.0F;
 }
 
-void drawLadder(Canvas& canvas) {
+void drawLadder(Canvas& canvas, double pitchDeg) {
     Points rungs;
     for (int step = -24; step <= 24; ++step) {
         const float y = static_cast<float>(step) * 2.5F * unitsPerDegree;
-        if (step == 0) {
+        if (step == 0 || std::abs(step * 2.5 - pitchDeg) > ladderReach) {
             continue;
         }
         rungs.insert(rungs.end(), {{-halfLength(step), y}, {halfLength(step), y}});
@@ -103,8 +104,7 @@ void drawAttitude(Canvas& canvas, const FlightState& state, const Box& box, Poin
         const Placed tilted(centre, -bank);
         const Placed shifted({0, -static_cast<float>(state.pitchDeg) * unitsPerDegree});
         drawSkyAndGround(canvas);
-        canvas.clip({centre.x - 150, centre.y - 170, centre.x + 150, centre.y + 176});
-        drawLadder(canvas);
+        drawLadder(canvas, state.pitchDeg);
     }
     canvas.clip(box);
     {

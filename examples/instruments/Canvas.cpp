@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <stdexcept>
 
 namespace Instruments {
 
@@ -16,6 +17,14 @@ namespace Gl = Orlek::OpenGL;
 constexpr double degree = std::numbers::pi / 180.0;
 
 }  // namespace
+
+Canvas::Canvas(const std::string& fontFile) {
+    if (!mLabels.load(fontFile.c_str(), 50)) {
+        throw std::runtime_error("cannot use the font file " + fontFile);
+    }
+    mLabels.setOutlineColor(black);
+    mLabels.setOutlineWidth(0.12F);
+}
 
 void Canvas::begin(int width, int height) {
     const auto w = static_cast<float>(width);
@@ -109,9 +118,17 @@ void Canvas::segments(const Points& pairs, const Colour& colour, float width) {
 
 void Canvas::text(const std::string& text, Point at, float size, const Colour& colour,
                   Align align) {
-    mFont.setColor(colour);
-    mFont.setLineWidth(std::max(1.2F, size * 0.085F) * mScale);
-    mFont.renderFont(at.x, at.y, text, size, align);
+    mFigures.setColor(colour);
+    mFigures.setLineWidth(std::max(1.2F, size * 0.085F) * mScale);
+    mFigures.renderFont(at.x, at.y, text, size, align);
+}
+
+void Canvas::label(const std::string& text, Point at, float size, const Colour& colour,
+                   Align align) {
+    constexpr float halfCapital = 0.365F;  // of the size
+    mLabels.setSize(static_cast<int>(std::lround(size)));
+    mLabels.setColor(colour);
+    mLabels.renderFont(at.x, at.y - halfCapital * size, text, align);
 }
 
 Placed::Placed(Point at, float clockwiseDeg) {

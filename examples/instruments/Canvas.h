@@ -31,6 +31,10 @@ public:
     static constexpr Box panel{0, 0, 1280, 800};
     using Align = Orlek::OpenGL::VectorFont::Alignment;
 
+    /// @param fontFile a font that FreeType reads; throws std::runtime_error when it cannot be
+    /// used.
+    explicit Canvas(const std::string& fontFile);
+
     /// Begins a picture of this size in pixels.
     void begin(int width, int height);
 
@@ -49,12 +53,15 @@ public:
     void loop(const Points& points, const Colour& colour, float width = 2);
     void segments(const Points& pairs, const Colour& colour, float width = 2);
 
-    /// Text in strokes; its height is that of the whole line, capitals have 0.86 of it.
+    /// Words and values in the font of the file, centred in height on the place.
+    /// @param align BOTTOM_LEFT, BOTTOM_CENTER or BOTTOM_RIGHT
+    void label(const std::string& text, Point at, float size, const Colour& colour,
+               Align align = Align::BOTTOM_CENTER);
+
+    /// The figures of a scale, in strokes; its height is that of the whole line, capitals have 0.86
+    /// of it.
     void text(const std::string& text, Point at, float size, const Colour& colour,
               Align align = Align::CENTER);
-
-    /// Pixels for each unit.
-    float scale() const { return mScale; }
 
 private:
     float mScale = 1;
@@ -65,7 +72,8 @@ private:
     Orlek::OpenGL::Lines mLines;
     Orlek::OpenGL::LineLoops mLoops;
     Orlek::OpenGL::LineStrips mStrips;
-    Orlek::OpenGL::VectorFont mFont;
+    Orlek::OpenGL::VectorFont mFigures;
+    Orlek::OpenGL::TextureFontSdf mLabels;
 };
 
 /// The matrix of the moment, restored at the end of the scope.

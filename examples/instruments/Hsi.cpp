@@ -123,15 +123,15 @@ public:
         const float right = mCentre.x + mR + 38;
         const float top = mCentre.y + mR + 8;
         field({left, top}, "CRS", headingText(mGuidance.courseDeg), magenta,
-              Canvas::Align::CENTER_LEFT);
+              Canvas::Align::BOTTOM_LEFT);
         char distance[16];
         std::snprintf(distance, sizeof distance, "%.1f NM", mGuidance.distanceNm);
-        field({right, top}, "DIST", distance, magenta, Canvas::Align::CENTER_RIGHT);
+        field({right, top}, "DIST", distance, magenta, Canvas::Align::BOTTOM_RIGHT);
         const float low = mCentre.y - mR + 22;
         field({left, low}, "HDG SEL", headingText(mState.selectedHeadingDeg), cyan,
-              Canvas::Align::CENTER_LEFT);
+              Canvas::Align::BOTTOM_LEFT);
         field({right, low}, "BRG", headingText(mGuidance.bearingDeg), cyan,
-              Canvas::Align::CENTER_RIGHT);
+              Canvas::Align::BOTTOM_RIGHT);
         const Box box{mCentre.x - 36, top + 14, mCentre.x + 36, top + 48};
         mCanvas.fill(box, black);
         mCanvas.loop({{box.left, box.bottom},
@@ -165,8 +165,8 @@ private:
 
     void field(Point at, const char* name, const std::string& value, const Colour& colour,
                Canvas::Align align) {
-        mCanvas.text(name, {at.x, at.y + 12}, 16, grey, align);
-        mCanvas.text(value, {at.x, at.y - 12}, 22, colour, align);
+        mCanvas.label(name, {at.x, at.y + 12}, 15, grey, align);
+        mCanvas.label(value, {at.x, at.y - 11}, 22, colour, align);
     }
 
     Canvas& mCanvas;

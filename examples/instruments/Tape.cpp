@@ -31,9 +31,9 @@ public:
     }
 
     void drawBug(double selected) {
-        const float at = std::clamp(y(selected), mStyle.box.bottom, mStyle.box.top);
-        const float out = side(10);
         const float half = bugHeight / 2;
+        const float at = std::clamp(y(selected), mStyle.box.bottom + half, mStyle.box.top - half);
+        const float out = side(10);
         mCanvas.polygon({{edge(), at - half},
                          {edge() + out, at - half},
                          {edge() + out, at - 6},

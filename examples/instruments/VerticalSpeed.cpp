@@ -33,13 +33,15 @@ void drawVerticalSpeed(Canvas& canvas, const Box& box, double climbFpm) {
         }
     }
     canvas.segments(ticks, white, 2);
+    canvas.clip(box);
     canvas.line({{box.right + 40, middle.y}, {box.left + 14, middle.y + height(climbFpm, half)}},
                 green, 3);
+    canvas.noClip();
     if (std::abs(climbFpm) >= 50.0) {
         char text[16];
         std::snprintf(text, sizeof text, "%+.0f", std::round(climbFpm / 50.0) * 50.0);
         const float y = climbFpm > 0.0 ? box.top + 14 : box.bottom - 14;
-        canvas.text(text, {middle.x - 4, y}, 16, green);
+        canvas.label(text, {middle.x, y}, 14, green);
     }
 }
 

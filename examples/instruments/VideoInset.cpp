@@ -24,7 +24,7 @@ void VideoInset::draw(Canvas& canvas, const Box& box, const FlightState& state) 
                      {middle.x, middle.y + 18}},
                     white, 1.5F);
     canvas.fill({box.left, box.top - 24, box.left + 104, box.top}, plate);
-    canvas.text("NOSE CAM", {box.left + 8, box.top - 12}, 14, white, Canvas::Align::CENTER_LEFT);
+    canvas.label("NOSE CAM", {box.left + 8, box.top - 12}, 14, white, Canvas::Align::BOTTOM_LEFT);
     canvas.loop({{box.left, box.bottom},
                  {box.left, box.top},
                  {box.right, box.top},

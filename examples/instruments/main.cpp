@@ -21,6 +21,7 @@ using Orlek::Misc::CmdLine;
 
 struct Options {
     std::string out;
+    std::string font;
     double seconds;
     int width;
     int height;
@@ -44,6 +45,8 @@ Number numberOf(const char* name, Number low, Number high) {
 std::optional<Options> readOptions(int argc, char** argv) {
     CmdLine& line = CmdLine::instance();
     line.addParameter("--out", "picture to write", "instruments.png");
+    line.addParameter("--font", "font file of the words",
+                      "/usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf");
     line.addParameter("--at", "moment of the flight, seconds after its start", "58");
     line.addParameter("--width", "width of the picture, pixels", "1280");
     line.addParameter("--height", "height of the picture, pixels", "800");
@@ -58,18 +61,20 @@ std::optional<Options> readOptions(int argc, char** argv) {
         return std::nullopt;
     }
     Options options{"",
+                    "",
                     numberOf("--at", 0.0, 1e6),
                     numberOf("--width", 64, 8192),
                     numberOf("--height", 64, 8192),
                     numberOf("--frames", 0, 1000000),
                     line.getSwitch("--window")};
     line.getParameter("--out", options.out);
+    line.getParameter("--font", options.font);
     return options;
 }
 
 void drawPicture(const Options& options) {
     const OrlekSupport::HeadlessContext context(options.width, options.height);
-    Panel panel;
+    Panel panel(options.font);
     panel.draw(options.seconds, options.width, options.height);
     OrlekSupport::writePng(options.out,
                            OrlekSupport::readFramebuffer(options.width, options.height));
@@ -86,7 +91,7 @@ void openWindow(const Options& options) {
             held = !held;
         }
     });
-    Panel panel;
+    Panel panel(options.font);
     double flown = options.seconds;
     double before = window.seconds();
     for (int frame = 0; window.isOpen() && (options.frames == 0 || frame < options.frames);
