@@ -8,8 +8,8 @@ void StippleMask::set(const unsigned char* pattern) {
         return;
     }
     for (int& row : rows) {
-        const unsigned bits = pattern[0] | (pattern[1] << 8U) | (pattern[2] << 16U) |
-                              (static_cast<unsigned>(pattern[3]) << 24U);
+        const unsigned bits = pattern[0] | (unsigned{pattern[1]} << 8U) |
+                              (unsigned{pattern[2]} << 16U) | (unsigned{pattern[3]} << 24U);
         row = static_cast<int>(bits);
         pattern += 4;
     }

@@ -14,12 +14,13 @@ public:
     GroupFlags(std::size_t groups, std::size_t rows)
         : mWords((groups + wordBits - 1) / wordBits), mBits((mWords + 2) * rows) {}
 
-    /// Words of a row that have flags; one more on either side, always 0, may be read.
+    /// Words of a row that have flags: 1 to words(). Those on either side, 0 and words() + 1, may
+    /// be read and are always 0.
     std::size_t words() const { return mWords; }
-    std::uint64_t* row(std::size_t y) { return mBits.data() + y * (mWords + 2) + 1; }
+    std::uint64_t* row(std::size_t y) { return mBits.data() + y * (mWords + 2); }
 
     void set(std::size_t group, std::size_t y) {
-        row(y)[group / wordBits] |= std::uint64_t{1} << group % wordBits;
+        row(y)[1 + group / wordBits] |= std::uint64_t{1} << group % wordBits;
     }
     void clear() { mBits.assign(mBits.size(), 0); }
 

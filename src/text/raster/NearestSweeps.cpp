@@ -93,6 +93,11 @@ Four columnsFrom(std::size_t x) {
     return Four{first, first + 1.0F, first + 2.0F, first + 3.0F};
 }
 
+/// The first column of a group by its word and bit; column 0 belongs to none.
+std::size_t columnOf(std::size_t word, std::size_t bit) {
+    return ((word - 1) * GroupFlags::wordBits + bit) * groupSize + 1;
+}
+
 constexpr std::size_t lastBit = GroupFlags::wordBits - 1;
 
 }  // namespace
@@ -141,7 +146,7 @@ bool NearestSweeps::forwardRow(std::size_t y) {
     std::uint64_t* const now = mNow.row(y);
     const auto below = [&](std::size_t j) { return beforeBelow[j] | nowBelow[j]; };
     bool changed = false;
-    for (std::size_t j = 0; j < mNow.words(); ++j) {
+    for (std::size_t j = 1; j <= mNow.words(); ++j) {
         const std::uint64_t own = before[j] | now[j];
         const std::uint64_t side = below(j);
         std::uint64_t due = own | own << 1 | side | side << 1 | side >> 1 |
@@ -151,7 +156,7 @@ bool NearestSweeps::forwardRow(std::size_t y) {
             const auto bit = static_cast<std::size_t>(std::countr_zero(due));
             const std::uint64_t flag = std::uint64_t{1} << bit;
             due &= due - 1;
-            if (forwardGroup((j * GroupFlags::wordBits + bit) * groupSize + 1, y)) {
+            if (forwardGroup(columnOf(j, bit), y)) {
                 now[j] |= flag;
                 due |= flag << 1;
                 changed = true;
@@ -168,7 +173,7 @@ bool NearestSweeps::backwardRow(std::size_t y) {
     std::uint64_t* const now = mNow.row(y);
     const auto above = [&](std::size_t j) { return beforeAbove[j] | nowAbove[j]; };
     bool changed = false;
-    for (std::size_t j = mNow.words(); j-- > 0;) {
+    for (std::size_t j = mNow.words(); j > 0; --j) {
         const std::uint64_t own = before[j] | now[j];
         const std::uint64_t side = above(j);
         std::uint64_t due = own | own >> 1 | side | side << 1 | side >> 1 |
@@ -178,7 +183,7 @@ bool NearestSweeps::backwardRow(std::size_t y) {
             const auto bit = lastBit - static_cast<std::size_t>(std::countl_zero(due));
             const std::uint64_t flag = std::uint64_t{1} << bit;
             due ^= flag;
-            if (backwardGroup((j * GroupFlags::wordBits + bit) * groupSize + 1, y)) {
+            if (backwardGroup(columnOf(j, bit), y)) {
                 now[j] |= flag;
                 due |= flag >> 1;
                 changed = true;
