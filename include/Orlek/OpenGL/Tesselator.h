@@ -61,9 +61,10 @@ public:
 
     /// Cuts the outline into triangles; the outline stays. Where it crosses itself, vertices are
     /// added. The last corner is joined to the first.
-    /// @return the primitives, owned by the caller; none for fewer than 3 corners, for an outline
-    /// without area, and for one with a coordinate that is not finite. What the tessellator
-    /// complains about otherwise is left out.
+    /// @return the primitives; none for fewer than 3 corners, for an outline without area, for one
+    /// with a coordinate that is not finite, and for one of more than 1,000 corners that crosses
+    /// itself so often that it would take minutes (3,000 corners at random, for example).
+    /// Otherwise what the tessellator complains about is left out.
     TessPolygon tesselate();
 
 private:

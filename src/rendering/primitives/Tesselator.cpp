@@ -7,6 +7,7 @@
 #include <memory>
 #include <utility>
 
+#include "rendering/geometry/OutlineWork.h"
 #include "rendering/geometry/Positions.h"
 
 namespace Orlek::OpenGL {
@@ -24,8 +25,19 @@ _GLUfuncptr callback(Function* function) {
     return reinterpret_cast<_GLUfuncptr>(function);
 }
 
+// About a minute. Below so few corners no outline comes near.
+constexpr double mostWork = 2e9;
+constexpr std::size_t fewCorners = 1000;
+
 bool isFinite(const Math::Vector3<float>& p) {
     return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
+}
+
+// GLU loops or crashes on coordinates that are not finite, and takes hours and all memory when
+// thousands of edges cross each other.
+bool isAcceptable(const std::vector<Math::Vector3<float>>& outline) {
+    return std::ranges::all_of(outline, isFinite) &&
+           (outline.size() <= fewCorners || Detail::outlineWork(outline) <= mostWork);
 }
 
 }  // namespace
@@ -59,7 +71,7 @@ Tesselator::TessPolygon Tesselator::tesselate() {
     mTessPolygon.primitives.clear();
     mStartPos = 0;
     const TessHandle tess(gluNewTess());
-    if (tess == nullptr || !std::ranges::all_of(mVertices, isFinite)) {
+    if (tess == nullptr || !isAcceptable(mVertices)) {
         return {};
     }
     gluTessProperty(tess.get(), GLU_TESS_WINDING_RULE, GLU_TESS_WINDING_NONZERO);

@@ -177,10 +177,22 @@ TEST(Tesselator, RefusesWhatIsNotFinite) {
     EXPECT_EQ(areaOf({{0, 0}, {2, 0}, {0, 2}}), 2) << "and goes on";
 }
 
-TEST(Tesselator, TakesAHundredThousandCorners) {
+TEST(Tesselator, TakesAHundredThousandCornersUnlessTheyTangle) {
     constexpr int corners = 100000;
     const double step = 2 * std::numbers::pi / corners;
     EXPECT_NEAR(areaOf(ring(corners, step, [](int) { return 10.0; })), 100 * std::numbers::pi, 0.1);
+
+    std::mt19937 random(3);
+    std::uniform_real_distribution<double> anywhere(-10, 10);
+    EXPECT_EQ(areaOf(ring(corners, 1.0, [&](int) { return anywhere(random); })), 0);
+    Points comb;  // whose last edge crosses all others
+    for (int i = 0; i < corners; ++i) {
+        comb.emplace_back(static_cast<float>(i), static_cast<float>(i % 2));
+    }
+    EXPECT_EQ(areaOf(comb), 0);
+    comb.emplace_back(static_cast<float>(corners), -1.0F);
+    comb.emplace_back(0.0F, -1.0F);
+    EXPECT_NEAR(areaOf(comb), 1.5 * corners, corners * 1e-3);
 }
 
 }  // namespace
