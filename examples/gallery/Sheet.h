@@ -47,6 +47,15 @@ struct Box {
     }
     Point centre() const { return at(0.5, 0.5); }
 
+    /// The square of its height in its middle.
+    Box square() const { return {centre().x - height / 2.0F, y, height, height}; }
+
+    /// The box without a margin, a share of its size on each side.
+    Box inside(double margin) const {
+        const auto m = static_cast<float>(margin);
+        return {x + m * width, y + m * height, (1 - 2 * m) * width, (1 - 2 * m) * height};
+    }
+
     /// Several points of it.
     Points points(std::initializer_list<std::pair<double, double>> places) const {
         Points result;

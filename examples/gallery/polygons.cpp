@@ -7,7 +7,7 @@ namespace {
 using namespace Gallery;
 using namespace Orlek::OpenGL;
 
-Pattern hatch = pattern(BitOrder::lowestFirst, [](int x, int y) { return (x + y) % 8 < 3; });
+Pattern hatch = pattern(BitOrder::lowestFirst, [](int x, int y) { return (x + y) % 8 < 4; });
 Pattern dots = pattern(BitOrder::lowestFirst, [](int x, int y) { return x % 8 < 4 && y % 8 < 4; });
 const Colour colours[] = {cyan, amber, green, magenta, blue, red, white};
 
@@ -37,12 +37,12 @@ struct Picture {
     Sheet sheet{"Polygons", "Tesselator cuts an outline into triangles, Polygon fills it.", 3, 2};
     std::vector<Shape> shapes;
     std::vector<Polygon> pieces;
-    Shape turning{polygon({0, 0}, 80, 7, 3), amber, hatch.data()};
+    Shape turning{polygon({0, 0}, 80, 7, 2), amber, hatch.data()};
     Box hatched = sheet.sample(0, 1, "setPattern(hatch)", "stays on the screen, whatever turns");
 
     Picture() {
         Box box = sheet.sample(0, 0, "tesselator.tesselate()", "concave");
-        shapes.emplace_back(box.points({{0.1, 0}, {0.2, 1}, {0.5, 0.5}, {0.9, 0.9}, {1, 0.2}}),
+        shapes.emplace_back(box.points({{0.1, 0}, {0.2, 1}, {0.5, 0.5}, {0.8, 0.9}, {0.9, 0.1}}),
                             cyan);
         box = sheet.sample(1, 0, "addTessPolygon(polygon)", "crossing itself: non-zero rule");
         shapes.emplace_back(polygon(box.centre(), 84, 5, 2), magenta);
@@ -53,7 +53,7 @@ struct Picture {
         box = sheet.sample(1, 1, "setPattern(dots)", "32 x 32 pixels, a bit for each");
         shapes.emplace_back(box.points({{0, 0}, {1, 1}, {1, 0}, {0, 1}}), green, dots.data());
         box = sheet.sample(2, 1, "TessPolygon::primitives", "strips, fans and triangles");
-        for (const auto& primitive : tesselated(polygon(box.centre(), 84, 9, 4)).primitives) {
+        for (const auto& primitive : tesselated(polygon(box.centre(), 84, 9, 2)).primitives) {
             pieces.emplace_back().addTessPolygon({{primitive}});
             pieces.back().setColor(colours[pieces.size() % 7]);
         }
