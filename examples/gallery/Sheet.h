@@ -87,13 +87,20 @@ Points polygon(Point centre, double radius, int corners, int step = 1);
 /// The matrix that puts the origin at a point and turns by @p bearing degrees clockwise.
 Orlek::Math::Matrix4<float> placement(Point at, double bearing = 0.0);
 
+/// Runs @p draw under that matrix and a scale.
+template <typename Function>
+void place(Point at, double bearing, double scale, Function&& draw) {
+    Orlek::OpenGL::MatrixPush();
+    Orlek::OpenGL::MatrixMult(placement(at, bearing));
+    Orlek::OpenGL::MatrixScale(scale, scale, 1.0);
+    draw();
+    Orlek::OpenGL::MatrixPop();
+}
+
 /// Runs @p draw under that matrix.
 template <typename Function>
 void place(Point at, double bearing, Function&& draw) {
-    Orlek::OpenGL::MatrixPush();
-    Orlek::OpenGL::MatrixMult(placement(at, bearing));
-    draw();
-    Orlek::OpenGL::MatrixPop();
+    place(at, bearing, 1.0, std::forward<Function>(draw));
 }
 
 /// Loads a font of the package fonts-dejavu-core.

@@ -52,8 +52,8 @@ struct Picture {
         shapes.emplace_back(polygon(box.at(0.5, 0.4), 60, 6), blue);
         box = sheet.sample(1, 1, "setPattern(dots)", "32 x 32 pixels, a bit for each");
         shapes.emplace_back(box.points({{0, 0}, {1, 1}, {1, 0}, {0, 1}}), green, dots.data());
-        box = sheet.sample(2, 1, "TessPolygon::primitives", "strips, fans and triangles");
-        for (const auto& primitive : tesselated(polygon(box.centre(), 84, 9, 2)).primitives) {
+        box = sheet.sample(2, 1, "TessPolygon::primitives", "strips, fans, triangles");
+        for (const auto& primitive : tesselated(polygon(box.centre(), 84, 8, 3)).primitives) {
             pieces.emplace_back().addTessPolygon({{primitive}});
             pieces.back().setColor(colours[pieces.size() % 7]);
         }

@@ -14,28 +14,23 @@ using namespace Orlek::OpenGL;
 // Part of the image on part of the page. Texture coordinates run downwards from the first row.
 void addPiece(Texture& texture, const Box& box, const Box& part) {
     std::vector<Orlek::Math::Vector3<float>> corners;
-    Points uvs;
-    for (const auto& [u, v] : {std::pair{0, 0}, {0, 1}, {1, 0}, {1, 1}}) {
-        corners.emplace_back(box.at(u, v).x, box.at(u, v).y, 0.0F);
-        uvs.push_back(part.at(u, 1 - v));
+    for (const Point& corner : box.points({{0, 0}, {0, 1}, {1, 0}, {1, 1}})) {
+        corners.emplace_back(corner.x, corner.y, 0.0F);
     }
-    texture.addTexture(corners, uvs);
+    texture.addTexture(corners, part.points({{0, 1}, {0, 0}, {1, 1}, {1, 0}}));
 }
 
-Texture loaded(int size, int square, unsigned int wrapMode, bool mipMaps) {
+Texture loaded(int size, int square, unsigned wrap = GL_CLAMP_TO_EDGE, bool mipMaps = false) {
     Texture texture;
-    texture.setWrapMode(wrapMode);
+    texture.setWrapMode(wrap);
     texture.setUseMipMaps(mipMaps);
     texture.load(boardImage(size, square).data(), size, size, GL_RGBA);
     return texture;
 }
 
 void drawScaled(Texture& texture, Point at, double scale, const Colour& tint) {
-    place(at, 0, [&] {
-        MatrixScale(scale, scale, 1);
-        texture.setColor(tint);
-        texture.render();
-    });
+    texture.setColor(tint);
+    place(at, 0, scale, [&] { texture.render(); });
 }
 
 struct Picture {
@@ -46,10 +41,8 @@ struct Picture {
     Box tiles = sheet.sample(0, 1, "setWrapMode(GL_REPEAT)", "coordinates 0 to 3");
     Box mirrors = sheet.sample(1, 1, "setWrapMode(GL_MIRRORED_REPEAT)", "coordinates 0 to 3");
     Box small = sheet.sample(2, 1, "setUseMipMaps(false), (true)", "drawn 2.5 times smaller");
-    Texture image = loaded(128, 16, GL_CLAMP_TO_EDGE, false), pieces = image;
-    Texture repeated = loaded(128, 16, GL_REPEAT, false);
-    Texture mirrored = loaded(128, 16, GL_MIRRORED_REPEAT, false);
-    Texture rough = loaded(256, 2, GL_CLAMP_TO_EDGE, false);
+    Texture image = loaded(128, 16), pieces = image, rough = loaded(256, 2);
+    Texture repeated = loaded(128, 16, GL_REPEAT), mirrored = loaded(128, 16, GL_MIRRORED_REPEAT);
     Texture smooth = loaded(256, 2, GL_CLAMP_TO_EDGE, true);
 
     Picture() {

@@ -25,26 +25,19 @@ struct Picture {
         night = part = camera;
         night.setColor(green);
         part.clearVertex();
-        for (int i = 0; i <= 20; ++i) {
-            const Point outer = polar(leaning.at(0.5, -0.6), 3.0 * i - 30.0, 230),
-                        inner = polar(leaning.at(0.5, -0.6), 3.0 * i - 30.0, 130);
-            part.addVertex(Orlek::Math::Vector3<float>(outer.x, outer.y, 0), {0.05F * i, 0.2F});
-            part.addVertex(Orlek::Math::Vector3<float>(inner.x, inner.y, 0), {0.05F * i, 0.9F});
+        for (float u = 0.0F; u <= 1.0F; u += 0.05F) {
+            const Point outer = polar(leaning.at(0.5, -0.5), 60.0 * u - 30.0, 230);
+            const Point inner = polar(leaning.at(0.5, -0.5), 60.0 * u - 30.0, 130);
+            part.addVertex(Orlek::Math::Vector3<float>(outer.x, outer.y, 0), {u, 0.2F});
+            part.addVertex(Orlek::Math::Vector3<float>(inner.x, inner.y, 0), {u, 0.9F});
         }
-    }
-
-    static void drawScaled(Video& video, const Box& box) {
-        place(box.centre(), 0, [&] {
-            MatrixScale(box.width / columns, box.width / columns, 1);
-            video.render();
-        });
     }
 
     void draw(double seconds) {
         sheet.draw();
         camera.putFrame(cameraFrame(columns, rows, seconds).data());
-        drawScaled(camera, large);
-        drawScaled(night, tinted);
+        place(large.centre(), 0, large.width / columns, [&] { camera.render(); });
+        place(tinted.centre(), 0, tinted.width / columns, [&] { night.render(); });
         part.render();
     }
 };
