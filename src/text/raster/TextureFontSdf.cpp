@@ -45,14 +45,14 @@ void reportNoFace(const Detail::FontFace& face) {
 /// A font that was built, or could not be when its name was new: then it is empty and stays so.
 struct TextureFontSdf::FontType {
     std::shared_ptr<Detail::Texture> texture;
-    Detail::GlyphSet glyphs;
+    Detail::GlyphSet mGlyphs;
     bool toBeBuilt = false;  ///< The texture was deleted.
 };
 
 struct TextureFontSdf::FontCache {
-    std::uint32_t nextId = 0;
-    std::map<std::string, std::uint32_t> ids;
-    std::map<std::uint32_t, FontType> fonts;
+    std::uint32_t mStaticFontId = 0;
+    std::map<std::string, std::uint32_t> mFontNames;
+    std::map<std::uint32_t, FontType> mFonts;
 };
 
 bool TextureFontSdf::mInitDone = false;
@@ -87,21 +87,21 @@ bool TextureFontSdf::loadData(const char* name, const char* data, int size, int 
         return false;
     }
     FontCache& cache = fontCache();
-    const auto [entry, isNew] = cache.ids.try_emplace(name, cache.nextId);
-    cache.nextId += isNew ? 1 : 0;
+    const auto [entry, isNew] = cache.mFontNames.try_emplace(name, cache.mStaticFontId);
+    cache.mStaticFontId += isNew ? 1 : 0;
     if (mFontId != entry->second) {
         clearVertex();
         mTexture.reset();
         mFontId = entry->second;
     }
-    FontType& font = cache.fonts[mFontId];
+    FontType& font = cache.mFonts[mFontId];
     if ((isNew || font.toBeBuilt) && !createGlyphTexture(data, size, font)) {
         return false;
     }
     mTexture = font.texture;
     mScale = scaleOf(pixelSize);
     Detail::releaseObjects(mText);
-    return Detail::uploadQuads(mText, font.glyphs);
+    return Detail::uploadQuads(mText, font.mGlyphs);
 }
 
 bool TextureFontSdf::createGlyphTexture(const char* data, int size, FontType& font) {
@@ -111,7 +111,7 @@ bool TextureFontSdf::createGlyphTexture(const char* data, int size, FontType& fo
         return false;
     }
     Detail::GlyphAtlas atlas;
-    if (!Detail::buildFieldAtlas(face, atlas, font.glyphs)) {
+    if (!Detail::buildFieldAtlas(face, atlas, font.mGlyphs)) {
         return false;
     }
     font.texture = Detail::Texture::create(Detail::coverageRecipe, atlas.image());
@@ -120,7 +120,7 @@ bool TextureFontSdf::createGlyphTexture(const char* data, int size, FontType& fo
 }
 
 TextureFontSdf::FontType* TextureFontSdf::currentFont() {
-    auto& fonts = fontCache().fonts;
+    auto& fonts = fontCache().mFonts;
     const auto entry = fonts.find(mFontId);
     return entry == fonts.end() ? nullptr : &entry->second;
 }
@@ -141,7 +141,7 @@ void TextureFontSdf::addText(const std::string& text, Math::Matrix4<float> trans
     if (font == nullptr) {
         return;
     }
-    const Detail::GlyphRun run(font->glyphs.glyphs, text);
+    const Detail::GlyphRun run(font->mGlyphs.glyphs, text);
     const auto offset = penStart(align, run.width(), run.height());
     Detail::appendText(mText, run, {offset, mScale, transform});
 }
@@ -164,7 +164,7 @@ void TextureFontSdf::render() {
 void TextureFontSdf::renderFont(const std::string& text, Alignment align) {
     const FontType* const font = drawableFont();
     if (font == nullptr ||
-        (mText.atlasMesh == nullptr && !Detail::uploadQuads(mText, font->glyphs))) {
+        (mText.atlasMesh == nullptr && !Detail::uploadQuads(mText, font->mGlyphs))) {
         return;
     }
     Detail::DrawPass pass(label, fieldProgram);
@@ -174,8 +174,8 @@ void TextureFontSdf::renderFont(const std::string& text, Alignment align) {
         MatrixScale(mScale, mScale, 1.0);
         pass.matrix();
     }
-    const Detail::GlyphRun run(font->glyphs.glyphs, text);
-    const auto lineHeight = static_cast<float>(font->glyphs.maxGlyphHeight);
+    const Detail::GlyphRun run(font->mGlyphs.glyphs, text);
+    const auto lineHeight = static_cast<float>(font->mGlyphs.maxGlyphHeight);
     Detail::drawAtOnce(pass, mText, texture(), run, penStart(align, run.width(), lineHeight));
     pass.set("offset", Math::Vector3<float>(0.0F, 0.0F, 0.0F));
 }
