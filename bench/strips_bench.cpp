@@ -1,6 +1,6 @@
 // Many strips in one object. Drawing: the library beside the bare draw, which it cannot beat, and
-// beside cairo's image backend. Uploading: the library beside the same job written by hand (lengths
-// in pixels, adjacency expansion, buffers), and beside expansion and buffers alone.
+// beside cairo's image backend. Uploading: the library beside the same job written by hand:
+// adjacency expansion and buffers, for stippled strips also their lengths in pixels.
 #include <GL/glew.h>
 #include <Orlek/OpenGL/GlHandler.h>
 #include <Orlek/OpenGL/LineStrips.h>
@@ -79,7 +79,6 @@ public:
                 mVertices.emplace_back(point.x, point.y, 0.0F);
             }
         }
-        mPositions.resize(mVertices.size());
         GlHandler& handler = GlHandler::instance();
         handler.activateShader(2);
         mProgram = handler.activeShaderHandle();
@@ -99,6 +98,7 @@ public:
             return static_cast<double>(m[row]) * p.x + static_cast<double>(m[row + 4]) * p.y +
                    static_cast<double>(m[row + 8]) * p.z + static_cast<double>(m[row + 12]);
         };
+        mPositions.resize(mVertices.size());
         double sum = 0.0;
         Orlek::Math::Vector3<float> last;
         for (std::size_t i = 0; i < mVertices.size(); ++i) {
@@ -117,8 +117,8 @@ public:
         }
     }
 
-    /// Uploads vertices, lengths as they stand and the adjacency form of the indices, expanded for
-    /// strips whose length is known.
+    /// Uploads vertices, measured lengths if there are any, and the adjacency form of the indices,
+    /// expanded for strips whose length is known.
     void upload() {
         glGenVertexArrays(1, &mArray);
         glBindVertexArray(mArray);
@@ -127,10 +127,12 @@ public:
         fill(GL_ARRAY_BUFFER, mVertices);
         glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, 0, nullptr);
         glEnableVertexAttribArray(0);
-        glBindBuffer(GL_ARRAY_BUFFER, mBuffers[1]);
-        fill(GL_ARRAY_BUFFER, mPositions);
-        glVertexAttribPointer(5, 1, GL_FLOAT, GL_FALSE, 0, nullptr);
-        glEnableVertexAttribArray(5);
+        if (!mPositions.empty()) {
+            glBindBuffer(GL_ARRAY_BUFFER, mBuffers[1]);
+            fill(GL_ARRAY_BUFFER, mPositions);
+            glVertexAttribPointer(5, 1, GL_FLOAT, GL_FALSE, 0, nullptr);
+            glEnableVertexAttribArray(5);
+        }
         glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, mBuffers[2]);
         const std::vector<std::uint32_t> indices = adjacency();
         mCount = static_cast<GLsizei>(indices.size());
@@ -239,21 +241,22 @@ void drawCairo(benchmark::State& state) {
 constexpr std::size_t uploadedStrips = 10000;
 
 /// GL objects deleted and made anew, everything uploaded, nothing drawn.
-void uploadLibrary(benchmark::State& state) {
+void uploadLibrary(benchmark::State& state, bool stippled) {
     prepare();
     LineStrips strips = libraryStrips(wanderingStrips(uploadedStrips));
+    strips.setStipple(stippled ? 0x00FF : 0);
     measure(state, [&] {
         strips.clear();
         strips.render(0);
     });
 }
 
-void uploadByHand(benchmark::State& state, bool measured) {
+void uploadByHand(benchmark::State& state, bool stippled) {
     prepare();
     BareStrips strips(wanderingStrips(uploadedStrips));
     measure(state, [&] {
         strips.release();
-        if (measured) {
+        if (stippled) {
             strips.measureLengths();
         }
         strips.upload();
@@ -265,9 +268,10 @@ BENCHMARK(drawBare)->Unit(benchmark::kMillisecond);
 #ifdef ORLEK_HAVE_CAIRO
 BENCHMARK(drawCairo)->Unit(benchmark::kMillisecond);
 #endif
-BENCHMARK(uploadLibrary)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(uploadByHand, sameJob, true)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(uploadByHand, withoutLengths, false)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(uploadLibrary, solid, false)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(uploadByHand, solid, false)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(uploadLibrary, stippled, true)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(uploadByHand, stippled, true)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

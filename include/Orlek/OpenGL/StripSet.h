@@ -22,6 +22,7 @@ struct StripSet {
     std::vector<Math::Vector4<float>> colors;  ///< Of the vertices that were added with one.
     bool useColors = false;                    ///< Draw with colors if each vertex has one.
     bool dirty = false;                        ///< Changed since the last upload.
+    bool measured = false;                     ///< Uploaded with lengths, for a stipple.
 
     /// Appends a strip of vectors of two, three or four components, and ends it.
     template <typename Vector>

@@ -48,12 +48,13 @@ void uploadSegments(std::shared_ptr<Mesh>& mesh,
 }
 
 void uploadStrips(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
-                  const IndexedPoints& points, std::span<const Stream> more) {
+                  const IndexedPoints& points, StripLengths lengths, std::span<const Stream> more) {
     std::vector<Stream> streams{streamOf(Attribute::Vertex, points.vertices)};
     streams.insert(streams.end(), more.begin(), more.end());
+    const std::vector<float> positions =
+        lengths == StripLengths::Measured ? measured(points.vertices) : std::vector<float>();
+    streams.push_back(streamOf(Attribute::Position, positions));
     if (recipe.mode == DrawMode::LineStripAdjacency) {
-        const std::vector<float> positions = measured(points.vertices);
-        streams.push_back(streamOf(Attribute::Position, positions));
         syncMesh(mesh, streams, adjacencyIndices(points.indices, recipe.restart.value()));
     } else {
         syncMesh(mesh, streams, points.indices);

@@ -31,11 +31,15 @@ enum class LineColor { One, EachVertex };
 /// Uploads separate segments.
 void uploadSegments(std::shared_ptr<Mesh>& mesh, const std::vector<Math::Vector3<float>>& vertices);
 
-/// Uploads strips: with adjacency in that form and with their lengths in pixels under the current
-/// matrix, otherwise as they are.
+/// Whether the lengths of strips in pixels under the current matrix are uploaded. Only a stipple
+/// needs them, and they cost more than all the rest of an upload.
+enum class StripLengths { Measured, None };
+
+/// Uploads strips, in the adjacency form if the recipe draws with adjacency.
 /// @param more streams beside these.
 void uploadStrips(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
-                  const IndexedPoints& points, std::span<const Stream> more = {});
+                  const IndexedPoints& points, StripLengths lengths = StripLengths::Measured,
+                  std::span<const Stream> more = {});
 
 /// Measures the lengths of uploaded strips anew. The mesh must be this drawable's own.
 void updatePositions(Mesh& mesh, const std::vector<Math::Vector3<float>>& vertices);

@@ -52,10 +52,13 @@ void StripSet::render(const LineRecipe& recipe, int count) {
     if (points.indices.size() < 2) {
         return;
     }
-    if (dirty || mesh == nullptr) {
+    const bool measure = style.stipple != 0 && recipe.mode == DrawMode::LineStripAdjacency;
+    if (dirty || mesh == nullptr || (measure && !measured)) {
         const Stream colorStream = streamOf(Attribute::Color, colors);
-        uploadStrips(mesh, recipe, points, {&colorStream, 1});
+        uploadStrips(mesh, recipe, points, measure ? StripLengths::Measured : StripLengths::None,
+                     {&colorStream, 1});
         dirty = false;
+        measured = measure;
     }
     if (mesh == nullptr) {
         return;
