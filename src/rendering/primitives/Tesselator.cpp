@@ -97,7 +97,9 @@ Tesselator::TessPolygon Tesselator::tesselate() {
 }
 
 void Tesselator::beginCB(unsigned type) {
+    constexpr std::size_t usualVertices = 8;
     mTessPolygon.primitives.push_back({{}, type, mStartPos});
+    mTessPolygon.primitives.back().vertices.reserve(usualVertices);
 }
 
 void Tesselator::vertexCB(double* v) {
