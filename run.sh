@@ -8,7 +8,7 @@ root=$PWD
 
 usage() {
   cat <<'TEXT'
-Usage: ./run.sh [map|gallery] [options] [-- options of the example]
+Usage: ./run.sh [map|gallery|instruments] [options] [-- options of the example]
 
 Installs what is missing (Debian packages), builds the library and its examples, draws pictures and
 prints their paths:
@@ -16,6 +16,7 @@ prints their paths:
   map         the moving map (so it is without a word)
   gallery     a picture for each family of drawing classes, and all on a contact sheet;
               with --window NAME one of them in a window
+  instruments a flight display, a situation indicator and a camera picture of a made-up flight
 
   --window    opens a window instead; Escape closes it (in the map drag or arrow keys pan, the
               wheel zooms)
@@ -91,10 +92,22 @@ gallery() {
     "${pictures[@]}" | tail -n 1
 }
 
+instruments() {
+  # shellcheck disable=SC2086
+  install_packages $run_packages
+  build run
+  mkdir -p out
+  if [ "$window" = yes ]; then
+    build/run/examples/instruments/orlek-instruments --window "$@"
+  else
+    build/run/examples/instruments/orlek-instruments --out "$root/out/instruments.png" "$@"
+  fi
+}
+
 mkdir -p build
 example=map
 case "${1:-}" in
-  map | gallery) example=$1; shift ;;
+  map | gallery | instruments) example=$1; shift ;;
 esac
 window=no
 while [ $# -gt 0 ]; do

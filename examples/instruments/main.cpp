@@ -1,8 +1,10 @@
 // orlek-instruments: a primary flight display and a horizontal situation indicator, as a picture or
 // in a window.
+#include <GL/gl.h>
 #include <Orlek/Misc.h>
 
 #include <charconv>
+#include <chrono>
 #include <cstdio>
 #include <exception>
 #include <optional>
@@ -51,7 +53,9 @@ std::optional<Options> readOptions(int argc, char** argv) {
     line.addParameter("--width", "width of the picture, pixels", "1280");
     line.addParameter("--height", "height of the picture, pixels", "800");
     line.addSwitch("--window", "open a window; Space holds the flight, Escape closes it");
-    line.addParameter("--frames", "close the window after as many frames; 0: when asked", "0");
+    line.addParameter("--frames",
+                      "draw and time as many frames of the flight; the window closes after them",
+                      "0");
     line.addSwitch("--help", "print this text");
     if (!line.parse(argc, argv)) {
         throw std::runtime_error("see --help for the options");
@@ -72,12 +76,27 @@ std::optional<Options> readOptions(int argc, char** argv) {
     return options;
 }
 
+// Frames at 60 a second of the flight, each waited for.
+void timeFrames(const Options& options, Panel& panel) {
+    const auto start = std::chrono::steady_clock::now();
+    for (int frame = 0; frame < options.frames; ++frame) {
+        panel.draw(options.seconds + frame / 60.0, options.width, options.height);
+        glFinish();
+    }
+    const std::chrono::duration<double, std::milli> taken =
+        std::chrono::steady_clock::now() - start;
+    std::printf("%.1f ms a frame\n", taken.count() / options.frames);
+}
+
 void drawPicture(const Options& options) {
     const OrlekSupport::HeadlessContext context(options.width, options.height);
     Panel panel(options.font);
     panel.draw(options.seconds, options.width, options.height);
     OrlekSupport::writePng(options.out,
                            OrlekSupport::readFramebuffer(options.width, options.height));
+    if (options.frames > 0) {
+        timeFrames(options, panel);
+    }
     std::printf("%s\n", options.out.c_str());
 }
 
@@ -93,9 +112,10 @@ void openWindow(const Options& options) {
     });
     Panel panel(options.font);
     double flown = options.seconds;
-    double before = window.seconds();
-    for (int frame = 0; window.isOpen() && (options.frames == 0 || frame < options.frames);
-         ++frame) {
+    const double start = window.seconds();
+    double before = start;
+    int frame = 0;
+    for (; window.isOpen() && (options.frames == 0 || frame < options.frames); ++frame) {
         const double now = window.seconds();
         flown += held ? 0.0 : now - before;
         before = now;
@@ -103,6 +123,7 @@ void openWindow(const Options& options) {
         panel.draw(flown, width, height);
         window.showFrame();
     }
+    std::printf("%.1f frames a second\n", frame / (window.seconds() - start));
 }
 
 }  // namespace

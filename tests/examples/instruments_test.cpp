@@ -1,0 +1,183 @@
+// The instruments agree with the flight: horizon, camera and course needle in pictures of the
+// program at several moments, and the flight with itself.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <numbers>
+#include <string>
+
+#include "Flight.h"
+#include "Png.h"
+#include "support/TempDir.h"
+
+namespace {
+
+using Instruments::Flight;
+using Instruments::FlightState;
+using Instruments::Guidance;
+using Instruments::guidanceAt;
+using OrlekSupport::Image;
+
+constexpr double degree = std::numbers::pi / 180.0;
+constexpr int height = 800;
+
+std::string contents(const std::string& path) {
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+class InstrumentPictures : public testing::Test {
+protected:
+    int run(const std::string& arguments) const {
+        const std::string command =
+            "'" PROGRAM "' " + arguments + " >" + mDir.path("out") + " 2>" + mDir.path("err");
+        return WEXITSTATUS(std::system(command.c_str()));
+    }
+
+    Image drawAt(double seconds) const {
+        const std::string path = mDir.path("panel.png");
+        EXPECT_EQ(run("--out " + path + " --at " + std::to_string(seconds)), 0);
+        EXPECT_EQ(contents(mDir.path("err")), "");
+        EXPECT_EQ(contents(mDir.path("out")).find("Error <"), std::string::npos);
+        return OrlekSupport::readPng(path);
+    }
+
+    const OrlekTest::TempDir mDir;
+    const Flight mFlight;
+};
+
+bool isSky(const std::array<int, 4>& p) {
+    return p[2] > p[0] + 30;
+}
+
+bool isGround(const std::array<int, 4>& p) {
+    return p[0] > p[2] + 15 && p[1] > 25 && p[1] < 100;
+}
+
+// The row that has most sky above it and most ground below.
+int horizonIn(const Image& image, int column) {
+    int best = 0;
+    int bestScore = -1;
+    int score = 0;
+    for (int y = 30; y < 670; ++y) {
+        score += isSky(image.at(column, y)) ? 1 : isGround(image.at(column, y)) ? -1 : 0;
+        if (score > bestScore) {
+            bestScore = score;
+            best = y;
+        }
+    }
+    return best;
+}
+
+bool isMagenta(const std::array<int, 4>& p) {
+    return p[0] > 200 && p[1] < 110 && p[2] > 180;
+}
+
+// In a right bank the horizon rises to the right; with the nose up it sinks.
+void expectHorizon(const Image& image, const FlightState& state) {
+    constexpr int centreX = 330;
+    constexpr int centreY = height - 465;
+    constexpr double pixelsPerDegree = 9.0;
+    for (const int x : {140, 170, 490, 508}) {
+        const double down = state.pitchDeg * pixelsPerDegree / std::cos(state.bankDeg * degree) -
+                            (x - centreX) * std::tan(state.bankDeg * degree);
+        EXPECT_NEAR(horizonIn(image, x), centreY + down, 3.0) << "column " << x;
+    }
+}
+
+// The camera's ground is green, its sky blue: rows of sky in two columns.
+void expectCamera(const Image& image, double bankDeg) {
+    const auto skyRows = [&](int column) {
+        int rows = 0;
+        for (int y = height - 165; y < height - 35; ++y) {
+            const auto pixel = image.at(column, y);
+            rows += pixel[2] > pixel[1] + 6 ? 1 : 0;
+        }
+        return rows;
+    };
+    const double expected = std::tan(bankDeg * degree) * (930 - 850);
+    EXPECT_NEAR(skyRows(850) - skyRows(930), expected, 18.0);
+}
+
+void expectNeedle(const Image& image, const FlightState& state) {
+    constexpr int centreX = 988;
+    constexpr int centreY = height - 488;
+    constexpr double pixelsPerDot = 34.0;
+    const Guidance guidance = guidanceAt(state);
+    ASSERT_GT(std::abs(guidance.dots), 0.4) << "else both sides are the same";
+    const double turn = (guidance.courseDeg - state.headingDeg) * degree;
+    const auto at = [&](double ahead, double aside) {
+        return image.at(
+            static_cast<int>(centreX + ahead * std::sin(turn) + aside * std::cos(turn)),
+            static_cast<int>(centreY - ahead * std::cos(turn) + aside * std::sin(turn)));
+    };
+    for (const double ahead : {-80.0, 80.0}) {
+        EXPECT_TRUE(isMagenta(at(ahead, guidance.dots * pixelsPerDot)));
+        EXPECT_FALSE(isMagenta(at(ahead, -guidance.dots * pixelsPerDot)));
+    }
+}
+
+TEST_F(InstrumentPictures, ShowWhatTheAircraftDoes) {
+    double mostRight = 0.0;
+    double mostLeft = 0.0;
+    for (const double seconds : {5.0, 30.0, 58.0, 110.0, 150.0, 252.0}) {
+        SCOPED_TRACE(seconds);
+        const FlightState state = mFlight.at(seconds);
+        const Image image = drawAt(seconds);
+        expectHorizon(image, state);
+        expectCamera(image, state.bankDeg);
+        expectNeedle(image, state);
+        mostRight = std::max(mostRight, state.bankDeg);
+        mostLeft = std::min(mostLeft, state.bankDeg);
+    }
+    EXPECT_GT(mostRight, 20.0);
+    EXPECT_LT(mostLeft, -20.0);
+}
+
+TEST_F(InstrumentPictures, HaveAnySizeAndNonsenseIsRefused) {
+    for (const char* const size : {"--width 800 --height 600", "--width 64 --height 2000"}) {
+        EXPECT_EQ(run(std::string(size) + " --frames 2 --out " + mDir.path("p.png")), 0);
+        EXPECT_EQ(contents(mDir.path("err")), "");
+    }
+    for (const char* const wrong :
+         {"--width 0", "--at x", "--font /nowhere", "--out /nowhere/p.png", "--nonsense"}) {
+        EXPECT_EQ(run(wrong), 1) << wrong;
+        EXPECT_NE(contents(mDir.path("err")), "") << wrong;
+    }
+}
+
+TEST(SyntheticFlight, IsFlownAsAnAircraftFlies) {
+    const Flight flight;
+    constexpr double step = 0.5;
+    for (double t = 0.0; t + step < Flight::lengthS; t += step) {
+        const FlightState a = flight.at(t);
+        const FlightState b = flight.at(t + step);
+        const double turn = std::remainder(b.headingDeg - a.headingDeg, 360.0);
+        if (std::abs(a.bankDeg) > 2.0 && a.bankDeg * b.bankDeg > 0.0) {
+            EXPECT_GT(turn * a.bankDeg, 0.0) << t << ": a right bank turns right";
+        }
+        EXPECT_NEAR(b.altitudeFt - a.altitudeFt, (a.climbFpm + b.climbFpm) / 120.0 * step, 1.0);
+        EXPECT_LE(std::abs(b.bankDeg - a.bankDeg), 6.5 * step);
+        EXPECT_LE(std::abs(b.pitchDeg - a.pitchDeg), 1.5) << t;
+        const double metres = std::hypot(b.eastM - a.eastM, b.northM - a.northM);
+        EXPECT_NEAR(metres, a.speedKt * 1852.0 / 3600.0 * step, 1.0) << t;
+    }
+}
+
+TEST(SyntheticFlight, InterceptsTheCourseAndPassesTheStation) {
+    const Flight flight;
+    const Guidance early = guidanceAt(flight.at(60.0));
+    EXPECT_TRUE(early.to);
+    EXPECT_NEAR(early.bearingDeg, early.courseDeg, 6.0);
+    const Guidance on = guidanceAt(flight.at(210.0));
+    EXPECT_TRUE(on.to);
+    EXPECT_NEAR(on.dots, 0.0, 0.3);
+    EXPECT_FALSE(guidanceAt(flight.at(240.0)).to);
+    EXPECT_NEAR(flight.at(185.0).altitudeFt, 4500.0, 20.0);
+}
+
+}  // namespace
