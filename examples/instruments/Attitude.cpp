@@ -10,7 +10,7 @@ namespace {
 
 constexpr float unitsPerDegree = 9.0F;
 constexpr double ladderReach = 17.0;  // degrees above and below the symbol
-constexpr float bankRadius = 218.0F;
+constexpr float bankRadius = 196.0F;  // its ends stay between the tapes
 constexpr float beyond = 1200.0F;
 
 void drawSkyAndGround(Canvas& canvas) {
@@ -58,7 +58,7 @@ void drawBankScale(Canvas& canvas) {
     canvas.line(arc(bankRadius, -60, 60), white, 2);
     Points ticks;
     for (const int angle : {10, 20, 30, 45, 60}) {
-        const float length = angle % 30 == 0 ? 22.0F : 12.0F;
+        const float length = angle % 30 == 0 ? 16.0F : 10.0F;
         for (const auto side : {-1.0F, 1.0F}) {
             const float degrees = side * static_cast<float>(angle);
             ticks.push_back(onCircle(bankRadius, degrees));
