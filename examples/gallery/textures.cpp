@@ -20,11 +20,11 @@ void addPiece(Texture& texture, const Box& box, const Box& part) {
     texture.addTexture(corners, part.points({{0, 1}, {0, 0}, {1, 1}, {1, 0}}));
 }
 
-Texture loaded(int size, int square, unsigned wrap = GL_CLAMP_TO_EDGE, bool mipMaps = false) {
+Texture loaded(unsigned size, int square, unsigned wrap = GL_CLAMP_TO_EDGE, bool mipMaps = false) {
     Texture texture;
     texture.setWrapMode(wrap);
     texture.setUseMipMaps(mipMaps);
-    texture.load(boardImage(size, square).data(), size, size, GL_RGBA);
+    texture.load(boardImage(static_cast<int>(size), square).data(), size, size, GL_RGBA);
     return texture;
 }
 
