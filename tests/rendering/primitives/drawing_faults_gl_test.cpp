@@ -209,7 +209,7 @@ TEST_F(DrawingFaults, Fills) {
     });
 }
 
-const std::vector<unsigned char> pixels(4 * 4 * 4, 0x80);
+const std::vector<unsigned char> pixels(64, 0x80);
 const std::vector<Vertex> positions(40, Vertex(1, 1, 0));
 
 TEST_F(DrawingFaults, Images) {

@@ -5,9 +5,9 @@
 
 #include <array>
 #include <numbers>
-#include <optional>
 #include <sstream>
 #include <string>
+#include <utility>
 
 #include "GlCalls.h"
 #include "support/GlTest.h"
@@ -143,7 +143,7 @@ TEST_F(FillTest, StippleOfStripsAndOfDiscs) {
     disc.setCircle(300, 36);
     disc.setPattern(pattern.data());
     for (const auto& [setting, value] :
-         {std::pair{GL_UNPACK_ALIGNMENT, 8}, {GL_UNPACK_LSB_FIRST, 1}}) {
+         {std::pair<GLenum, GLint>{GL_UNPACK_ALIGNMENT, 8}, {GL_UNPACK_LSB_FIRST, 1}}) {
         GLint usual = 0;
         glGetIntegerv(setting, &usual);
         glPixelStorei(setting, value);
@@ -162,24 +162,6 @@ TEST_F(FillTest, StippleOfStripsAndOfDiscs) {
     EXPECT_EQ(pixelsOf(disc), width * height);
     EXPECT_TRUE(glIsEnabled(GL_BLEND));
     disc.clear();
-}
-
-TEST_F(FillTest, CopiesShareUntilOneChanges) {
-    TriangleStrip first = strip(4);
-    pixelsOf(first);
-    TriangleStrip second;
-    second = first;
-    second.setUseMultiColor(true);
-    EXPECT_EQ(pixelsOf(second), 1600);
-    EXPECT_EQ(pixel(30, 30), redPixel);
-    EXPECT_EQ(newNames(), 3);
-    second.setRect(5, 5);
-    EXPECT_EQ(pixelsOf(second), 25);
-    EXPECT_EQ(pixelsOf(first), 1600);
-    EXPECT_EQ(newNames(), 6);
-    first.clear();
-    second.clear();
-    EXPECT_EQ(newNames(), 0);
 }
 
 /// Steps of a draw leave errors behind while the scope lasts.
