@@ -8,7 +8,7 @@ root=$PWD
 
 usage() {
   cat <<'TEXT'
-Usage: ./run.sh [map|gallery|instruments] [options] [-- options of the example]
+Usage: ./run.sh [map|gallery|instruments|all] [options] [-- options of the example]
 
 Installs what is missing (Debian packages), builds the library and its examples, draws pictures and
 prints their paths:
@@ -17,6 +17,7 @@ prints their paths:
   gallery     a picture for each family of drawing classes, and all on a contact sheet;
               with --window NAME one of them in a window
   instruments a flight display, a situation indicator and a camera picture of a made-up flight
+  all         every picture
 
   --window    opens a window instead; Escape closes it (in the map drag or arrow keys pan, the
               wheel zooms)
@@ -53,22 +54,36 @@ docs() {
   echo "Documentation: $root/out/docs/html/index.html"
 }
 
-map() {
+prepare() {
   # shellcheck disable=SC2086
   install_packages $run_packages
   build run
   mkdir -p out
+}
+
+# Draws one picture or opens a window.
+show() {  # example, options
+  local program=build/run/examples/$1/orlek-$1 picture=$root/out/$1.png
+  shift
   if [ "$window" = yes ]; then
-    build/run/examples/movingmap/orlek-movingmap --window "$@"
+    "$program" --window "$@"
   else
-    build/run/examples/movingmap/orlek-movingmap --out "$root/out/movingmap.png" "$@"
+    "$program" --out "$picture" "$@"
   fi
 }
 
+map() {
+  prepare
+  show movingmap "$@"
+}
+
+instruments() {
+  prepare
+  show instruments "$@"
+}
+
 gallery() {
-  # shellcheck disable=SC2086
-  install_packages $run_packages
-  build run
+  prepare
   local programs=build/run/examples/gallery names name
   mapfile -t names <"$programs/pictures.txt"
   if [ "$window" = yes ]; then
@@ -92,22 +107,18 @@ gallery() {
     "${pictures[@]}" | tail -n 1
 }
 
-instruments() {
-  # shellcheck disable=SC2086
-  install_packages $run_packages
-  build run
-  mkdir -p out
-  if [ "$window" = yes ]; then
-    build/run/examples/instruments/orlek-instruments --window "$@"
-  else
-    build/run/examples/instruments/orlek-instruments --out "$root/out/instruments.png" "$@"
-  fi
+all() {
+  prepare
+  window=no
+  show movingmap
+  show instruments
+  gallery
 }
 
 mkdir -p build
 example=map
 case "${1:-}" in
-  map | gallery | instruments) example=$1; shift ;;
+  map | gallery | instruments | all) example=$1; shift ;;
 esac
 window=no
 while [ $# -gt 0 ]; do

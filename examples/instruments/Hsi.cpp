@@ -160,7 +160,7 @@ private:
     void drawToFrom(float inner) {
         const float tip = mGuidance.to ? inner * 0.72F : -inner * 0.72F;
         const float base = mGuidance.to ? tip - 20 : tip + 20;
-        mCanvas.polygon({{32, tip}, {20, base}, {44, base}}, white);
+        mCanvas.polygon({{94, tip}, {82, base}, {106, base}}, white);
     }
 
     void field(Point at, const char* name, const std::string& value, const Colour& colour,

@@ -70,7 +70,7 @@ void Panel::drawFlightData(const FlightState& state, double seconds) {
         const char* name;
         std::string value;
     } rows[] = {
-        {"GS", format("%.0f KT", state.speedKt)},
+        {"IAS", format("%.0f KT", state.speedKt)},
         {"BANK", format("%.0f %c", std::abs(state.bankDeg), state.bankDeg < 0 ? 'L' : 'R')},
         {"V/S", format("%.0f FPM", std::round(state.climbFpm / 10) * 10 + 0.0)},
         {"TIME", format("%02.0f:%02.0f", std::floor(time / 60), std::floor(std::fmod(time, 60)))},
