@@ -1,0 +1,102 @@
+// Atlases when memory runs out: each allocation of some size fails in turn.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <new>
+#include <string>
+#include <vector>
+
+#include "support/Capture.h"
+#include "text/FreeTypeReference.h"
+#include "text/raster/FieldAtlas.h"
+
+namespace {
+
+constexpr std::size_t smallest = 4096;
+int allocationToFail = 0;  // counts down; 0: none fails
+
+}  // namespace
+
+// Not inlined: gcc would take malloc and operator delete, or operator new and free, for a mistake.
+[[gnu::noinline]] void* operator new(std::size_t size) {
+    if (size >= smallest && allocationToFail > 0 && --allocationToFail == 0) {
+        throw std::bad_alloc();
+    }
+    if (void* memory = std::malloc(size > 0 ? size : 1)) {
+        return memory;
+    }
+    throw std::bad_alloc();
+}
+
+[[gnu::noinline]] void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+
+[[gnu::noinline]] void operator delete(void* memory, std::size_t /*size*/) noexcept {
+    std::free(memory);
+}
+
+namespace Orlek::Detail {
+namespace {
+
+FT_LibraryRec_* library() {
+    static FT_LibraryRec_* const shared = openFreeType();
+    return shared;
+}
+
+struct Outcome {
+    bool built = false;
+    std::string lines;
+    GlyphAtlas atlas;
+};
+
+Outcome build(const std::string& bytes, int failing) {
+    FontFace face(library(), bytes.data(), static_cast<int>(bytes.size()));
+    GlyphSet font;
+    Outcome outcome;
+    outcome.lines = OrlekTest::captureStdout([&] {
+        allocationToFail = failing;
+        outcome.built = buildFieldAtlas(face, outcome.atlas, font);
+        allocationToFail = 0;
+    });
+    return outcome;
+}
+
+std::vector<std::uint8_t> coverage(const std::string& bytes) {
+    FontFace face(library(), bytes.data(), static_cast<int>(bytes.size()));
+    GlyphSet font;
+    GlyphAtlas atlas;
+    EXPECT_TRUE(buildAtlas(face, fieldDesignSize,
+                           {.shelfWidth = 1024, .gap = 2 * fieldPadding, .padding = fieldPadding},
+                           atlas, font));
+    return atlas.pixels;
+}
+
+TEST(AtlasMemory, LacksTheAtlasOrKeepsPlainCoverage) {
+    const std::string bytes = OrlekTest::readFont(OrlekTest::sansFont);
+    const Outcome whole = build(bytes, 0);
+    ASSERT_TRUE(whole.built);
+    int refused = 0;
+    int plain = 0;
+    int failing = 1;
+    for (bool reached = true; reached; ++failing) {
+        const Outcome outcome = build(bytes, failing);
+        if (!outcome.built) {
+            EXPECT_EQ(outcome.lines, "pixelData: out of memory\n");
+            ++refused;
+            continue;
+        }
+        EXPECT_EQ(outcome.lines, "");
+        reached = outcome.atlas.pixels != whole.atlas.pixels;
+        if (reached) {
+            EXPECT_EQ(outcome.atlas.pixels, coverage(bytes));
+            ++plain;
+        }
+    }
+    EXPECT_EQ(refused, 1);
+    EXPECT_GT(plain, 0);
+}
+
+}  // namespace
+}  // namespace Orlek::Detail
