@@ -7,5 +7,6 @@
 #include <Orlek/Geodetic.h>
 #include <Orlek/Math.h>
 #include <Orlek/Misc.h>
+#include <Orlek/Network.h>
 #include <Orlek/OpenGL.h>
 #include <Orlek/Version.h>
