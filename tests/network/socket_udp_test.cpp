@@ -1,0 +1,268 @@
+#include <Orlek/Network/SocketUdp.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+
+#include <array>
+#include <chrono>
+#include <future>
+#include <span>
+#include <string>
+#include <thread>
+
+#include "platform/Socket.h"
+#include "support/Capture.h"
+#include "support/OpenFiles.h"
+#include "support/OwnNetwork.h"
+
+namespace {
+
+using Orlek::Network::SocketUdp;
+
+constexpr unsigned long loopback = 0x7F000001;
+constexpr int port = 46117;
+constexpr int nonBlocking = 0;
+constexpr int blocking = 1;
+
+int send(SocketUdp& socket, const std::string& text) {
+    return socket.write(text.data(), static_cast<unsigned int>(text.size()));
+}
+
+// The next datagram, waited for as long as a loaded machine may take; "none" when there is none.
+std::string receive(SocketUdp& socket, std::chrono::milliseconds limit = std::chrono::seconds(5)) {
+    std::array<char, 70000> buffer{};
+    const auto end = std::chrono::steady_clock::now() + limit;
+    do {
+        const int count = socket.read(buffer.data(), buffer.size());
+        if (count >= 0) {
+            return {buffer.data(), static_cast<std::size_t>(count)};
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    } while (std::chrono::steady_clock::now() < end);
+    return "none";
+}
+
+constexpr auto atOnce = std::chrono::milliseconds(0);
+
+TEST(SocketUdp, CarriesDatagramsWholeAndInOrder) {
+    SocketUdp receiver;
+    SocketUdp sender;
+    ASSERT_TRUE(receiver.openReceiveSocket(loopback, port, nonBlocking));
+    ASSERT_TRUE(sender.openSendSocket(loopback, port, 0));
+    EXPECT_TRUE(receiver.connected() && sender.connected());
+    EXPECT_EQ(receive(receiver, atOnce), "none");
+    const std::string largest(65507, 'x');
+    EXPECT_EQ(send(sender, "first"), 5);
+    EXPECT_EQ(sender.write(port + 1, "second", 6), 6);  // the port of the call does not count
+    EXPECT_EQ(send(sender, ""), 0);
+    EXPECT_EQ(send(sender, largest), 65507);
+    EXPECT_EQ(receive(receiver), "first");
+    EXPECT_EQ(receive(receiver), "second");
+    EXPECT_EQ(receive(receiver), "");
+    EXPECT_EQ(receive(receiver), largest);
+
+    EXPECT_EQ(send(sender, "long"), 4);
+    EXPECT_EQ(send(sender, "next"), 4);
+    std::array<char, 3> small{'-', '-', '-'};
+    EXPECT_EQ(receiver.read(small.data(), 2), 2);
+    EXPECT_EQ(std::string(small.data(), 3), "lo-");
+    EXPECT_EQ(receive(receiver), "next") << "the rest of a datagram is lost, not handed out later";
+}
+
+TEST(SocketUdp, DoesNothingSilentlyWhenNotOpen) {
+    SocketUdp socket;
+    std::array<char, 4> buffer{};
+    const auto checkClosed = [&] {
+        EXPECT_FALSE(socket.connected());
+        EXPECT_EQ(socket.read(buffer.data(), 4), -1);
+        EXPECT_EQ(socket.write("a", 1), -1);
+        EXPECT_EQ(socket.write(port, "a", 1), -1);
+    };
+    const std::string text = OrlekTest::captureStderr([&] {
+        checkClosed();
+        socket.closeConnection();
+        EXPECT_TRUE(socket.openSendSocket(loopback, port, 0));
+        socket.closeConnection();
+        checkClosed();
+    });
+    EXPECT_EQ(text, "");
+}
+
+TEST(SocketUdp, TellsWhichStepFailedAndLeavesNoDescriptor) {
+    SocketUdp socket;
+    const auto before = OrlekTest::openFiles();
+    const auto error = [](auto step) {
+        return OrlekTest::captureStderr([&] { EXPECT_FALSE(step()); });
+    };
+    for (const int bad : {-1, 65536}) {
+        EXPECT_EQ(error([&] { return socket.openSendSocket(loopback, bad, 0); }),
+                  "connect send socket: Invalid argument\n");
+        EXPECT_EQ(error([&] { return socket.openReceiveSocket(loopback, bad, blocking); }),
+                  "bind recv socket: Invalid argument\n");
+    }
+    EXPECT_EQ(error([&] { return socket.openReceiveSocket(0xC0000201, port, blocking); }),
+              "bind recv socket: Cannot assign requested address\n");
+    const auto withoutDescriptors = [](auto step) {
+        rlimit limit{};
+        getrlimit(RLIMIT_NOFILE, &limit);
+        const rlimit none{0, limit.rlim_max};
+        setrlimit(RLIMIT_NOFILE, &none);
+        const bool result = step();
+        setrlimit(RLIMIT_NOFILE, &limit);
+        return result;
+    };
+    EXPECT_EQ(
+        error([&] {
+            return withoutDescriptors([&] { return socket.openSendSocket(loopback, port, 0); });
+        }),
+        "Opening send socket: Too many open files\n");
+    EXPECT_EQ(error([&] {
+                  return withoutDescriptors(
+                      [&] { return socket.openReceiveSocket(loopback, port, blocking); });
+              }),
+              "Opening recv socket: Too many open files\n");
+    EXPECT_FALSE(socket.connected());
+    ASSERT_TRUE(socket.openSendSocket(loopback, port, 0));
+    EXPECT_EQ(error([&] { return send(socket, std::string(65508, 'x')) >= 0; }),
+              "write: Message too long\n");
+    socket.closeConnection();
+    EXPECT_EQ(OrlekTest::openFiles(), before);
+}
+
+// The system reports the first datagram that nobody took at the second one.
+TEST(SocketUdp, KeepsSendingWhenNobodyListens) {
+    SocketUdp sender;
+    ASSERT_TRUE(sender.openSendSocket(loopback, port, 0));
+    const std::string text = OrlekTest::captureStderr([&] {
+        for (int i = 0; i < 10; ++i) {
+            EXPECT_EQ(send(sender, "lost"), 4);
+        }
+        SocketUdp receiver;
+        ASSERT_TRUE(receiver.openReceiveSocket(0, port, nonBlocking));
+        EXPECT_EQ(send(sender, "heard"), 5);
+        EXPECT_EQ(receive(receiver), "heard");
+    });
+    EXPECT_EQ(text, "");
+}
+
+TEST(SocketUdp, CopiesShareADescriptorThatIsClosedOnce) {
+    const auto before = OrlekTest::openFiles();
+    SocketUdp receiver;
+    ASSERT_TRUE(receiver.openReceiveSocket(loopback, port, nonBlocking));
+    {
+        SocketUdp first;
+        ASSERT_TRUE(first.openSendSocket(loopback, port, 0));
+        SocketUdp last;
+        {
+            const SocketUdp second = first;
+            last = second;
+        }
+        ASSERT_TRUE(first.openSendSocket(loopback, port, 0));  // of its own from now on
+        EXPECT_EQ(OrlekTest::openFiles(), before + 3);
+        EXPECT_EQ(send(last, "last"), 4);
+        EXPECT_EQ(receive(receiver), "last");
+
+        SocketUdp copy = last;
+        last.closeConnection();
+        EXPECT_EQ(OrlekTest::openFiles(), before + 2);
+        // The number of the closed descriptor goes to another socket, which must stay untouched.
+        SocketUdp other;
+        ASSERT_TRUE(other.openSendSocket(loopback, port, 0));
+        EXPECT_EQ(OrlekTest::captureStderr([&] { EXPECT_EQ(send(copy, "a"), -1); }),
+                  "write: Bad file descriptor\n");
+        copy.closeConnection();
+        EXPECT_EQ(send(other, "other"), 5);
+        EXPECT_EQ(receive(receiver), "other");
+    }
+    EXPECT_EQ(OrlekTest::openFiles(), before + 1);
+    for (int i = 0; i < 2000; ++i) {
+        ASSERT_TRUE(receiver.openReceiveSocket(loopback, port, i % 2));
+    }
+    EXPECT_EQ(OrlekTest::openFiles(), before + 1);
+}
+
+extern "C" void ignoreSignal(int /*number*/) {}
+
+TEST(SocketUdp, WaitsThroughSignals) {
+    struct sigaction action {};
+    struct sigaction old {};
+    action.sa_handler = ignoreSignal;  // without SA_RESTART: the wait is cut short
+    ASSERT_EQ(sigaction(SIGUSR1, &action, &old), 0);
+    SocketUdp receiver;
+    ASSERT_TRUE(receiver.openReceiveSocket(loopback, port, blocking));
+    std::string received;
+    std::promise<void> finished;
+    std::thread waiting([&] {
+        received = receive(receiver, atOnce);
+        finished.set_value();
+    });
+    for (int i = 0; i < 20; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        pthread_kill(waiting.native_handle(), SIGUSR1);
+    }
+    SocketUdp sender;
+    EXPECT_TRUE(sender.openSendSocket(loopback, port, 0));
+    EXPECT_EQ(send(sender, "at last"), 7);
+    EXPECT_EQ(finished.get_future().wait_for(std::chrono::seconds(10)), std::future_status::ready);
+    waiting.join();
+    EXPECT_EQ(received, "at last");
+    sigaction(SIGUSR1, &old, nullptr);
+}
+
+// Two networks joined by a wire: this thread is on the left, the other one on the right.
+void checkBroadcast() {
+    const std::string self = std::to_string(getpid());
+    EXPECT_EQ(SocketUdp::getBroadcastAddress(), loopback) << "only loopback is there";
+    SocketUdp sender;
+    EXPECT_EQ(
+        OrlekTest::captureStderr([&] { EXPECT_FALSE(sender.openSendSocket(0x0A0102FF, port, 0)); }),
+        "connect send socket: Network is unreachable\n");
+    SocketUdp any;
+    SocketUdp local;
+    SocketUdp own;
+    std::thread right([&] {
+        ASSERT_EQ(unshare(CLONE_NEWNET), 0);
+        OrlekTest::shell("ip link add left type veth peer name right");
+        OrlekTest::shell("ip link set left netns " + self);
+        OrlekTest::shell("ip addr add 10.1.2.4/24 brd + dev right");
+        OrlekTest::shell("ip link set right up");
+        EXPECT_EQ(SocketUdp::getBroadcastAddress(), 0x0A0102FFU);
+        ASSERT_TRUE(any.openReceiveSocket(0, port, nonBlocking));
+        ASSERT_TRUE(local.openReceiveSocket(0x0A0102FF, port, nonBlocking));
+        ASSERT_TRUE(own.openReceiveSocket(0x0A010204, port + 1, nonBlocking));
+    });
+    right.join();
+    OrlekTest::shell("ip addr add 10.1.2.3/24 brd + dev left");
+    OrlekTest::shell("ip link set left up");
+    ASSERT_TRUE(sender.openSendSocket(SocketUdp::getBroadcastAddress(), port, 0));
+    EXPECT_EQ(send(sender, "to all"), 6);
+    EXPECT_EQ(receive(any), "to all");
+    EXPECT_EQ(receive(local), "to all");
+    ASSERT_TRUE(sender.openSendSocket(0x0A010204, port + 1, 0));
+    EXPECT_EQ(send(sender, "to one"), 6);
+    EXPECT_EQ(receive(own), "to one");
+}
+
+TEST(SocketUdp, ReachesAllReceiversOnAWire) {
+    const std::string refusal = OrlekTest::inOwnNetwork(checkBroadcast);
+    if (!refusal.empty()) {
+        GTEST_SKIP() << refusal << ": broadcasts between two networks are left out";
+    }
+}
+
+TEST(SocketUdp, FindsTheAddressOfThisHost) {
+    const unsigned long address = SocketUdp::getHostAddress();
+    std::string listed;
+    try {
+        listed = OrlekTest::shell("getent ahostsv4 \"$(uname -n)\" | cut -d' ' -f1");
+    } catch (const std::runtime_error&) {  // the name of this host has no address
+    }
+    EXPECT_EQ(listed.empty(), address == 0);
+    const std::string dotted =
+        std::to_string(address >> 24U) + "." + std::to_string(address >> 16U & 255U) + "." +
+        std::to_string(address >> 8U & 255U) + "." + std::to_string(address & 255U);
+    EXPECT_EQ(listed.substr(0, listed.find('\n')), address == 0 ? "" : dotted);
+}
+
+}  // namespace
