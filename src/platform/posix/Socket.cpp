@@ -1,6 +1,7 @@
 // Sockets on POSIX. Readiness is asked with poll: select cannot take descriptors above 1023.
 #include "platform/Socket.h"
 
+#include <fcntl.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <poll.h>
@@ -15,7 +16,7 @@
 #include <limits>
 #include <optional>
 
-#include <fcntl.h>
+#include "platform/Report.h"
 
 namespace Orlek::Detail {
 
@@ -88,6 +89,7 @@ Outcome finishConnect(int socket, std::optional<unsigned int> timeoutMs) {
     int error = 0;
     socklen_t size = sizeof(error);
     if (::getsockopt(socket, SOL_SOCKET, SO_ERROR, &error, &size) < 0) {
+        reportSystemError("getsockopt");
         return Outcome::failed;
     }
     errno = error;

@@ -1,0 +1,89 @@
+#include <Orlek/Network/SocketTcpServer.h>
+
+#include <cstdint>
+
+#include "network/DottedAddress.h"
+#include "platform/Report.h"
+#include "platform/Socket.h"
+
+namespace Orlek::Network {
+
+using namespace Detail;
+
+namespace {
+
+constexpr int backlog = 5;
+constexpr unsigned int acceptTimeoutMs = 1;
+constexpr unsigned int sendTimeoutUs = 10000;
+
+void enlargeBuffers(int socket) {
+    setBufferSize(socket, SocketBuffer::receive, SocketTcpServer::SKT_BUF_SIZE);
+    setBufferSize(socket, SocketBuffer::send, SocketTcpServer::SKT_BUF_SIZE);
+}
+
+/// The name of the step that failed, null when the socket listens.
+const char* startListening(int socket, int port) {
+    if (!setReuseAddress(socket)) {
+        return "setsockopt";
+    }
+    if (!bindSocket(socket, {0, port})) {
+        return "bind";
+    }
+    enlargeBuffers(socket);
+    return listenSocket(socket, backlog) ? nullptr : "listen";
+}
+
+/// The first octet of an address in the lowest byte.
+unsigned long firstOctetLowest(unsigned long address) {
+    return ((address & 0xFF) << 24) | ((address & 0xFF00) << 8) | ((address >> 8) & 0xFF00) |
+           ((address >> 24) & 0xFF);
+}
+
+}  // namespace
+
+SocketTcpServer::SocketTcpServer() : mSocket(std::make_shared<SharedSocket>()) {}
+SocketTcpServer::SocketTcpServer(const SocketTcpServer& other) = default;
+SocketTcpServer& SocketTcpServer::operator=(const SocketTcpServer& other) = default;
+SocketTcpServer::~SocketTcpServer() = default;
+
+bool SocketTcpServer::init(int port) {
+    const int socket = openSocket(SocketKind::stream);
+    const char* failed = socket == noSocket ? "socket" : startListening(socket, port);
+    if (failed != nullptr) {
+        reportSystemError(failed);
+        closeSocket(socket);
+        return false;
+    }
+    setNoDelay(socket);
+    mSocket = std::make_shared<SharedSocket>(socket);
+    return true;
+}
+
+bool SocketTcpServer::acceptConnection(SocketTcp& client) {
+    Endpoint peer;
+    const int socket = acceptSocket(mSocket->get(), peer);
+    if (socket == noSocket) {
+        reportSystemError("accept");
+        return false;
+    }
+    client.setDescriptor(static_cast<std::uint64_t>(socket));
+    client.setName(dottedAddress(peer.address));
+    client.setAddress(firstOctetLowest(peer.address));
+    enlargeBuffers(socket);
+    if (!setSendTimeout(socket, sendTimeoutUs)) {
+        reportSystemError("setsockopt");
+    }
+    return true;
+}
+
+bool SocketTcpServer::acceptConnectionNonBlock(SocketTcp& client) {
+    return mSocket->isOpen() && waitReadable(mSocket->get(), acceptTimeoutMs) == Outcome::done &&
+           acceptConnection(client);
+}
+
+bool SocketTcpServer::closeConnection() {
+    mSocket->close();
+    return true;
+}
+
+}  // namespace Orlek::Network

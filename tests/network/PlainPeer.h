@@ -1,0 +1,122 @@
+// The other end of a connection: a plain socket that knows nothing of the library.
+#pragma once
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+namespace OrlekTest {
+
+constexpr unsigned long loopback = 0x7F000001;
+
+class PlainPeer {
+public:
+    explicit PlainPeer(int socket = -1) : mSocket(socket) {}
+    PlainPeer(PlainPeer&& other) noexcept : mSocket(std::exchange(other.mSocket, -1)) {}
+    PlainPeer& operator=(PlainPeer&& other) noexcept {
+        std::swap(mSocket, other.mSocket);
+        return *this;
+    }
+    ~PlainPeer() { close(); }
+
+    static PlainPeer listening() {
+        PlainPeer peer(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+        const sockaddr_in local = at(0);
+        if (bind(peer.mSocket, reinterpret_cast<const sockaddr*>(&local), sizeof(local)) != 0 ||
+            listen(peer.mSocket, 100) != 0) {
+            throw std::runtime_error("cannot listen");
+        }
+        return peer;
+    }
+
+    static PlainPeer connectedTo(int port) {
+        PlainPeer peer(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+        const sockaddr_in remote = at(port);
+        if (connect(peer.mSocket, reinterpret_cast<const sockaddr*>(&remote), sizeof(remote)) !=
+            0) {
+            throw std::runtime_error("cannot connect");
+        }
+        return peer;
+    }
+
+    PlainPeer accepted() const { return PlainPeer(accept(mSocket, nullptr, nullptr)); }
+
+    int port() const {
+        sockaddr_in local = {};
+        socklen_t size = sizeof(local);
+        getsockname(mSocket, reinterpret_cast<sockaddr*>(&local), &size);
+        return ntohs(local.sin_port);
+    }
+
+    void send(const std::string& bytes) const {
+        if (::send(mSocket, bytes.data(), bytes.size(), MSG_NOSIGNAL) !=
+            static_cast<ssize_t>(bytes.size())) {
+            throw std::runtime_error("cannot send");
+        }
+    }
+
+    /// What comes within 200 ms, at most `limit` bytes.
+    std::string receive(std::size_t limit = std::string::npos) const {
+        std::string all;
+        std::array<char, 65536> piece{};
+        pollfd waited = {mSocket, POLLIN, 0};
+        while (all.size() < limit && poll(&waited, 1, 200) > 0) {
+            const ssize_t count =
+                recv(mSocket, piece.data(), std::min(piece.size(), limit - all.size()), 0);
+            if (count <= 0) {
+                break;
+            }
+            all.append(piece.data(), static_cast<std::size_t>(count));
+        }
+        return all;
+    }
+
+    void reset() {
+        const linger now = {1, 0};
+        setsockopt(mSocket, SOL_SOCKET, SO_LINGER, &now, sizeof(now));
+        close();
+    }
+
+    void close() {
+        if (mSocket >= 0) {
+            ::close(std::exchange(mSocket, -1));
+        }
+    }
+
+    int descriptor() const { return mSocket; }
+
+private:
+    static sockaddr_in at(int port) {
+        sockaddr_in address = {};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        address.sin_port = htons(static_cast<std::uint16_t>(port));
+        return address;
+    }
+
+    int mSocket;
+};
+
+/// A package by the table of bytes of the format.
+inline std::string packageBytes(std::uint32_t id, const std::string& payload,
+                                std::uint16_t version = 0x1203) {
+    std::string bytes(24, '\0');
+    const auto length = static_cast<std::uint32_t>(payload.size());
+    std::memcpy(&bytes[0], "\x11\x22\x33\x44", 4);
+    std::memcpy(&bytes[4], &version, 2);
+    std::memcpy(&bytes[8], &id, 4);
+    std::memcpy(&bytes[12], &length, 4);
+    std::memcpy(&bytes[16], "\x01\0\0\0\x02\0\0\0", 8);
+    return bytes + payload;
+}
+
+}  // namespace OrlekTest
