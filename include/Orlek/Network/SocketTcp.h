@@ -91,9 +91,8 @@ public:
     /// the connection ends, the system's reason for "read" is printed.
     /// @param[out] payload room for the largest payload that may come (1,048,551 bytes at most).
     /// @param[out] header of the package; its reserved bytes stay as they were.
-    /// @return the id of the package; -1 when none is complete; -2 when there is no connection or
-    /// it
-    ///         ended now. Ids of 0xFFFFFFFF and 0xFFFFFFFE cannot be told from these.
+    /// @return the id of the package; -1 when none is complete; -2 when there is no connection, or
+    ///         it ended now. Ids of 0xFFFFFFFF and 0xFFFFFFFE cannot be told from these.
     int readPackage(void* payload, MsgHeader& header);
 
     /// Sends a package, or queues it. Never waits.
@@ -112,8 +111,7 @@ public:
     /// @return whether there is a connection, as far as the calls so far could tell.
     bool connected() const;
     /// @return the peer's IPv4 address with its first octet in the lowest byte, as a server
-    /// accepted
-    ///         it; 0 for a client.
+    ///         accepted it; 0 for a client.
     unsigned long address() const { return mAddress; }
     /// @return the peer's address as text, "127.0.0.1".
     const std::string& connectionName() const { return mConnectionName; }
