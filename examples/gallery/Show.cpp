@@ -5,13 +5,13 @@
 #include <Orlek/Misc.h>
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <optional>
 #include <stdexcept>
 
 #include "HeadlessContext.h"
+#include "Number.h"
 #include "Png.h"
 #include "Window.h"
 
@@ -32,13 +32,11 @@ template <typename Number>
 Number numberOf(const char* name, Number high) {
     std::string text;
     CmdLine::instance().getParameter(name, text);
-    Number value{};
-    const char* end = text.data() + text.size();
-    const auto [stopped, error] = std::from_chars(text.data(), end, value);
-    if (error != std::errc() || stopped != end || !(value >= 0 && value <= high)) {
+    const auto value = OrlekSupport::parseNumber(text, Number{0}, high);
+    if (!value) {
         throw std::runtime_error(std::string(name) + ": '" + text + "' is no number of use");
     }
-    return value;
+    return *value;
 }
 
 std::optional<Options> readOptions(int argc, char** argv, const std::string& name) {

@@ -3,7 +3,6 @@
 #include <GL/gl.h>
 #include <Orlek/Misc.h>
 
-#include <charconv>
 #include <chrono>
 #include <cstdio>
 #include <exception>
@@ -12,6 +11,7 @@
 #include <string>
 
 #include "HeadlessContext.h"
+#include "Number.h"
 #include "Panel.h"
 #include "Png.h"
 #include "Window.h"
@@ -35,13 +35,11 @@ template <typename Number>
 Number numberOf(const char* name, Number low, Number high) {
     std::string text;
     CmdLine::instance().getParameter(name, text);
-    Number value{};
-    const char* end = text.data() + text.size();
-    const auto [stopped, error] = std::from_chars(text.data(), end, value);
-    if (error != std::errc() || stopped != end || !(value >= low && value <= high)) {
+    const auto value = OrlekSupport::parseNumber(text, low, high);
+    if (!value) {
         throw std::runtime_error(std::string(name) + ": '" + text + "' is no number of use");
     }
-    return value;
+    return *value;
 }
 
 std::optional<Options> readOptions(int argc, char** argv) {

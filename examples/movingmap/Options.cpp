@@ -3,11 +3,11 @@
 
 #include <Orlek/Misc.h>
 
-#include <charconv>
 #include <sstream>
 #include <stdexcept>
 
 #include "BuildPaths.h"
+#include "Number.h"
 
 namespace MovingMap {
 
@@ -58,15 +58,13 @@ std::string textOf(const char* name) {
 template <typename Number>
 Number numberOf(const char* name, Number low, Number high) {
     const std::string text = textOf(name);
-    Number value{};
-    const char* end = text.data() + text.size();
-    const auto [stopped, error] = std::from_chars(text.data(), end, value);
-    if (error != std::errc() || stopped != end || !(value >= low && value <= high)) {
+    const auto value = OrlekSupport::parseNumber(text, low, high);
+    if (!value) {
         std::ostringstream message;
         message << name << ": '" << text << "' is no number from " << low << " to " << high;
         throw std::runtime_error(message.str());
     }
-    return value;
+    return *value;
 }
 
 std::optional<double> optionalNumberOf(const char* name, double low, double high) {

@@ -16,10 +16,10 @@ PackageFraming::Found PackageFraming::next() {
     std::memcpy(&found.header, mBytes.get() + mOffset, sizeof(MsgHeader));
     if (found.header.version != version) {
         found.state = State::wrongVersion;
-        drop();
+        clear();
     } else if (found.header.length > capacity - sizeof(MsgHeader)) {
         found.state = State::tooLong;
-        drop();
+        clear();
     } else if (const std::size_t size = sizeof(MsgHeader) + found.header.length; mCount >= size) {
         found.state = State::package;
         found.payload = {mBytes.get() + mOffset + sizeof(MsgHeader), found.header.length};

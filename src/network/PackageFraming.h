@@ -42,10 +42,10 @@ public:
     std::span<std::byte> room();
     /// `count` bytes have been put at the start of room().
     void added(std::size_t count) { mCount += count; }
+    /// Drops all bytes that wait.
+    void clear() { mOffset = mCount = 0; }
 
 private:
-    void drop() { mOffset = mCount = 0; }
-
     std::unique_ptr<std::byte[]> mBytes;
     std::size_t mOffset = 0;  ///< of the first byte that waits
     std::size_t mCount = 0;   ///< of bytes that wait

@@ -62,7 +62,7 @@ SocketTcp& SocketTcp::operator=(const SocketTcp& other) {
         mClientName = other.mClientName;
         mAddress = other.mAddress;
         *mQueue = SendQueue();
-        *mReceived = PackageFraming();
+        mReceived->clear();
     }
     return *this;
 }

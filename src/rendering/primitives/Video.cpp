@@ -37,10 +37,10 @@ void Video::init(unsigned width, unsigned height) {
     mWidth = width;
     mHeight = height;
     clearVertex();
-    const Detail::Quad corners = Detail::centredQuad(width, height);
-    for (std::size_t i = 0; i < corners.size(); ++i) {
-        addVertex(corners[i], Detail::uprightImage()[i]);
-    }
+    Detail::eachImageCorner(
+        width, height, [this](const Math::Vector3<float>& corner, const Math::Vector2<float>& uv) {
+            addVertex(corner, uv);
+        });
 }
 
 void Video::putFrame(const unsigned char* frame) {
