@@ -83,7 +83,8 @@ FileKind fileKind(const std::string& path) {
 }
 
 bool createDirectory(const std::string& path) {
-    return ::mkdir(path.c_str(), 0777) == 0;
+    // With a zero byte in it the path would name another directory.
+    return path.find('\0') == std::string::npos && ::mkdir(path.c_str(), 0777) == 0;
 }
 
 DirectoryIdentity directoryIdentity(const std::string& path) {

@@ -1,0 +1,44 @@
+// Writing files on POSIX.
+#include "platform/OutputFile.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <utility>
+
+namespace Orlek::Detail {
+
+bool OutputFile::open(const std::string& path) {
+    close();
+    if (path.find('\0') != std::string::npos) {
+        errno = EINVAL;
+        return false;
+    }
+    do {
+        // Reading too and O_NONBLOCK: neither opening a pipe nor filling it waits for a reader.
+        mDescriptor = ::open(path.c_str(),
+                             O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK | O_NOCTTY,  //
+                             0666);
+    } while (mDescriptor < 0 && errno == EINTR);
+    return mDescriptor >= 0;
+}
+
+bool OutputFile::write(std::span<const std::byte> bytes) {
+    while (!bytes.empty()) {
+        const ssize_t count = ::write(mDescriptor, bytes.data(), bytes.size());
+        if (count >= 0) {
+            bytes = bytes.subspan(static_cast<std::size_t>(count));
+        } else if (errno != EINTR) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool OutputFile::close() {
+    // Not repeated after EINTR: the descriptor is gone by then.
+    return mDescriptor < 0 || ::close(std::exchange(mDescriptor, -1)) == 0 || errno == EINTR;
+}
+
+}  // namespace Orlek::Detail
