@@ -2,7 +2,6 @@
 #include "Show.h"
 
 #include <GL/gl.h>
-#include <Orlek/Misc.h>
 
 #include <algorithm>
 #include <cmath>
@@ -11,7 +10,7 @@
 #include <stdexcept>
 
 #include "HeadlessContext.h"
-#include "Number.h"
+#include "OptionValues.h"
 #include "Png.h"
 #include "Window.h"
 
@@ -19,7 +18,8 @@ namespace Gallery {
 
 namespace {
 
-using Orlek::Misc::CmdLine;
+using OrlekSupport::numberOf;
+using OrlekSupport::textOf;
 
 struct Options {
     bool window = false;
@@ -28,35 +28,17 @@ struct Options {
     int frames = 0;
 };
 
-template <typename Number>
-Number numberOf(const char* name, Number high) {
-    std::string text;
-    CmdLine::instance().getParameter(name, text);
-    const auto value = OrlekSupport::parseNumber(text, Number{0}, high);
-    if (!value) {
-        throw std::runtime_error(std::string(name) + ": '" + text + "' is no number of use");
-    }
-    return *value;
-}
-
 std::optional<Options> readOptions(int argc, char** argv, const std::string& name) {
-    CmdLine& line = CmdLine::instance();
+    auto& line = Orlek::Misc::CmdLine::instance();
     line.addParameter("--out", "picture to write", name + ".png");
     line.addParameter("--time", "moment of the picture, seconds after the start", "2");
     line.addSwitch("--window", "open a window instead; Escape closes it");
     line.addParameter("--frames", "close the window after as many frames; 0: when asked", "0");
-    line.addSwitch("--help", "print this text");
-    if (!line.parse(argc, argv)) {
-        throw std::runtime_error("see --help for the options");
-    }
-    if (line.getSwitch("--help")) {
-        line.printUsage();
+    if (!OrlekSupport::parseArguments(argc, argv)) {
         return std::nullopt;
     }
-    Options options{line.getSwitch("--window"), "", numberOf("--time", 1e6),
-                    numberOf("--frames", 1000000)};
-    line.getParameter("--out", options.out);
-    return options;
+    return Options{line.getSwitch("--window"), textOf("--out"), numberOf("--time", 0.0, 1e6),
+                   numberOf("--frames", 0, 1000000)};
 }
 
 // Units of the page become pixels, in the middle of the framebuffer and as large as fits.

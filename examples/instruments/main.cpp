@@ -1,7 +1,6 @@
 // orlek-instruments: a primary flight display and a horizontal situation indicator, as a picture or
 // in a window.
 #include <GL/gl.h>
-#include <Orlek/Misc.h>
 
 #include <chrono>
 #include <cstdio>
@@ -11,7 +10,7 @@
 #include <string>
 
 #include "HeadlessContext.h"
-#include "Number.h"
+#include "OptionValues.h"
 #include "Panel.h"
 #include "Png.h"
 #include "Window.h"
@@ -19,7 +18,8 @@
 namespace {
 
 using namespace Instruments;
-using Orlek::Misc::CmdLine;
+using OrlekSupport::numberOf;
+using OrlekSupport::textOf;
 
 struct Options {
     std::string out;
@@ -31,19 +31,8 @@ struct Options {
     bool window;
 };
 
-template <typename Number>
-Number numberOf(const char* name, Number low, Number high) {
-    std::string text;
-    CmdLine::instance().getParameter(name, text);
-    const auto value = OrlekSupport::parseNumber(text, low, high);
-    if (!value) {
-        throw std::runtime_error(std::string(name) + ": '" + text + "' is no number of use");
-    }
-    return *value;
-}
-
 std::optional<Options> readOptions(int argc, char** argv) {
-    CmdLine& line = CmdLine::instance();
+    auto& line = Orlek::Misc::CmdLine::instance();
     line.addParameter("--out", "picture to write", "instruments.png");
     line.addParameter("--font", "font file of the words",
                       "/usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf");
@@ -54,24 +43,16 @@ std::optional<Options> readOptions(int argc, char** argv) {
     line.addParameter("--frames",
                       "draw and time as many frames of the flight; the window closes after them",
                       "0");
-    line.addSwitch("--help", "print this text");
-    if (!line.parse(argc, argv)) {
-        throw std::runtime_error("see --help for the options");
-    }
-    if (line.getSwitch("--help")) {
-        line.printUsage();
+    if (!OrlekSupport::parseArguments(argc, argv)) {
         return std::nullopt;
     }
-    Options options{"",
-                    "",
-                    numberOf("--at", 0.0, 1e6),
-                    numberOf("--width", 64, 8192),
-                    numberOf("--height", 64, 8192),
-                    numberOf("--frames", 0, 1000000),
-                    line.getSwitch("--window")};
-    line.getParameter("--out", options.out);
-    line.getParameter("--font", options.font);
-    return options;
+    return Options{textOf("--out"),
+                   textOf("--font"),
+                   numberOf("--at", 0.0, 1e6),
+                   numberOf("--width", 64, 8192),
+                   numberOf("--height", 64, 8192),
+                   numberOf("--frames", 0, 1000000),
+                   line.getSwitch("--window")};
 }
 
 // Frames at 60 a second of the flight, each waited for.

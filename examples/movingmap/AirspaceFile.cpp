@@ -11,7 +11,7 @@
 #include <string_view>
 #include <utility>
 
-#include "DefaultTexts.h"
+#include "DefaultAirspace.h"
 #include "TextLines.h"
 
 namespace MovingMap {

@@ -1,18 +1,16 @@
 // Registered with the library's command line, then turned into numbers and checked.
 #include "Options.h"
 
-#include <Orlek/Misc.h>
-
-#include <sstream>
 #include <stdexcept>
 
 #include "BuildPaths.h"
-#include "Number.h"
+#include "OptionValues.h"
 
 namespace MovingMap {
 
 namespace {
 
+using namespace OrlekSupport;
 using Orlek::Misc::CmdLine;
 
 // The built-in route is best seen from here: the terrain reaches to all edges of the picture.
@@ -46,32 +44,6 @@ void registerOptions(CmdLine& line) {
     line.addParameter("--width", "width of the picture, pixels", "1280");
     line.addParameter("--height", "height of the picture, pixels", "800");
     line.addParameter("--scale", "size of text and symbols, 1 is for 100 dots an inch", "1");
-    line.addSwitch("--help", "print this text");
-}
-
-std::string textOf(const char* name) {
-    std::string value;
-    CmdLine::instance().getParameter(name, value);
-    return value;
-}
-
-template <typename Number>
-Number numberOf(const char* name, Number low, Number high) {
-    const std::string text = textOf(name);
-    const auto value = OrlekSupport::parseNumber(text, low, high);
-    if (!value) {
-        std::ostringstream message;
-        message << name << ": '" << text << "' is no number from " << low << " to " << high;
-        throw std::runtime_error(message.str());
-    }
-    return *value;
-}
-
-std::optional<double> optionalNumberOf(const char* name, double low, double high) {
-    if (textOf(name).empty()) {
-        return std::nullopt;
-    }
-    return numberOf(name, low, high);
 }
 
 Options collect() {
@@ -107,11 +79,7 @@ Options collect() {
 std::optional<Options> readOptions(int argc, char** argv) {
     CmdLine& line = CmdLine::instance();
     registerOptions(line);
-    if (!line.parse(argc, argv)) {
-        throw std::runtime_error("see --help for the options");
-    }
-    if (line.getSwitch("--help")) {
-        line.printUsage();
+    if (!parseArguments(argc, argv)) {
         return std::nullopt;
     }
     Options options = collect();

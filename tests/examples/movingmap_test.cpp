@@ -73,7 +73,7 @@ TEST(RouteFile, namesTheLineOfAnError) {
 
 TEST(RouteFile, routesOfTheProjectAreGood) {
     EXPECT_EQ(defaultRoute().size(), 6U);
-    EXPECT_EQ(readRouteFile(ORLEK_SOURCE_DIR "/examples/movingmap/routes/riviera.txt").size(), 6U);
+    EXPECT_EQ(readRouteFile(ORLEK_SOURCE_DIR "/examples/flight/routes/riviera.txt").size(), 6U);
 }
 
 std::vector<Airspace> airspace(const std::string& text) {

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string_view>
 
-#include "DefaultTexts.h"
+#include "DefaultRoute.h"
 #include "TextLines.h"
 
 namespace MovingMap {
