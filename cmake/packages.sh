@@ -4,10 +4,11 @@ run_packages="cmake ninja-build g++ pkg-config libglew-dev libgl-dev libglu1-mes
   libfreetype-dev zlib1g-dev libpng-dev libgl1-mesa-dri libegl-mesa0 fonts-dejavu-core
   python-matplotlib-data"
 test_packages="libgtest-dev clang libclang-rt-14-dev clang-format doxygen gdal-bin xvfb xauth
-  iproute2"
+  iproute2 nginx"
 bench_packages="libbenchmark-dev libgdal-dev libgeographiclib-dev libftgl-dev libcairo2-dev
   gdal-bin"
 
+# shellcheck disable=SC2086  # lists and prefixes are meant to be split
 install_packages() {
   if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
     echo "This is not a Debian system: nothing is installed. Needed are the equivalents of:"
@@ -32,6 +33,26 @@ install_packages() {
   fi
   echo "Installing with ${as_root:+$as_root }apt-get:$missing"
   $as_root apt-get update -q
-  # shellcheck disable=SC2086
-  $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends $missing
+  local install="env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends"
+  case "$missing " in
+    *" nginx "*) without_nginx_service $as_root $install $missing ;;
+    *) $as_root $install $missing ;;
+  esac
+}
+
+# Runs an installation after which no nginx serves this machine, now or after a restart: the tests
+# start their own, in a network of its own.
+without_nginx_service() {
+  local policy=/usr/sbin/policy-rc.d
+  (
+    if [ ! -e "$policy" ]; then
+      trap '$as_root rm -f "$policy"' EXIT
+      # shellcheck disable=SC2016  # expanded when it runs
+      printf '#!/bin/sh\ncase "$1" in nginx | nginx.service) exit 101 ;; esac\n' |
+        $as_root tee "$policy" >/dev/null
+      $as_root chmod 755 "$policy"
+    fi
+    "$@"
+  )
+  $as_root update-rc.d nginx disable
 }

@@ -7,6 +7,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
@@ -28,9 +29,10 @@ public:
     }
     ~PlainPeer() { close(); }
 
-    static PlainPeer listening() {
+    /// At any free port, or at `port`.
+    static PlainPeer listening(int port = 0) {
         PlainPeer peer(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
-        const sockaddr_in local = at(0);
+        const sockaddr_in local = at(port);
         if (bind(peer.mSocket, reinterpret_cast<const sockaddr*>(&local), sizeof(local)) != 0 ||
             listen(peer.mSocket, 100) != 0) {
             throw std::runtime_error("cannot listen");
@@ -64,12 +66,12 @@ public:
         }
     }
 
-    /// What comes within 200 ms, at most `limit` bytes.
-    std::string receive(std::size_t limit = std::string::npos) const {
+    /// What comes until nothing has come for `patienceMs`, at most `limit` bytes.
+    std::string receive(std::size_t limit = std::string::npos, int patienceMs = 200) const {
         std::string all;
         std::array<char, 65536> piece{};
         pollfd waited = {mSocket, POLLIN, 0};
-        while (all.size() < limit && poll(&waited, 1, 200) > 0) {
+        while (all.size() < limit && poll(&waited, 1, patienceMs) > 0) {
             const ssize_t count =
                 recv(mSocket, piece.data(), std::min(piece.size(), limit - all.size()), 0);
             if (count <= 0) {

@@ -50,6 +50,9 @@ inline bool enterOwnNetwork() {
                              << "0 " << user << " 1" << std::flush);
 }
 
+/// Thrown by a test that needs more than the system grants.
+struct Refused {};
+
 /// Runs `test` in a child with a network of its own in which loopback is up. A failure there fails
 /// the calling test.
 /// @return nothing when it ran, otherwise why it could not.
@@ -66,6 +69,8 @@ std::string inOwnNetwork(Function&& test) {
                 test();
                 status = testing::Test::HasFailure() ? 1 : 0;
             }
+        } catch (const Refused&) {
+            status = refused;
         } catch (const std::exception& error) {
             std::fprintf(stderr, "%s\n", error.what());
             status = 1;
@@ -77,7 +82,7 @@ std::string inOwnNetwork(Function&& test) {
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
     }
     if (WIFEXITED(status) && WEXITSTATUS(status) == refused) {
-        return "network namespaces are refused here";
+        return "namespaces are refused here";
     }
     EXPECT_EQ(status, 0) << "a check in the child failed, see above";
     return {};

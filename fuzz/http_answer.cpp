@@ -1,0 +1,52 @@
+// The first line as a URL, the rest as the answer of a server. A clean URL gives a request of four
+// lines, whatever stands in it; the body is what follows the first empty line of the answer.
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include "network/Http.h"
+
+namespace {
+
+using namespace Orlek::Detail;
+
+void check(bool held) {
+    if (!held) {
+        std::abort();
+    }
+}
+
+void checkRequest(const std::string& url) {
+    const HttpTarget target = splitUrl(url);
+    check(url.ends_with(target.path) && target.host.find('/') == std::string::npos);
+    check(target.path == url || url.ends_with(target.host + target.path));
+    const std::string request = httpRequest(target);
+    check(request.find("\r\nHost: " + target.host + "\r\n") == target.path.size() + 13);
+    if (isCleanUrl(url)) {
+        check(std::ranges::count(request, '\r') == 5 && std::ranges::count(request, '\n') == 5);
+        check(request.find("\r\n\r\n") == request.size() - 4);
+    }
+}
+
+void checkBody(std::string_view answer) {
+    const std::string_view body = httpBody(answer);
+    std::size_t start = 0;  // of the body: the bytes before it are the first empty line
+    while (start < answer.size() && !answer.substr(0, start).ends_with("\r\n\r\n")) {
+        ++start;
+    }
+    check(body.size() == answer.size() - start);
+    check(body.empty() || body.data() == answer.data() + start);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string_view input(reinterpret_cast<const char*>(data), size);
+    const std::size_t line = std::min(input.find('\n'), size);
+    checkRequest(std::string(input.substr(0, line)));
+    checkBody(input.substr(std::min(line + 1, size)));
+    return 0;
+}
