@@ -8,17 +8,21 @@ root=$PWD
 
 usage() {
   cat <<'TEXT'
-Usage: ./run.sh [map|gallery|instruments|all] [options] [-- options of the example]
+Usage: ./run.sh [map|live|traffic|gallery|instruments|all] [options] [-- options of the example]
 
 Installs what is missing (Debian packages), builds the library and its examples, draws pictures and
 prints their paths:
 
   map         the moving map (so it is without a word)
+  traffic     sends positions of an own ship and traffic until Ctrl+C, for the live map
+  live        the live map of what "./run.sh traffic" sends from another terminal: a window, or a
+              picture after some seconds where there is no screen or with --picture
   gallery     a picture for each family of drawing classes, and all on a contact sheet;
               with --window NAME one of them in a window
   instruments a flight display, a situation indicator and a camera picture of a made-up flight
   all         every picture
 
+  --picture   draws a picture of the live map although there is a screen
   --window    opens a window instead; Escape closes it (in the map drag or arrow keys pan, the
               wheel zooms)
   --bench     builds and runs the benchmarks, results in out/bench
@@ -54,10 +58,14 @@ docs() {
   echo "Documentation: $root/out/docs/html/index.html"
 }
 
+# Two of these at once, for traffic and live, would build into one another.
 prepare() {
-  # shellcheck disable=SC2086
-  install_packages $run_packages
-  build run
+  (
+    flock 9
+    # shellcheck disable=SC2086
+    install_packages $run_packages
+    build run
+  ) 9>build/run.lock
   mkdir -p out
 }
 
@@ -75,6 +83,20 @@ show() {  # example, options
 map() {
   prepare
   show movingmap "$@"
+}
+
+traffic() {
+  prepare
+  exec build/run/examples/traffic/orlek-traffic --from 300 "$@"
+}
+
+live() {
+  prepare
+  local program=build/run/examples/movingmap/orlek-movingmap
+  if [ "$window" = yes ]; then
+    exec "$program" --feed tcp://127.0.0.1:4611 --window "$@"
+  fi
+  "$program" --feed tcp://127.0.0.1:4611 --out "$root/out/live.png" "$@"
 }
 
 instruments() {
@@ -118,12 +140,16 @@ all() {
 mkdir -p build
 example=map
 case "${1:-}" in
-  map | gallery | instruments | all) example=$1; shift ;;
+  map | live | traffic | gallery | instruments | all) example=$1; shift ;;
 esac
 window=no
+if [ "$example" = live ] && [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+  window=yes
+fi
 while [ $# -gt 0 ]; do
   case "$1" in
     --window) window=yes ;;
+    --picture) window=no ;;
     --bench) bench; exit ;;
     --docs) docs; exit ;;
     --help | -h) usage; exit ;;

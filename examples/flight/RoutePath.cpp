@@ -114,4 +114,23 @@ PathState stateAt(const RoutePath& path, double distanceAlongM) {
     return state;
 }
 
+std::optional<double> alongAt(const RoutePath& path, const Position& position, double withinM) {
+    std::optional<double> along;
+    double nearestM = withinM;
+    for (std::size_t i = 1; i < path.points.size(); ++i) {
+        const PathPoint& from = path.points[i - 1];
+        const Point start = toGrid(position, from.position);
+        const Point leg = toGrid(position, path.points[i].position) - start;
+        const double square = leg.x * leg.x + leg.y * leg.y;
+        const double toFoot = -(start.x * leg.x + start.y * leg.y);
+        const double share = square > 0.0 ? std::clamp(toFoot / square, 0.0, 1.0) : 0.0;
+        const double distance = Point(start.x + leg.x * share, start.y + leg.y * share).Length();
+        if (distance <= nearestM) {
+            nearestM = distance;
+            along = from.distanceM + (path.points[i].distanceM - from.distanceM) * share;
+        }
+    }
+    return along;
+}
+
 }  // namespace MovingMap

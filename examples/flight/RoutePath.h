@@ -1,6 +1,7 @@
 // The path that an aircraft flies along a route, turns included.
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "RouteFile.h"
@@ -38,6 +39,10 @@ struct PathState {
     double headingDeg = 0.0;
     std::size_t nextWaypoint = 0;  ///< Index in the route; the last one when all are passed.
 };
+
+/// How far along a path the place next to a position is; nothing when that is further away than
+/// @p withinM metres.
+std::optional<double> alongAt(const RoutePath& path, const Position& position, double withinM);
 
 /// The state at a distance from the start; distances beyond the ends give the ends.
 PathState stateAt(const RoutePath& path, double distanceM);

@@ -18,6 +18,8 @@ inline const Colour magentaText(1.0F, 0.62F, 0.96F, 1.0F);
 inline const Colour flownMagenta(0.62F, 0.22F, 0.58F, 1.0F);
 inline const Colour yellow(1.0F, 0.90F, 0.25F, 1.0F);
 inline const Colour amber(1.0F, 0.72F, 0.20F, 1.0F);
+inline const Colour red(1.0F, 0.36F, 0.30F, 1.0F);
+inline const Colour cyan(0.45F, 0.95F, 1.0F, 1.0F);
 inline const Colour green(0.45F, 0.95F, 0.50F, 1.0F);
 
 }  // namespace MovingMap

@@ -112,7 +112,9 @@ std::vector<Box> drawCompassRose(Canvas& canvas, const MapView& view, const Scen
     Rose rose(canvas, view, scene);
     rose.drawRings();
     rose.drawTicks();
-    rose.drawHeading();
+    if (scene.ownState != OwnShipState::unknown) {
+        rose.drawHeading();
+    }
     rose.addFigures();
     rose.addDistances();
     return rose.figures();

@@ -43,7 +43,7 @@ void Flight::lookAhead(Scene& scene) const {
     scene.next.distanceM = Orlek::Geodetic::calcDistance(own.lat, own.lon, ahead.lat, ahead.lon);
     const double toFly = scene.alongM < 0.0 ? scene.next.distanceM
                                             : mPath.passedAtM[scene.next.index] - scene.alongM;
-    scene.next.timeS = toFly / (scene.speedKt * knot);
+    scene.next.timeS = scene.speedKt > 0.0 ? toFly / (scene.speedKt * knot) : 0.0;
 }
 
 // Off the route, the way leads to its first waypoint.
@@ -55,6 +55,19 @@ Scene Flight::scene() const {
     scene.own = start();
     lookAhead(scene);
     scene.headingDeg = mOptions.headingDeg.value_or(scene.next.bearingDeg);
+    return scene;
+}
+
+// Near the route the aircraft counts as flying it.
+Scene Flight::sceneOf(const OwnShipMessage& own) const {
+    constexpr double widthM = 0.5 * metresPerMile;
+    const std::optional<double> alongM = alongAt(mPath, own.position(), widthM);
+    Scene scene = alongM ? sceneAt(*alongM) : basics();
+    scene.own = own.position();
+    scene.headingDeg = own.headingDeg;
+    scene.altitudeFt = own.altitudeFt;
+    scene.speedKt = own.speedKt;
+    lookAhead(scene);
     return scene;
 }
 

@@ -24,6 +24,9 @@ public:
     /// The first scene.
     Scene scene() const;
 
+    /// The scene with the own ship where a feed has it.
+    Scene sceneOf(const OwnShipMessage& own) const;
+
     /// The scene at a distance along the path in metres.
     Scene sceneAt(double alongM) const;
 

@@ -1,8 +1,11 @@
 // One context and one picture object serve all files.
 #include "Headless.h"
 
+#include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <string>
+#include <thread>
 
 #include "HeadlessContext.h"
 #include "MapPicture.h"
@@ -37,6 +40,42 @@ void saveFrames(const Options& options, const Flight& flight, MapPicture& pictur
     }
 }
 
+using Clock = std::chrono::steady_clock;
+
+void collectUntil(LiveFlight& live, Clock::time_point moment) {
+    live.update();
+    while (Clock::now() < moment) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        live.update();
+    }
+}
+
+// The picture's path and what the feed's plate says, in a line.
+void sayLive(const std::string& path, const Scene& scene) {
+    std::printf("%s", path.c_str());
+    for (const LiveNote& note : notesOf(*scene.live)) {
+        std::printf(": %s", note.text.c_str());
+    }
+    std::printf("\n");
+    std::fflush(stdout);
+}
+
+// Pictures at even intervals, the last one at the end of the collection.
+void saveLive(const Options& options, LiveFlight& live, MapPicture& picture, Point size) {
+    const int count = std::max(options.frames, 1);
+    const Clock::time_point start = Clock::now();
+    const std::chrono::duration<double> interval(options.feedSeconds / count);
+    for (int i = 1; i <= count; ++i) {
+        collectUntil(live, start + std::chrono::duration_cast<Clock::duration>(interval * i));
+        const Scene scene = live.scene();
+        const std::string path =
+            options.frames > 0 ? numberedPath(options.out, i, count) : options.out;
+        save(path, picture, scene, size);
+        sayLive(path, scene);
+    }
+    noteMissingTerrain(picture);
+}
+
 }  // namespace
 
 std::string numberedPath(const std::string& path, int number, int count) {
@@ -50,11 +89,13 @@ std::string numberedPath(const std::string& path, int number, int count) {
 }
 
 void drawPictures(const Options& options, const Flight& flight, Orlek::Geodetic::HeightMap& terrain,
-                  const Charts& charts) {
+                  const Charts& charts, LiveFlight* live) {
     const OrlekSupport::HeadlessContext context(options.width, options.height);
     MapPicture picture(options.font, options.scale, terrain, flight.route(), flight.path(), charts);
     const Point size(options.width, options.height);
-    if (options.frames > 0) {
+    if (live != nullptr) {
+        saveLive(options, *live, picture, size);
+    } else if (options.frames > 0) {
         saveFrames(options, flight, picture, size);
         noteMissingTerrain(picture);
         std::printf("%d pictures: %s to %s\n", options.frames,

@@ -29,7 +29,7 @@ Figure heightFigure(const Scene& scene) {
 }  // namespace
 
 std::vector<Figure> figuresOf(const Scene& scene) {
-    return {
+    std::vector<Figure> figures = {
         {"POSITION", latitudeText(scene.own.lat) + " " + longitudeText(scene.own.lon)},
         {"ALTITUDE", wholeNumber(scene.altitudeFt) + " FT"},
         {"TERRAIN", groundText(scene)},
@@ -40,6 +40,15 @@ std::vector<Figure> figuresOf(const Scene& scene) {
         {"DISTANCE", miles(scene.next.distanceM) + " NM", magentaText},
         {"TIME", duration(scene.next.timeS), magentaText},
     };
+    for (Figure& figure : figures) {
+        if (scene.ownState == OwnShipState::unknown) {
+            figure.value = "---";
+        }
+        if (scene.ownState != OwnShipState::current) {
+            figure.colour = red;
+        }
+    }
+    return figures;
 }
 
 InfoLine::InfoLine(const Canvas& canvas, const Scene& scene, double width)

@@ -16,7 +16,8 @@ struct Figure {
     Colour colour = white;
 };
 
-/// Position, terrain and height above it, speed, and the way to the next waypoint.
+/// Position, terrain and height above it, speed, and the way to the next waypoint; red when old,
+/// dashes when unknown.
 std::vector<Figure> figuresOf(const Scene& scene);
 
 /// Rows of figures that fit a picture's width, as few and as even as can be.

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "MapPicture.h"
 #include "Window.h"
@@ -19,14 +20,16 @@ constexpr int restingStep = 1;
 constexpr double keyPanPixels = 60.0;
 constexpr std::array<double, 18> rangesMiles = {0.5, 1,  2,  3,  4,  6,   8,   10,  15,
                                                 20,  30, 40, 60, 80, 100, 150, 200, 300};
+constexpr double restS = 1.0;
 constexpr double timeLapse = 10.0;  // The flight is shown ten times as fast as it is.
 
 class Session {
 public:
     Session(const Options& options, const Flight& flight, Orlek::Geodetic::HeightMap& terrain,
-            const Charts& charts)
+            const Charts& charts, LiveFlight* live)
         : mFrames(options.frames),
           mFlight(flight),
+          mLive(live),
           mWindow("Moving map", options.width, options.height),
           mPicture(options.font, options.scale * mWindow.contentScale(), terrain, flight.route(),
                    flight.path(), charts),
@@ -41,7 +44,7 @@ public:
         double before = mWindow.seconds();
         for (int frame = 0; mWindow.isOpen() && (mFrames == 0 || frame < mFrames); ++frame) {
             const double now = mWindow.seconds();
-            fly(now - before);
+            advance(now, now - before);
             before = now;
             drawFrame();
             mWindow.showFrame();
@@ -49,16 +52,42 @@ public:
     }
 
 private:
+    void advance(double nowS, double seconds) {
+        if (mLive != nullptr) {
+            mLive->update();
+            show(mLive->scene());
+            followLive(nowS);
+        } else {
+            fly(seconds);
+        }
+    }
+
+    // What the user has set stays.
+    void show(Scene scene) {
+        scene.rangeM = mScene.rangeM;
+        scene.headingUp = mScene.headingUp;
+        mScene = std::move(scene);
+    }
+
+    // Only whole pixels move the map, so that the relief need not be made anew for less. It is fine
+    // again when the map has rested for a second.
+    void followLive(double nowS) {
+        const Point shift = mPicture.view().toScreen(mScene.own) - mPicture.view().focus();
+        const bool turned = mScene.headingUp && mScene.headingDeg != mHeadingShown;
+        if (mFollow && (shift.Length() >= 1.0 || turned)) {
+            mCentre = mScene.own;
+            mMovedS = nowS;
+        }
+        mHeadingShown = mScene.headingDeg;
+        mMoved = mMoved || nowS - mMovedS < restS;
+    }
+
     void fly(double seconds) {
         if (mHeld || mScene.alongM < 0.0 || mScene.alongM >= mFlight.path().lengthM()) {
             return;
         }
         const double metres = seconds * timeLapse * mScene.speedKt * metresPerMile / 3600.0;
-        const double rangeM = mScene.rangeM;
-        const bool headingUp = mScene.headingUp;
-        mScene = mFlight.sceneAt(mScene.alongM + metres);
-        mScene.rangeM = rangeM;
-        mScene.headingUp = headingUp;
+        show(mFlight.sceneAt(mScene.alongM + metres));
         if (mFollow) {
             mCentre = mScene.own;
             mMoved = true;
@@ -117,6 +146,7 @@ private:
 
     int mFrames;
     const Flight& mFlight;
+    LiveFlight* mLive;
     Window mWindow;
     MapPicture mPicture;
     Scene mScene;
@@ -124,13 +154,15 @@ private:
     bool mFollow = true;
     bool mHeld = false;
     bool mMoved = false;
+    double mMovedS = -restS;
+    double mHeadingShown = 0.0;
 };
 
 }  // namespace
 
 void showWindow(const Options& options, const Flight& flight, Orlek::Geodetic::HeightMap& terrain,
-                const Charts& charts) {
-    Session(options, flight, terrain, charts).run();
+                const Charts& charts, LiveFlight* live) {
+    Session(options, flight, terrain, charts, live).run();
 }
 
 }  // namespace MovingMap

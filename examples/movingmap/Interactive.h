@@ -3,6 +3,7 @@
 
 #include "Charts.h"
 #include "Flight.h"
+#include "LiveFlight.h"
 
 namespace MovingMap {
 
@@ -12,6 +13,6 @@ namespace MovingMap {
 /// heading up, C centres it on the aircraft again, space holds the flight, Escape quits.
 /// Throws std::runtime_error when there is no display, no GL or no font.
 void showWindow(const Options& options, const Flight& flight, Orlek::Geodetic::HeightMap& terrain,
-                const Charts& charts);
+                const Charts& charts, LiveFlight* live);
 
 }  // namespace MovingMap

@@ -14,6 +14,7 @@ namespace {
 constexpr double outsideCost = 1000.0;
 constexpr double overlapCost = 100.0;
 constexpr double lineCost = 10.0;
+constexpr double keptGain = 5.0;  // Less than any fault.
 constexpr double gap = 3.0;
 
 // Clips the line's parameter range to one axis of the box; false when nothing is left.
@@ -85,20 +86,27 @@ double LabelPlacer::cost(const Box& box) const {
     return crossed ? sum + lineCost : sum;
 }
 
-Box LabelPlacer::place(Point point, Point size, double unit) {
+Box LabelPlacer::place(Point point, Point size, double unit, std::size_t* kept) {
     Box best{};
     double bestCost = std::numeric_limits<double>::infinity();
-    double preference = 0.0;
+    std::size_t bestNumber = 0;
+    std::size_t number = 0;
     for (const double distance : {16.0, 26.0, 38.0}) {
         for (const auto& side : sides) {
             const Box box = boxBeside(point, size, side, distance * unit);
-            const double boxCost = cost(box) + preference;
+            const bool again = kept != nullptr && number == *kept;
+            const double boxCost =
+                cost(box) + (again ? -keptGain : 0.1 * static_cast<double>(number));
             if (boxCost < bestCost) {
                 best = box;
                 bestCost = boxCost;
+                bestNumber = number;
             }
-            preference += 0.1;
+            ++number;
         }
+    }
+    if (kept != nullptr) {
+        *kept = bestNumber;
     }
     block(best);
     return best;

@@ -1,6 +1,7 @@
 // Where labels go so that they can be read.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <vector>
 
@@ -37,7 +38,9 @@ public:
     /// below and between, first close by, then further away. A place that touches a blocked box, an
     /// earlier label or a line is taken only when there is no free one. The chosen place is blocked
     /// for later labels.
-    Box place(Point point, Point size, double unit);
+    /// @param kept in: the place of an earlier picture, which is taken again unless another one is
+    ///        clearly better, so that labels of what moves do not jump; out: the place chosen
+    Box place(Point point, Point size, double unit, std::size_t* kept = nullptr);
 
     /// Chooses the best of some places for the middle of a label, the first of several that are
     /// equally good, and blocks it. Nothing when each of them touches a blocked box or an earlier

@@ -1,18 +1,17 @@
-// From the ground up: relief, airspace, graticule, rings, route, aircraft and their text, then the
-// plates.
+// From the ground up: relief, airspace, graticule, rings, route, traffic, aircraft and their text,
+// then the plates.
 #include "MapPicture.h"
 
 #include <GL/gl.h>
 
 #include <algorithm>
 
-#include "AirspaceLayer.h"
 #include "CompassRose.h"
+#include "FeedPlate.h"
 #include "Graticule.h"
 #include "HeightLegend.h"
 #include "Ortho.h"
 #include "OwnShip.h"
-#include "RouteLayer.h"
 #include "ScaleBar.h"
 #include "StatusPlates.h"
 #include "WaypointLabels.h"
@@ -55,22 +54,30 @@ MapView MapPicture::viewFor(const Scene& scene, Point size, const Position& cent
                    size);
 }
 
-MapPicture::Layout MapPicture::layOut(Point size, double infoHeight) const {
+MapPicture::Layout MapPicture::layOut(const Scene& scene, Point size, double infoHeight) const {
     const double margin = 10.0 * mCanvas.unit;
-    Layout layout{Box{Point(0.0, infoHeight), size}, headingBox(mCanvas, size),
+    Layout layout{Box{Point(0.0, infoHeight), size},
+                  headingBox(mCanvas, size),
                   modeBox(mCanvas, size),
-                  scaleBarBox(mCanvas, mView, Point(margin, infoHeight + margin)), std::nullopt};
+                  scaleBarBox(mCanvas, mView, Point(margin, infoHeight + margin)),
+                  std::nullopt,
+                  std::nullopt};
     const Box legend = heightLegendBox(mCanvas, Point(size.x - margin, size.y - margin));
     if (legend.high.y - legend.low.y < (size.y - infoHeight) / 2.0) {
         layout.legend = legend;
+    }
+    if (scene.live) {
+        layout.feed = feedBox(mCanvas, layout.mode, *scene.live);
     }
     return layout;
 }
 
 std::vector<Box> MapPicture::Layout::plates() const {
     std::vector<Box> boxes{heading, mode, scaleBar};
-    if (legend) {
-        boxes.push_back(*legend);
+    for (const auto& box : {legend, feed}) {
+        if (box) {
+            boxes.push_back(*box);
+        }
     }
     return boxes;
 }
@@ -84,7 +91,17 @@ void MapPicture::drawMap(const Scene& scene, const Layout& layout) {
     const std::vector<Box> figures = drawCompassRose(mCanvas, mView, scene);
     const RouteLine line = projectRoute(mPath, mView, scene.alongM);
     drawRoute(mCanvas, mView, mRoute, line, scene.next.index);
+    if (scene.live) {
+        drawTrails(mCanvas, mView, *scene.live);
+        drawTargets(mCanvas, mView, scene);
+    }
     drawOwnShip(mCanvas, mView, scene);
+    addLabels(scene, layout, airspace, line, figures);
+}
+
+void MapPicture::addLabels(const Scene& scene, const Layout& layout,
+                           const std::vector<AirspaceShape>& airspace, const RouteLine& line,
+                           const std::vector<Box>& figures) {
     LabelPlacer placer(layout.map.grown(-6.0 * mCanvas.unit));
     for (const Box& box : layout.plates()) {
         placer.block(box);
@@ -95,16 +112,23 @@ void MapPicture::drawMap(const Scene& scene, const Layout& layout) {
     const Point own = mView.toScreen(scene.own);
     placer.block(Box{own, own}.grown(18.0 * mCanvas.unit));
     placer.avoid({own, headingTip(mView, scene)});
-    addWaypointLabels(mCanvas, mView, mRoute, line, scene.next.index, placer, layout.map);
+    blockRoute(mCanvas, mView, mRoute, line, placer);
+    if (scene.live) {
+        addTargetLabels(mCanvas, mView, scene, placer, layout.map, mTargetPlaces);
+    }
+    addWaypointLabels(mCanvas, mView, mRoute, scene.next.index, placer, layout.map);
     addAirspaceLabels(mCanvas, airspace, placer, layout.map);
 }
 
 void MapPicture::drawPlates(const Scene& scene, const Layout& layout) {
-    drawHeading(mCanvas, layout.heading, scene.headingDeg);
+    drawHeading(mCanvas, layout.heading, scene);
     drawMode(mCanvas, layout.mode, scene);
     drawScaleBar(mCanvas, mView, layout.scaleBar);
     if (layout.legend) {
         drawHeightLegend(mCanvas, *layout.legend);
+    }
+    if (layout.feed) {
+        drawFeed(mCanvas, *layout.feed, *scene.live);
     }
 }
 
@@ -114,7 +138,7 @@ void MapPicture::draw(const Scene& scene, Point size, const Position& centre, in
     glViewport(0, 0, static_cast<int>(size.x), static_cast<int>(size.y));
     setPixelMatrix(size);
     mRelief.update(mTerrain, mView, reliefStep);
-    const Layout layout = layOut(size, info.height());
+    const Layout layout = layOut(scene, size, info.height());
     drawMap(scene, layout);
     mCanvas.drawLabels();
     drawPlates(scene, layout);

@@ -7,13 +7,16 @@
 #include <string>
 #include <vector>
 
+#include "AirspaceLayer.h"
 #include "Canvas.h"
 #include "Charts.h"
 #include "InfoLine.h"
 #include "LabelPlacer.h"
 #include "Relief.h"
+#include "RouteLayer.h"
 #include "RoutePath.h"
 #include "Scene.h"
+#include "TrafficLayer.h"
 
 namespace MovingMap {
 
@@ -48,12 +51,16 @@ private:
         Box mode;
         Box scaleBar;
         std::optional<Box> legend;  ///< Where there is room for it.
+        std::optional<Box> feed;    ///< With live data.
 
         std::vector<Box> plates() const;
     };
 
-    Layout layOut(Point size, double infoHeight) const;
+    Layout layOut(const Scene& scene, Point size, double infoHeight) const;
     void drawMap(const Scene& scene, const Layout& layout);
+    void addLabels(const Scene& scene, const Layout& layout,
+                   const std::vector<AirspaceShape>& airspace, const RouteLine& line,
+                   const std::vector<Box>& figures);
     void drawPlates(const Scene& scene, const Layout& layout);
 
     Canvas mCanvas;
@@ -63,6 +70,7 @@ private:
     const RoutePath& mPath;
     const Charts& mCharts;
     MapView mView;
+    LabelPlaces mTargetPlaces;
 };
 
 }  // namespace MovingMap

@@ -2,6 +2,7 @@
 #include "Options.h"
 
 #include <stdexcept>
+#include <utility>
 
 #include "BuildPaths.h"
 #include "OptionValues.h"
@@ -25,6 +26,11 @@ void registerOptions(CmdLine& line) {
     line.addParameter("--map-bounds", "what the map image covers: south,west,north,east, degrees",
                       defaultBounds);
     line.addParameter("--map-share", "of the map image against the height colours, 0 to 1", "0.6");
+    line.addParameter("--feed", "live data: tcp://HOST:PORT or udp://:PORT; none when empty", "");
+    line.addParameter("--feed-seconds", "how long to collect live data for a picture", "3");
+    line.addParameter("--feed-old", "age at which live data are old, seconds", "3");
+    line.addParameter("--fetch",
+                      "URL FILE: download a map image or tile before drawing (http, port 80)", "");
     line.addParameter("--font", "font file",
                       "/usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf");
     line.addParameter("--out", "picture to write", "movingmap.png");
@@ -55,6 +61,11 @@ Options collect() {
     options.mapImage = textOf("--map-image");
     options.mapBounds = textOf("--map-bounds");
     options.mapShare = numberOf("--map-share", 0.0, 1.0);
+    if (line.getSwitch("--feed")) {
+        options.feed = parseFeedUrl(textOf("--feed"));
+    }
+    options.feedSeconds = numberOf("--feed-seconds", 0.0, 86400.0);
+    options.feedOldS = numberOf("--feed-old", 0.1, 60.0);
     options.font = textOf("--font");
     options.out = textOf("--out");
     options.frames = numberOf("--frames", 0, 99999);
@@ -79,10 +90,13 @@ Options collect() {
 std::optional<Options> readOptions(int argc, char** argv) {
     CmdLine& line = CmdLine::instance();
     registerOptions(line);
-    if (!parseArguments(argc, argv)) {
+    std::vector<char*> arguments(argv, argv + argc);
+    std::vector<Fetch> fetches = takeFetches(arguments);
+    if (!parseArguments(static_cast<int>(arguments.size()), arguments.data())) {
         return std::nullopt;
     }
     Options options = collect();
+    options.fetches = std::move(fetches);
     if (options.lat.has_value() != options.lon.has_value()) {
         throw std::runtime_error("--lat and --lon go together");
     }

@@ -3,6 +3,10 @@
 
 #include <optional>
 #include <string>
+#include <vector>
+
+#include "FeedUrl.h"
+#include "Fetch.h"
 
 namespace MovingMap {
 
@@ -13,6 +17,10 @@ struct Options {
     std::string mapImage;  ///< Empty: no map image.
     std::string mapBounds;
     double mapShare = 0.0;
+    std::vector<Fetch> fetches;
+    std::optional<FeedUrl> feed;  ///< Nothing: no live data.
+    double feedSeconds = 0.0;
+    double feedOldS = 0.0;
     std::string font;
     std::string out;
     int frames = 0;  ///< 0: one picture; a window stays open.

@@ -1,8 +1,11 @@
 // What one picture shows.
 #pragma once
 
+#include <optional>
 #include <string>
+#include <vector>
 
+#include "FeedMessage.h"
 #include "MapView.h"
 #include "Terrain.h"
 
@@ -17,6 +20,28 @@ struct NextWaypoint {
     double timeS = 0.0;
 };
 
+/// A target of a feed.
+struct LiveTarget {
+    TargetMessage last;
+    double ageS = 0.0;            ///< Since it was heard of.
+    std::vector<Position> trail;  ///< The oldest first.
+};
+
+/// What a feed has told.
+struct Live {
+    std::string source;
+    bool connected = false;
+    std::optional<double> ageS;     ///< Of the latest message; nothing before the first.
+    std::optional<double> ownAgeS;  ///< Of the own ship's position.
+    double oldS = 0.0;              ///< Data of a greater age are old.
+    double goneS = 0.0;             ///< Targets of a greater age are not shown.
+    unsigned long ignored = 0;      ///< Messages that were not valid.
+    std::vector<LiveTarget> targets;
+};
+
+/// How far the own ship's data can be believed.
+enum class OwnShipState { current, old, unknown };
+
 /// The aircraft and its surroundings at one moment.
 struct Scene {
     Position own;
@@ -28,6 +53,8 @@ struct Scene {
     NextWaypoint next;
     double rangeM = 0.0;  ///< Radius of the outer range ring.
     bool headingUp = false;
+    OwnShipState ownState = OwnShipState::current;
+    std::optional<Live> live;  ///< With a feed.
 };
 
 }  // namespace MovingMap

@@ -33,13 +33,15 @@ Box headingBox(const Canvas& canvas, Point size) {
     return topBox(canvas, size, (size.x - width) / 2.0, width);
 }
 
-void drawHeading(Canvas& canvas, const Box& box, double headingDeg) {
+void drawHeading(Canvas& canvas, const Box& box, const Scene& scene) {
     const double left = box.low.x + pad * canvas.unit;
     const double right = box.high.x - pad * canvas.unit;
     canvas.fill.rect(box.low, box.high, plate);
     canvas.small.add("HDG", Point(left, baseline(box, canvas.large)), Align::left, grey);
-    canvas.large.add(direction(headingDeg), Point(right, baseline(box, canvas.large)), Align::right,
-                     yellow);
+    const bool known = scene.ownState != OwnShipState::unknown;
+    canvas.large.add(known ? direction(scene.headingDeg) : "---",
+                     Point(right, baseline(box, canvas.large)), Align::right,
+                     scene.ownState == OwnShipState::current ? yellow : red);
 }
 
 Box modeBox(const Canvas& canvas, Point size) {

@@ -11,7 +11,7 @@ namespace MovingMap {
 Box headingBox(const Canvas& canvas, Point size);
 
 /// Draws the heading.
-void drawHeading(Canvas& canvas, const Box& box, double headingDeg);
+void drawHeading(Canvas& canvas, const Box& box, const Scene& scene);
 
 /// The place of the mode, in the upper left corner of the picture.
 Box modeBox(const Canvas& canvas, Point size);

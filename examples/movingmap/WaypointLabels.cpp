@@ -1,4 +1,4 @@
-// All symbols are blocked before the first label is placed, so that no name covers a waypoint.
+// All symbols are blocked before the first label is placed, so that no label covers a waypoint.
 #include "WaypointLabels.h"
 
 namespace MovingMap {
@@ -11,14 +11,17 @@ Box around(Point point, double reach) {
 
 }  // namespace
 
-void addWaypointLabels(Canvas& canvas, const MapView& view, const Route& route,
-                       const RouteLine& line, std::size_t nextWaypoint, LabelPlacer& placer,
-                       const Box& area) {
+void blockRoute(const Canvas& canvas, const MapView& view, const Route& route,
+                const RouteLine& line, LabelPlacer& placer) {
     placer.avoid(line.flown);
     placer.avoid(line.ahead);
     for (const Waypoint& waypoint : route) {
         placer.block(around(view.toScreen(waypoint.position), 9.0 * canvas.unit));
     }
+}
+
+void addWaypointLabels(Canvas& canvas, const MapView& view, const Route& route,
+                       std::size_t nextWaypoint, LabelPlacer& placer, const Box& area) {
     LabelText& text = canvas.label;
     for (std::size_t i = 0; i < route.size(); ++i) {
         const Point at = view.toScreen(route[i].position);

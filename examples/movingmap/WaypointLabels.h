@@ -8,10 +8,13 @@
 
 namespace MovingMap {
 
-/// Adds the names of the waypoints inside @p area to the canvas, away from the route, from each
-/// other and from what @p placer has blocked; it then knows names, symbols and route.
+/// Tells @p placer where the route runs and its symbols are.
+void blockRoute(const Canvas& canvas, const MapView& view, const Route& route,
+                const RouteLine& line, LabelPlacer& placer);
+
+/// Adds the names of the waypoints inside @p area to the canvas, away from what @p placer knows,
+/// and tells it where they are.
 void addWaypointLabels(Canvas& canvas, const MapView& view, const Route& route,
-                       const RouteLine& line, std::size_t nextWaypoint, LabelPlacer& placer,
-                       const Box& area);
+                       std::size_t nextWaypoint, LabelPlacer& placer, const Box& area);
 
 }  // namespace MovingMap

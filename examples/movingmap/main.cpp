@@ -1,10 +1,13 @@
 // orlek-movingmap: a moving map over real terrain, as a picture, a series of pictures or a window.
 #include <cstdio>
 #include <exception>
+#include <optional>
+#include <utility>
 
 #include "Charts.h"
 #include "Headless.h"
 #include "Interactive.h"
+#include "LiveFlight.h"
 #include "Options.h"
 #include "Terrain.h"
 
@@ -12,16 +15,30 @@ namespace {
 
 using namespace MovingMap;
 
-void run(const Options& options) {
+// A map image that could not be fetched is left out.
+void fetchAll(Options& options) {
+    for (const Fetch& wanted : options.fetches) {
+        if (!fetch(wanted) && samePath(wanted.file, options.mapImage)) {
+            options.mapImage.clear();
+        }
+    }
+}
+
+void run(Options options) {
+    fetchAll(options);
     Orlek::Geodetic::HeightMap terrain;
     const Flight flight(
         options, options.route.empty() ? defaultRoute() : readRouteFile(options.route), terrain);
     const Charts charts = readCharts(options);
     openTerrain(terrain, options.tiles, flight.start());
+    std::optional<LiveFlight> live;
+    if (options.feed) {
+        live.emplace(options, flight);
+    }
     if (options.window) {
-        showWindow(options, flight, terrain, charts);
+        showWindow(options, flight, terrain, charts, live ? &*live : nullptr);
     } else {
-        drawPictures(options, flight, terrain, charts);
+        drawPictures(options, flight, terrain, charts, live ? &*live : nullptr);
     }
 }
 
@@ -29,8 +46,8 @@ void run(const Options& options) {
 
 int main(int argc, char** argv) {
     try {
-        if (const auto options = readOptions(argc, argv)) {
-            run(*options);
+        if (auto options = readOptions(argc, argv)) {
+            run(std::move(*options));
         }
         return 0;
     } catch (const std::exception& error) {

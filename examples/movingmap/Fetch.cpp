@@ -1,0 +1,86 @@
+// The library writes whatever the server answers, an error page too: it goes beside the file and
+// takes its place when it is good.
+#include "Fetch.h"
+
+#include <Orlek/Network.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+#include <string_view>
+
+#include "Png.h"
+
+namespace MovingMap {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// Throws when the file is not what was asked for.
+void check(const std::string& path, const std::string& name) {
+    std::ifstream file(path, std::ios::binary);
+    const int first = file.get();
+    if (!file) {
+        throw std::runtime_error("the answer has no file");
+    }
+    if (name.ends_with(".png")) {
+        OrlekSupport::readPng(path);
+    } else if (first == '<') {
+        throw std::runtime_error("the answer is a page, no file");
+    }
+}
+
+void download(const Fetch& wanted, const std::string& part) {
+    const fs::path folder = fs::path(wanted.file).parent_path();
+    if (!folder.empty()) {
+        fs::create_directories(folder);
+    }
+    if (!Orlek::Network::Network::getFileHttp(wanted.url, part)) {
+        throw std::runtime_error("no answer");
+    }
+    check(part, wanted.file);
+    fs::rename(part, wanted.file);
+}
+
+}  // namespace
+
+std::vector<Fetch> takeFetches(std::vector<char*>& arguments) {
+    std::vector<Fetch> fetches;
+    const auto isFetch = [](const char* argument) {
+        return std::string_view(argument) == "--fetch";
+    };
+    for (auto found = std::find_if(arguments.begin(), arguments.end(), isFetch);
+         found != arguments.end();
+         found = std::find_if(arguments.begin(), arguments.end(), isFetch)) {
+        if (arguments.end() - found < 3) {
+            throw std::runtime_error("--fetch needs a URL and a FILE");
+        }
+        fetches.push_back({found[1], found[2]});
+        arguments.erase(found, found + 3);
+    }
+    return fetches;
+}
+
+bool fetch(const Fetch& wanted) {
+    const std::string part = wanted.file + ".part";
+    std::error_code ignored;
+    fs::remove(part, ignored);
+    try {
+        download(wanted, part);
+        std::printf("fetched %s\n", wanted.file.c_str());
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "orlek-movingmap: cannot fetch %s: %s\n", wanted.url.c_str(),
+                     error.what());
+        fs::remove(part, ignored);
+    }
+    return fs::exists(wanted.file, ignored);
+}
+
+bool samePath(const std::string& a, const std::string& b) {
+    return fs::absolute(a).lexically_normal() == fs::absolute(b).lexically_normal();
+}
+
+}  // namespace MovingMap

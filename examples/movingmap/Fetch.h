@@ -1,0 +1,26 @@
+// Files that are downloaded before the first picture.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace MovingMap {
+
+struct Fetch {
+    std::string url;
+    std::string file;
+};
+
+/// Takes "--fetch URL FILE", as often as it stands there, out of a program's arguments.
+/// Throws std::runtime_error when one of the two is missing.
+std::vector<Fetch> takeFetches(std::vector<char*>& arguments);
+
+/// Downloads a file over HTTP, port 80. A PNG file must be a whole picture. When that fails it says
+/// why on the standard error stream, and a file of that name stays as it was.
+/// @return whether there is such a file now, from now or before.
+bool fetch(const Fetch& wanted);
+
+/// Whether two paths name one file, as far as the texts tell.
+bool samePath(const std::string& a, const std::string& b);
+
+}  // namespace MovingMap

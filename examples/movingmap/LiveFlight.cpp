@@ -1,0 +1,111 @@
+// Ages are measured with the clock of this machine, from when a message was taken.
+#include "LiveFlight.h"
+
+#include <chrono>
+
+#include "Format.h"
+
+namespace MovingMap {
+
+namespace {
+
+constexpr double goneAfterOld =
+    5.0;  // Targets vanish at so many times the age at which they are old.
+constexpr std::size_t longestSource = 34;
+
+double secondsNow() {
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch())
+        .count();
+}
+
+std::vector<Position> positionsOf(const TrafficState::Target& target) {
+    std::vector<Position> positions;
+    for (const auto& point : target.trail) {
+        positions.push_back(point.position);
+    }
+    return positions;
+}
+
+OwnShipState ownStateOf(const Live& live) {
+    if (!live.ownAgeS) {
+        return OwnShipState::unknown;
+    }
+    return *live.ownAgeS > live.oldS ? OwnShipState::old : OwnShipState::current;
+}
+
+std::string ageText(double seconds) {
+    return seconds < 100.0 ? wholeNumber(seconds) + " S" : duration(seconds);
+}
+
+LiveNote stateNote(const Live& live) {
+    const std::string age = live.ageS ? "   " + ageText(*live.ageS) : "";
+    if (!live.connected) {
+        return {"NOT CONNECTED" + age, red};
+    }
+    if (!live.ageS) {
+        return {"NO DATA YET", amber};
+    }
+    if (*live.ageS > live.oldS) {
+        return {"DATA OLD" + age, red};
+    }
+    return {"LIVE   " + std::to_string(live.targets.size()) + " TARGETS", green};
+}
+
+}  // namespace
+
+LiveFlight::LiveFlight(const Options& options, const Flight& flight)
+    : mFlight(flight),
+      mFeed(options.feed.value()),
+      mTraffic(options.feedOldS * goneAfterOld),
+      mOldS(options.feedOldS),
+      mGoneS(options.feedOldS * goneAfterOld) {}
+
+void LiveFlight::update() {
+    const double nowS = secondsNow();
+    for (const FeedMessage& message : mFeed.poll(nowS)) {
+        mTraffic.take(message, nowS);
+    }
+    mTraffic.expire(nowS);
+}
+
+Live LiveFlight::live(double nowS) const {
+    Live live;
+    live.source = mFeed.source();
+    live.connected = mFeed.connected();
+    live.oldS = mOldS;
+    live.goneS = mGoneS;
+    live.ignored = mFeed.ignored();
+    if (mTraffic.heardS()) {
+        live.ageS = nowS - *mTraffic.heardS();
+    }
+    if (mTraffic.ownShip()) {
+        live.ownAgeS = nowS - mTraffic.ownShip()->heardS;
+    }
+    for (const auto& [number, target] : mTraffic.targets()) {
+        live.targets.push_back({target.last, nowS - target.heardS, positionsOf(target)});
+    }
+    return live;
+}
+
+Scene LiveFlight::scene() const {
+    Scene scene = mTraffic.ownShip() ? mFlight.sceneOf(mTraffic.ownShip()->last) : mFlight.scene();
+    scene.live = live(secondsNow());
+    scene.ownState = ownStateOf(*scene.live);
+    return scene;
+}
+
+std::vector<LiveNote> notesOf(const Live& live) {
+    std::vector<LiveNote> notes{{live.source.substr(0, longestSource), grey}, stateNote(live)};
+    const bool heard = live.ageS && *live.ageS <= live.oldS;
+    if (heard && !live.ownAgeS) {
+        notes.push_back({"NO OWN SHIP", red});
+    } else if (heard && *live.ownAgeS > live.oldS) {
+        notes.push_back({"OWN SHIP OLD   " + ageText(*live.ownAgeS), red});
+    }
+    if (live.ignored > 0) {
+        notes.push_back({std::to_string(live.ignored) + " BAD MESSAGES", amber});
+    }
+    return notes;
+}
+
+}  // namespace MovingMap

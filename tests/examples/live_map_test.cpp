@@ -1,0 +1,324 @@
+// Sender and map as two programs: what is drawn while data come, when they stop, when they are bad.
+#include <Orlek/Network.h>
+#include <arpa/inet.h>
+#include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <limits>
+#include <map>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "FeedMessage.h"
+#include "MapView.h"
+#include "Png.h"
+#include "RouteFile.h"
+#include "support/OwnNetwork.h"
+#include "support/Process.h"
+#include "support/TempDir.h"
+#include "traffic/Traffic.h"
+
+namespace {
+
+using namespace MovingMap;
+using OrlekSupport::Image;
+using OrlekTest::Process;
+
+int freePort(int type) {
+    const int socket = ::socket(AF_INET, type, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    socklen_t size = sizeof address;
+    bind(socket, reinterpret_cast<sockaddr*>(&address), size);
+    getsockname(socket, reinterpret_cast<sockaddr*>(&address), &size);
+    close(socket);
+    return ntohs(address.sin_port);
+}
+
+constexpr int width = 640;
+constexpr int height = 480;
+constexpr int infoHeight = 88;  // Two rows of figures.
+constexpr double fromS = 404.0;
+
+class LiveMap : public testing::Test {
+protected:
+    LiveMap() { std::filesystem::create_directory(mDir.path("tiles")); }
+
+    // Aircraft that stand still, so that it is known where they are.
+    std::vector<std::string> sender(const std::string& transport) const {
+        const std::string tcp = transport == "tcp" ? std::to_string(mTcpPort) : "0";
+        const std::string udp = transport == "udp" ? std::to_string(mUdpPort) : "0";
+        return {SENDER,   "--tcp", tcp,      "--udp", udp,         "--pace", "0",
+                "--from", "404",   "--rate", "20",    "--seconds", "60"};
+    }
+
+    std::vector<std::string> map(const std::string& url) const {
+        return {MAP,
+                "--feed",
+                url,
+                "--feed-old",
+                "0.5",
+                "--frames",
+                "400",
+                "--feed-seconds",
+                "60",
+                "--width",
+                "640",
+                "--height",
+                "480",
+                "--airspace",
+                "none",
+                "--tiles",
+                mDir.path("tiles"),
+                "--out",
+                mDir.path("map.png")};
+    }
+
+    std::string tcpUrl() const { return "tcp://127.0.0.1:" + std::to_string(mTcpPort); }
+    std::string udpUrl() const { return "udp://:" + std::to_string(mUdpPort); }
+
+    const OrlekTest::TempDir mDir;
+    const int mTcpPort = freePort(SOCK_STREAM);
+    const int mUdpPort = freePort(SOCK_DGRAM);
+};
+
+Image pictureOf(const std::string& line) {
+    return OrlekSupport::readPng(line.substr(0, line.find(": ")));
+}
+
+int countNear(const Image& image, Point at, bool (*wanted)(const std::array<int, 4>&)) {
+    int count = 0;
+    for (int y = -11; y <= 11; ++y) {
+        for (int x = -11; x <= 11; ++x) {
+            count +=
+                wanted(image.at(static_cast<int>(at.x) + x, height - static_cast<int>(at.y) + y));
+        }
+    }
+    return count;
+}
+
+bool isCyan(const std::array<int, 4>& pixel) {
+    return pixel[0] < 170 && pixel[1] > 180 && pixel[2] > 200;
+}
+
+bool isYellow(const std::array<int, 4>& pixel) {
+    return pixel[0] > 220 && pixel[1] > 180 && pixel[2] < 110;
+}
+
+bool isRed(const std::array<int, 4>& pixel) {
+    return pixel[0] > 200 && pixel[1] < 130 && pixel[2] < 120;
+}
+
+// Where the targets of the sender must be, those that no plate covers.
+std::vector<Point> placesOfTargets() {
+    const auto messages = Traffic::Traffic(defaultRoute(), 110.0, 5500.0).messagesAt(fromS);
+    const double metresPerPixel = 4.0 * metresPerMile / ((height - infoHeight) / 2.0 - 58.0);
+    const MapView view(std::get<OwnShipMessage>(messages[0]).position(), metresPerPixel, 0.0,
+                       Point(width / 2.0, (height + infoHeight) / 2.0), Point(width, height));
+    std::vector<Point> places;
+    for (std::size_t i = 1; i < messages.size(); ++i) {
+        const Point at = view.toScreen(std::get<TargetMessage>(messages[i]).position());
+        if (at.x > 220.0 && at.x < 500.0 && at.y > infoHeight + 50.0 && at.y < height - 50.0) {
+            places.push_back(at);
+        }
+    }
+    return places;
+}
+
+const Point ownPlace(width / 2.0, (height + infoHeight) / 2.0);
+
+void expectLive(const Image& image) {
+    EXPECT_GT(countNear(image, ownPlace, isYellow), 30);
+    const std::vector<Point> places = placesOfTargets();
+    ASSERT_GE(places.size(), 3U);
+    for (const Point& place : places) {
+        EXPECT_GT(countNear(image, place, isCyan), 20) << place.x << " " << place.y;
+    }
+}
+
+TEST_F(LiveMap, drawsWhatDatagramsTell) {
+    Process sending(sender("udp"), mDir.path("sender"));
+    Process drawing(map(udpUrl()), mDir.path("drawn"));
+    const std::string line = drawing.waitForLine("LIVE   12 TARGETS");
+    ASSERT_NE(line, "") << drawing.output();
+    expectLive(pictureOf(line));
+}
+
+// The line of a picture that was drawn when no data had come for so long.
+std::string waitForAge(Process& drawing, int seconds) {
+    const std::string state = "NOT CONNECTED   ";
+    std::string line;
+    int age = -1;
+    for (int i = 0; i < 400 && age < seconds; ++i) {
+        line = drawing.waitForLine(state);
+        age = line.empty() ? seconds : std::atoi(line.c_str() + line.find(state) + state.size());
+    }
+    return line;
+}
+
+TEST_F(LiveMap, showsThatTheSenderIsGoneAndFindsTheNextOne) {
+    Process drawing(map(tcpUrl()), mDir.path("drawn"));
+    {
+        Process sending(sender("tcp"), mDir.path("sender"));
+        const std::string live = drawing.waitForLine("LIVE   12 TARGETS");
+        ASSERT_NE(live, "") << drawing.output();
+        expectLive(pictureOf(live));
+        EXPECT_EQ(sending.stop(SIGTERM), 0);
+    }
+    const std::string gone = waitForAge(drawing, 3);
+    ASSERT_NE(gone, "") << drawing.output();
+    const Image image = pictureOf(gone);
+    EXPECT_GT(countNear(image, ownPlace, isRed), 30);
+    for (const Point& place : placesOfTargets()) {
+        EXPECT_EQ(countNear(image, place, isCyan), 0);
+    }
+    Process sending(sender("tcp"), mDir.path("sender"));
+    const std::string live = drawing.waitForLine("LIVE   12 TARGETS");
+    ASSERT_NE(live, "") << drawing.output();
+    expectLive(pictureOf(live));
+}
+
+std::vector<FeedMessage> badMessages() {
+    OwnShipMessage own;
+    own.lat = std::numeric_limits<double>::quiet_NaN();
+    TargetMessage target;
+    target.setName("no capitals");
+    return {own, target};
+}
+
+template <typename Send>
+void sendGoodAndBad(Send&& send) {
+    for (const FeedMessage& message : badMessages()) {
+        send(message);
+    }
+    send(OwnShipMessage{36.3, -84.2, 5500.0F, 90.0F, 110.0F, 0});
+}
+
+TEST_F(LiveMap, survivesABadDatagram) {
+    Process drawing(map(udpUrl()), mDir.path("drawn"));
+    ASSERT_NE(drawing.waitForLine("NO DATA YET"), "") << drawing.output();
+    Orlek::Network::SocketUdp socket;
+    ASSERT_TRUE(socket.openSendSocket(0x7F000001, mUdpPort, 0));
+    socket.write("", 0);
+    socket.write(std::string(60000, 'x').data(), 60000);
+    sendGoodAndBad([&](const FeedMessage& message) {
+        const auto header = headerOf(message);
+        std::string datagram(reinterpret_cast<const char*>(&header), sizeof header);
+        datagram.append(reinterpret_cast<const char*>(payloadOf(message).data()),
+                        payloadOf(message).size());
+        socket.write(datagram.data(), static_cast<unsigned int>(datagram.size()));
+    });
+    const std::string line = drawing.waitForLine("4 BAD MESSAGES");
+    EXPECT_NE(line.find("LIVE   0 TARGETS"), std::string::npos) << drawing.output();
+}
+
+TEST_F(LiveMap, survivesABadPeer) {
+    Orlek::Network::SocketTcpServer server;
+    ASSERT_TRUE(server.init(mTcpPort));
+    Process drawing(map(tcpUrl()), mDir.path("drawn"));
+    Orlek::Network::SocketTcp peer;
+    ASSERT_TRUE(server.acceptConnection(peer));
+    sendGoodAndBad([&](const FeedMessage& message) {
+        peer.writePackage(payloadOf(message).data(), headerOf(message), 0);
+    });
+    const std::string line = drawing.waitForLine("2 BAD MESSAGES");
+    EXPECT_NE(line.find("LIVE   0 TARGETS"), std::string::npos) << drawing.output();
+    // Noise, then a package that can never be whole: the map hangs up and comes again.
+    const std::string noise(100000, '\x5A');
+    ASSERT_GT(send(static_cast<int>(peer.sd()), noise.data(), noise.size(), MSG_NOSIGNAL), 0);
+    ASSERT_NE(drawing.waitForLine("Wrong KOVA version"), "");
+    std::array<char, 1> nothing{};
+    for (int i = 0; i < 300 && peer.connected(); ++i) {
+        Orlek::Network::MsgHeader header;
+        header.length = 0xFFFFFFFF;
+        send(static_cast<int>(peer.sd()), &header, sizeof header, MSG_NOSIGNAL);
+        peer.read(nothing.data(), nothing.size(), 100);
+    }
+    EXPECT_FALSE(peer.connected());
+    peer = Orlek::Network::SocketTcp();
+    ASSERT_TRUE(server.acceptConnection(peer));
+    sendGoodAndBad([&](const FeedMessage& message) {
+        peer.writePackage(payloadOf(message).data(), headerOf(message), 0);
+    });
+    EXPECT_NE(drawing.waitForLine("4 BAD MESSAGES"), "") << drawing.output();
+    peer.closeConnection();
+    server.closeConnection();
+}
+
+// Answers every request for a path with the bytes, as a web server would.
+void serve(Orlek::Network::SocketTcpServer& server,
+           const std::map<std::string, std::string>& files) {
+    Orlek::Network::SocketTcp client;
+    std::array<char, 2048> bytes{};
+    while (server.acceptConnection(client)) {
+        const int size = client.read(bytes.data(), bytes.size(), 5000);
+        const std::string request(bytes.data(), static_cast<std::size_t>(std::max(size, 0)));
+        const std::string path = request.substr(4, request.find(' ', 4) - 4);
+        const std::string answer = "HTTP/1.1 200 OK\r\n\r\n" + files.at(path);
+        send(static_cast<int>(client.sd()), answer.data(), answer.size(), MSG_NOSIGNAL);
+        client.closeConnection();
+        if (path == "/last.png") {
+            return;
+        }
+    }
+}
+
+TEST_F(LiveMap, fetchesAMapImageOrSaysWhyNot) {
+    Image blue(1, 1);
+    blue.rgba = {0, 0, 255, 255};
+    OrlekSupport::writePng(mDir.path("blue.png"), blue);
+    std::ifstream file(mDir.path("blue.png"), std::ios::binary);
+    const std::string png(std::istreambuf_iterator<char>(file), {});
+    const std::string page = "<html>no such file</html>";
+    const std::map<std::string, std::string> files = {
+        {"/good.png", png}, {"/page.png", page}, {"/cut.png", png.substr(0, 40)},
+        {"/empty.png", ""}, {"/page.zip", page}, {"/last.png", png}};
+    const struct {
+        std::string url;
+        std::string file;
+        const char* says;
+        bool there;
+    } rows[] = {
+        {"http://127.0.0.1/good.png", "new/good.png", "fetched ", true},
+        {"http://127.0.0.1/page.png", "page.png", "cannot fetch", false},
+        {"http://127.0.0.1/cut.png", "cut.png", "cannot fetch", false},
+        {"http://127.0.0.1/empty.png", "empty.png", "the answer has no file", false},
+        {"http://127.0.0.1/page.zip", "page.zip", "the answer is a page", false},
+        {"http://10.9.8.7/far.png", "far.png", "no answer", false},
+        {"http://127.0.0.1/page.png", "new/good.png", "cannot fetch", true},
+        {"http://127.0.0.1/last.png", "last.png", "fetched ", true},
+    };
+    const std::string skipped = OrlekTest::inOwnNetwork([&] {
+        Orlek::Network::SocketTcpServer server;
+        ASSERT_TRUE(server.init(80));
+        std::thread serving([&] { serve(server, files); });
+        for (const auto& [url, name, says, there] : rows) {
+            const std::string path = mDir.path(name);
+            Process drawing(
+                {MAP, "--fetch", url, path, "--map-image", path, "--width", "320", "--height",
+                 "240", "--tiles", mDir.path("tiles"), "--out", mDir.path("map.png")},
+                mDir.path("said"));
+            EXPECT_EQ(drawing.wait(), 0) << url << drawing.output();
+            EXPECT_NE(drawing.output().find(says), std::string::npos) << drawing.output();
+            EXPECT_EQ(
+                std::filesystem::exists(path) && OrlekSupport::readPng(path).rgba == blue.rgba,
+                there)
+                << url;
+        }
+        serving.join();
+        server.closeConnection();
+    });
+    if (!skipped.empty()) {
+        GTEST_SKIP() << skipped << ": downloads from port 80 are not tried";
+    }
+}
+
+}  // namespace
