@@ -1,5 +1,6 @@
 #include "network/SendQueue.h"
 
+#include <cerrno>
 #include <new>
 #include <utility>
 
@@ -7,7 +8,7 @@
 
 namespace Orlek::Detail {
 
-void SendQueue::push(std::span<const std::byte> header, std::span<const std::byte> payload,
+bool SendQueue::push(std::span<const std::byte> header, std::span<const std::byte> payload,
                      std::size_t sent) {
     try {
         Piece piece;
@@ -17,9 +18,11 @@ void SendQueue::push(std::span<const std::byte> header, std::span<const std::byt
         piece.sent = sent;
         mPieces.push_back(std::move(piece));
     } catch (const std::bad_alloc&) {
-        return;
+        errno = ENOMEM;
+        return false;
     }
     dropOldest();
+    return true;
 }
 
 void SendQueue::dropOldest() {

@@ -19,8 +19,8 @@ public:
     bool empty() const { return mPieces.empty(); }
 
     /// Appends the package of which `sent` bytes are out; more than 0 only when the queue is empty.
-    /// Without memory the package is lost.
-    void push(std::span<const std::byte> header, std::span<const std::byte> payload,
+    /// @return false, with errno set, when there is no memory: the package is lost then.
+    bool push(std::span<const std::byte> header, std::span<const std::byte> payload,
               std::size_t sent);
 
     /// Sends in order until the queue is empty or the socket takes no more.

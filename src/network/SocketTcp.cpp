@@ -178,8 +178,11 @@ int SocketTcp::writePackage(const void* payload, const MsgHeader& header, unsign
     }
     if (transfer.outcome == Outcome::failed) {
         report("SocketTcp::writePackage ret %d\n", -1);
-    } else if (transfer.bytes < size) {
-        mQueue->push(head, body, transfer.bytes);
+    } else if (transfer.bytes < size && !mQueue->push(head, body, transfer.bytes) &&
+               transfer.bytes > 0) {
+        // The receiver would take the next packages for the rest of this one.
+        reportSystemError("write");
+        closeConnection();
     }
     return 0;
 }

@@ -50,7 +50,8 @@ void closeSocket(int socket);
 /// Waits until connected (a datagram socket: until the destination is stored).
 bool connectSocket(int socket, const Endpoint& peer);
 
-/// Waits at most `timeoutMs`, then gives up: `again`. The socket may block afterwards.
+/// Waits at most `timeoutMs`, then gives up: `again`, errno ETIMEDOUT. The socket may block
+/// afterwards.
 Outcome connectSocket(int socket, const Endpoint& peer, unsigned int timeoutMs);
 
 bool bindSocket(int socket, const Endpoint& local);

@@ -30,8 +30,9 @@ namespace Orlek::Network {
 /// package sent in part starts over; a package received in part would be completed with bytes of
 /// the new peer. To start afresh, assign a new object: `link = SocketTcp();`.
 ///
-/// Copies share the descriptor. It is closed once, by whichever of them closes it first, and the
-/// others are not connected any more. The destructor does not close: call closeConnection().
+/// Copies share the descriptor, not the queue and the received bytes: let one of them read and one
+/// write. The descriptor is closed once, by whichever of them closes it first, and the others are
+/// not connected any more. The destructor does not close: call closeConnection().
 /// Neither does connecting an object that is connected already. One thread at a time may use an
 /// object.
 ///
@@ -97,8 +98,12 @@ public:
 
     /// Sends a package, or queues it. Never waits.
     ///
-    /// Prints "SocketTcp::writePackage ret %d\n" when the send failed; the package is lost then. A
-    /// package of more than 1,048,576 bytes, header included, is refused with a printed line.
+    /// Prints "SocketTcp::writePackage ret %d\n" when the send failed; the package is lost then. It
+    /// stays connected: that the peer has gone is for readPackage() to find, so call both. A
+    /// package of more than 1,048,576 bytes, header included, is refused with a printed line
+    /// (readPackage() takes one byte less). Without memory for the queue the package is lost; when
+    /// a part of it is out already the stream is beyond repair: the system's reason for "write" is
+    /// printed and the connection is closed.
     /// @param payload `header.length` bytes, which are copied; may be null when that is 0.
     /// @param header sent as it stands.
     /// @param size not used.

@@ -79,8 +79,7 @@ public:
     /// @param buffer room for @p size bytes. What a longer datagram has beyond is lost.
     /// @param size the size of the buffer in bytes.
     /// @return the number of bytes received, which is 0 for an empty datagram; -1 when not open,
-    /// when
-    ///         receiving fails, or when nothing is there on a socket that does not wait.
+    ///         when receiving fails, or when nothing is there on a socket that does not wait.
     int read(void* buffer, unsigned int size);
 
     /// Closes the socket, for all copies. Nothing happens when it is not open.

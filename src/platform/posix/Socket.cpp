@@ -84,6 +84,7 @@ Outcome waitFor(int socket, short events, std::optional<unsigned int> timeoutMs)
 Outcome finishConnect(int socket, std::optional<unsigned int> timeoutMs) {
     const Outcome outcome = waitFor(socket, POLLOUT, timeoutMs);
     if (outcome != Outcome::done) {
+        errno = outcome == Outcome::again ? ETIMEDOUT : errno;
         return outcome;
     }
     int error = 0;
