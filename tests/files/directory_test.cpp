@@ -1,7 +1,6 @@
 #include <Orlek/FileSystem/Directory.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -114,12 +113,9 @@ TEST(Directory, WalksDeepTreesWithFewDescriptors) {
     const std::string file = deep + "/file";
     close(open(file.c_str(), O_CREAT | O_WRONLY, 0600));
     const auto before = openFiles();
-    rlimit usual{};
-    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &usual), 0);
-    const rlimit few{static_cast<rlim_t>(before + 8), usual.rlim_max};
-    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &few), 0);
-    const Paths files = list(dir.path(), true);
-    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &usual), 0);
+    Paths files;
+    const auto few = static_cast<rlim_t>(before + 8);
+    ASSERT_TRUE(OrlekTest::withDescriptors(few, [&] { files = list(dir.path(), true); }));
     EXPECT_EQ(files, Paths{file});
     EXPECT_EQ(openFiles(), before);
 }

@@ -31,26 +31,16 @@ public:
 
     /// At any free port, or at `port`.
     static PlainPeer listening(int port = 0) {
-        PlainPeer peer(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
-        const sockaddr_in local = at(port);
-        if (bind(peer.mSocket, reinterpret_cast<const sockaddr*>(&local), sizeof(local)) != 0 ||
-            listen(peer.mSocket, 100) != 0) {
-            throw std::runtime_error("cannot listen");
-        }
+        PlainPeer peer = opened(::bind, port);
+        listen(peer.mSocket, 100);
         return peer;
     }
 
-    static PlainPeer connectedTo(int port) {
-        PlainPeer peer(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
-        const sockaddr_in remote = at(port);
-        if (connect(peer.mSocket, reinterpret_cast<const sockaddr*>(&remote), sizeof(remote)) !=
-            0) {
-            throw std::runtime_error("cannot connect");
-        }
-        return peer;
-    }
+    static PlainPeer connectedTo(int port) { return opened(::connect, port); }
 
-    PlainPeer accepted() const { return PlainPeer(accept(mSocket, nullptr, nullptr)); }
+    PlainPeer accepted() const {
+        return PlainPeer(accept4(mSocket, nullptr, nullptr, SOCK_CLOEXEC));
+    }
 
     int port() const {
         sockaddr_in local = {};
@@ -96,13 +86,26 @@ public:
 
     int descriptor() const { return mSocket; }
 
+    /// Asks for buffers of `bytes` in the system; those of a listening socket go to what it
+    /// accepts.
+    static void setBuffers(int socket, int bytes) {
+        setsockopt(socket, SOL_SOCKET, SO_SNDBUF, &bytes, sizeof(bytes));
+        setsockopt(socket, SOL_SOCKET, SO_RCVBUF, &bytes, sizeof(bytes));
+    }
+
 private:
-    static sockaddr_in at(int port) {
+    template <typename Call>
+    static PlainPeer opened(Call bindOrConnect, int port) {
+        PlainPeer peer(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
         sockaddr_in address = {};
         address.sin_family = AF_INET;
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
         address.sin_port = htons(static_cast<std::uint16_t>(port));
-        return address;
+        if (bindOrConnect(peer.mSocket, reinterpret_cast<const sockaddr*>(&address),
+                          sizeof(address)) != 0) {
+            throw std::runtime_error("cannot bind or connect");
+        }
+        return peer;
     }
 
     int mSocket;

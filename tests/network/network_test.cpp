@@ -1,7 +1,6 @@
 #include <Orlek/Network/Network.h>
 #include <arpa/inet.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 #include <map>
@@ -9,6 +8,7 @@
 
 #include "platform/Interfaces.h"
 #include "support/Capture.h"
+#include "support/OpenFiles.h"
 #include "support/OwnNetwork.h"
 
 namespace {
@@ -101,12 +101,8 @@ TEST(NetworkAdapters, AreThoseTheSystemShows) {
 // Without a descriptor the system cannot be asked.
 TEST(NetworkAdapters, ReportsWhenTheSystemDoesNotTell) {
     const std::string text = OrlekTest::captureStdout([] {
-        rlimit before{};
-        ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &before), 0);
-        const rlimit none{0, before.rlim_max};
-        ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
-        EXPECT_TRUE(Hosts::getNetworkAdapters().empty());
-        setrlimit(RLIMIT_NOFILE, &before);
+        EXPECT_TRUE(OrlekTest::withDescriptors(
+            0, [] { EXPECT_TRUE(Hosts::getNetworkAdapters().empty()); }));
     });
     EXPECT_EQ(text, "GetAdaptersInfo failed with error: 24\n");
 }

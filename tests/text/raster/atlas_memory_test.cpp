@@ -2,40 +2,13 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <cstdlib>
-#include <new>
 #include <string>
 #include <vector>
 
 #include "support/Capture.h"
+#include "support/FailingAllocation.h"
 #include "text/FreeTypeReference.h"
 #include "text/raster/FieldAtlas.h"
-
-namespace {
-
-constexpr std::size_t smallest = 4096;
-int allocationToFail = 0;  // counts down; 0: none fails
-
-}  // namespace
-
-// Not inlined: gcc would take malloc and operator delete, or operator new and free, for a mistake.
-[[gnu::noinline]] void* operator new(std::size_t size) {
-    if (size >= smallest && allocationToFail > 0 && --allocationToFail == 0) {
-        throw std::bad_alloc();
-    }
-    if (void* memory = std::malloc(size > 0 ? size : 1)) {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-
-[[gnu::noinline]] void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-
-[[gnu::noinline]] void operator delete(void* memory, std::size_t /*size*/) noexcept {
-    std::free(memory);
-}
 
 namespace Orlek::Detail {
 namespace {
@@ -56,9 +29,8 @@ Outcome build(const std::string& bytes, int failing) {
     GlyphSet font;
     Outcome outcome;
     outcome.lines = OrlekTest::captureStdout([&] {
-        allocationToFail = failing;
-        outcome.built = buildFieldAtlas(face, outcome.atlas, font);
-        allocationToFail = 0;
+        OrlekTest::failingAllocation(
+            failing, [&] { outcome.built = buildFieldAtlas(face, outcome.atlas, font); });
     });
     return outcome;
 }
