@@ -43,14 +43,11 @@ protected:
     /// Sends `bytes` to the link and waits until one receive gets them all.
     void arrive(const std::string& bytes) const {
         peer.send(bytes);
-        const auto there = [&] {
-            int count = 0;
-            ioctl(static_cast<int>(link.sd()), FIONREAD, &count);
-            return static_cast<std::size_t>(count) >= bytes.size();
-        };
-        for (int attempt = 0; !there(); ++attempt) {
+        int there = 0;
+        for (int attempt = 0; there < static_cast<int>(bytes.size()); ++attempt) {
             ASSERT_LT(attempt, 50000) << "the bytes got lost";
-            usleep(100);
+            usleep(attempt > 0 ? 100 : 0);
+            ioctl(static_cast<int>(link.sd()), FIONREAD, &there);
         }
     }
 

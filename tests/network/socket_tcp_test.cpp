@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <functional>
+#include <future>
 #include <thread>
 
 #include "LinkTest.h"
@@ -54,15 +55,12 @@ TEST_F(SocketTcpTest, DestructionLeavesTheDescriptorOpen) {
 TEST(SocketTcp, FailsToConnect) {
     const int port = freePort();
     const auto before = openFiles();
-    struct Row {
-        unsigned long address;
-        int port;
-    };
-    for (const Row& row : {Row{0, port}, Row{loopback, port}, Row{loopback, -1},
-                           Row{loopback, 65536 + port}, Row{0x17F000001, port}}) {
+    const std::vector<std::pair<unsigned long, int>> nobody = {
+        {0, port}, {loopback, port}, {loopback, -1}, {loopback, 65536 + port}, {0x17F000001, port}};
+    for (const auto& [address, badPort] : nobody) {
         SocketTcp link;
-        EXPECT_FALSE(link.createTcpClientSocket(row.address, row.port));
-        EXPECT_FALSE(link.createTcpClientSocketNonBlock(row.address, row.port, 1000));
+        EXPECT_FALSE(link.createTcpClientSocket(address, badPort));
+        EXPECT_FALSE(link.createTcpClientSocketNonBlock(address, badPort, 1000));
         EXPECT_FALSE(link.connected());
         EXPECT_EQ(link.sd(), ~std::uint64_t{0});
     }
@@ -96,11 +94,10 @@ double shortestWait(double limitMs, const std::function<void()>& wait) {
     for (int i = 0; i < 3 && shortest > limitMs + 50; ++i) {
         const auto start = std::chrono::steady_clock::now();
         wait();
-        const double took =
-            std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
-                .count();
-        EXPECT_GE(took, limitMs);
-        shortest = std::min(shortest, took);
+        const std::chrono::duration<double, std::milli> took =
+            std::chrono::steady_clock::now() - start;
+        EXPECT_GE(took.count(), limitMs);
+        shortest = std::min(shortest, took.count());
     }
     return shortest;
 }
@@ -264,6 +261,30 @@ TEST(SocketTcpServer, ServesThousandsInTurnAndHundredsAtOnce) {
     if (!allowed) {
         GTEST_SKIP() << "the system does not allow descriptors above 1023";
     }
+}
+
+TEST(SocketTcpServer, TalksToTheExampleInTheDocumentation) {
+    const int port = freePort();
+    SocketTcpServer server;
+    SocketTcp client;
+    ASSERT_TRUE(server.init(port));
+    const std::string program = "sed -n '/^```python$/,/^```$/{/^```/!p}' '" ORLEK_SOURCE_DIR
+                                "/docs/protocol.md' | timeout 60 python3 - ";
+    auto printed =
+        std::async(std::launch::async, [&] { return shell(program + std::to_string(port)); });
+    for (int attempt = 0; attempt < 50000 && !client.connected(); ++attempt) {
+        server.acceptConnectionNonBlock(client);
+    }
+    server.closeConnection();
+    std::string payload(1048551, ' ');
+    MsgHeader header;
+    EXPECT_EQ(readSoon(client, payload.data(), header), 7);
+    EXPECT_EQ(payload.substr(0, header.length), "hello from Python");
+    header.id = 8;
+    header.length = 2;
+    client.writePackage("hi", header, 2);
+    EXPECT_EQ(printed.get(), "package 8 says hi\n");
+    client.closeConnection();
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 
 namespace {
 
+using namespace OrlekTest;
 using Orlek::Network::SocketUdp;
 
 constexpr unsigned long loopback = 0x7F000001;
@@ -68,7 +69,7 @@ TEST(SocketUdp, CarriesDatagramsWholeAndInOrder) {
 TEST(SocketUdp, DoesNothingSilentlyWhenNotOpen) {
     SocketUdp socket;
     std::array<char, 4> buffer{};
-    const std::string text = OrlekTest::captureStderr([&] {
+    const std::string text = captureStderr([&] {
         for (const bool opened : {false, true}) {
             EXPECT_TRUE(!opened || socket.openSendSocket(loopback, port, 0));
             socket.closeConnection();
@@ -90,7 +91,7 @@ TEST(SocketUdp, TellsWhichStepFailedAndLeavesNoDescriptor) {
         const char* line;
     };
     SocketUdp socket;
-    const auto before = OrlekTest::openFiles();
+    const auto before = openFiles();
     for (const Row& row : {
              Row{true, loopback, -1, 100, "connect send socket: Invalid argument\n"},
              Row{true, loopback, 65536, 100, "connect send socket: Invalid argument\n"},
@@ -105,24 +106,21 @@ TEST(SocketUdp, TellsWhichStepFailedAndLeavesNoDescriptor) {
             EXPECT_FALSE(row.sends ? socket.openSendSocket(row.address, row.port, 0)
                                    : socket.openReceiveSocket(row.address, row.port, blocking));
         };
-        EXPECT_EQ(
-            OrlekTest::captureStderr([&] { OrlekTest::withDescriptors(row.descriptors, open); }),
-            row.line);
+        EXPECT_EQ(captureStderr([&] { withDescriptors(row.descriptors, open); }), row.line);
         EXPECT_FALSE(socket.connected());
     }
     ASSERT_TRUE(socket.openSendSocket(loopback, port, 0));
-    EXPECT_EQ(
-        OrlekTest::captureStderr([&] { EXPECT_EQ(send(socket, std::string(65508, 'x')), -1); }),
-        "write: Message too long\n");
+    EXPECT_EQ(captureStderr([&] { EXPECT_EQ(send(socket, std::string(65508, 'x')), -1); }),
+              "write: Message too long\n");
     socket.closeConnection();
-    EXPECT_EQ(OrlekTest::openFiles(), before);
+    EXPECT_EQ(openFiles(), before);
 }
 
 // The system reports the first datagram that nobody took at the second one.
 TEST(SocketUdp, KeepsSendingWhenNobodyListens) {
     SocketUdp sender;
     ASSERT_TRUE(sender.openSendSocket(loopback, port, 0));
-    const std::string text = OrlekTest::captureStderr([&] {
+    const std::string text = captureStderr([&] {
         for (int i = 0; i < 10; ++i) {
             EXPECT_EQ(send(sender, "lost"), 4);
         }
@@ -135,7 +133,7 @@ TEST(SocketUdp, KeepsSendingWhenNobodyListens) {
 }
 
 TEST(SocketUdp, CopiesShareADescriptorThatIsClosedOnce) {
-    const auto before = OrlekTest::openFiles();
+    const auto before = openFiles();
     SocketUdp receiver;
     ASSERT_TRUE(receiver.openReceiveSocket(loopback, port, nonBlocking));
     {
@@ -144,26 +142,26 @@ TEST(SocketUdp, CopiesShareADescriptorThatIsClosedOnce) {
         SocketUdp last;
         last = SocketUdp(first);
         ASSERT_TRUE(first.openSendSocket(loopback, port, 0));  // of its own from now on
-        EXPECT_EQ(OrlekTest::openFiles(), before + 3);
+        EXPECT_EQ(openFiles(), before + 3);
         EXPECT_EQ(send(last, "last"), 4);
         EXPECT_EQ(receive(receiver), "last");
 
         SocketUdp copy = last;
         last.closeConnection();
-        EXPECT_EQ(OrlekTest::openFiles(), before + 2);
+        EXPECT_EQ(openFiles(), before + 2);
         SocketUdp other;  // gets the number of the closed descriptor
         ASSERT_TRUE(other.openSendSocket(loopback, port, 0));
-        EXPECT_EQ(OrlekTest::captureStderr([&] { EXPECT_EQ(send(copy, "a"), -1); }),
+        EXPECT_EQ(captureStderr([&] { EXPECT_EQ(send(copy, "a"), -1); }),
                   "write: Bad file descriptor\n");
         copy.closeConnection();
         EXPECT_EQ(send(other, "other"), 5);
         EXPECT_EQ(receive(receiver), "other");
     }
-    EXPECT_EQ(OrlekTest::openFiles(), before + 1);
+    EXPECT_EQ(openFiles(), before + 1);
     for (int i = 0; i < 2000; ++i) {
         ASSERT_TRUE(receiver.openReceiveSocket(loopback, port, i % 2));
     }
-    EXPECT_EQ(OrlekTest::openFiles(), before + 1);
+    EXPECT_EQ(openFiles(), before + 1);
 }
 
 // Two networks joined by a wire: this thread is on the left, the other one on the right.
@@ -171,26 +169,25 @@ void checkBroadcast() {
     const std::string self = std::to_string(getpid());
     EXPECT_EQ(SocketUdp::getBroadcastAddress(), loopback) << "only loopback is there";
     SocketUdp sender;
-    EXPECT_EQ(
-        OrlekTest::captureStderr([&] { EXPECT_FALSE(sender.openSendSocket(0x0A0102FF, port, 0)); }),
-        "connect send socket: Network is unreachable\n");
+    EXPECT_EQ(captureStderr([&] { EXPECT_FALSE(sender.openSendSocket(0x0A0102FF, port, 0)); }),
+              "connect send socket: Network is unreachable\n");
     SocketUdp any;
     SocketUdp local;
     SocketUdp own;
     std::thread right([&] {
         ASSERT_EQ(unshare(CLONE_NEWNET), 0);
-        OrlekTest::shell("ip link add left type veth peer name right");
-        OrlekTest::shell("ip link set left netns " + self);
-        OrlekTest::shell("ip addr add 10.1.2.4/24 brd + dev right");
-        OrlekTest::shell("ip link set right up");
+        shell("ip link add left type veth peer name right");
+        shell("ip link set left netns " + self);
+        shell("ip addr add 10.1.2.4/24 brd + dev right");
+        shell("ip link set right up");
         EXPECT_EQ(SocketUdp::getBroadcastAddress(), 0x0A0102FFU);
         ASSERT_TRUE(any.openReceiveSocket(0, port, nonBlocking));
         ASSERT_TRUE(local.openReceiveSocket(0x0A0102FF, port, nonBlocking));
         ASSERT_TRUE(own.openReceiveSocket(0x0A010204, port + 1, nonBlocking));
     });
     right.join();
-    OrlekTest::shell("ip addr add 10.1.2.3/24 brd + dev left");
-    OrlekTest::shell("ip link set left up");
+    shell("ip addr add 10.1.2.3/24 brd + dev left");
+    shell("ip link set left up");
     ASSERT_TRUE(sender.openSendSocket(SocketUdp::getBroadcastAddress(), port, 0));
     EXPECT_EQ(send(sender, "to all"), 6);
     EXPECT_EQ(receive(any), "to all");
@@ -201,7 +198,7 @@ void checkBroadcast() {
 }
 
 TEST(SocketUdp, ReachesAllReceiversOnAWire) {
-    const std::string refusal = OrlekTest::inOwnNetwork(checkBroadcast);
+    const std::string refusal = inOwnNetwork(checkBroadcast);
     if (!refusal.empty()) {
         GTEST_SKIP() << refusal << ": broadcasts between two networks are left out";
     }
@@ -211,7 +208,7 @@ TEST(SocketUdp, FindsTheAddressOfThisHost) {
     const unsigned long address = SocketUdp::getHostAddress();
     std::string listed;
     try {
-        listed = OrlekTest::shell("getent ahostsv4 \"$(uname -n)\" | cut -d' ' -f1");
+        listed = shell("getent ahostsv4 \"$(uname -n)\" | cut -d' ' -f1");
     } catch (const std::runtime_error&) {  // the name of this host has no address
     }
     EXPECT_EQ(listed.empty(), address == 0);
