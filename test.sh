@@ -61,7 +61,7 @@ for step in "$@"; do
   case "$step" in
     style) style ;;
     release) build release --target all all_verify_interface_header_sets; run release ;;
-    asan) build asan; run asan ;;
+    asan) build asan --target orlek_tests; run asan ;;
     tsan) build tsan --target orlek_threads; run tsan -L threads ;;
     fuzz) build fuzz; run fuzz ;;
     *) echo "test.sh: unknown step $step (see ./test.sh --help)" >&2; exit 1 ;;
