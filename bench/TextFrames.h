@@ -3,12 +3,18 @@
 
 #include <GL/glew.h>
 #include <Orlek/Math/Matrix4.h>
+#include <Orlek/OpenGL/GlHandler.h>
+#include <Orlek/OpenGL/MatrixStack.h>
 #include <benchmark/benchmark.h>
 
 #include <string>
 #include <vector>
 
+#include "HeadlessContext.h"
+
 namespace OrlekBench {
+
+inline const char* const fontFile = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
 
 struct Label {
     std::string text;
@@ -32,6 +38,21 @@ inline std::vector<Label> makeLabels() {
 inline Orlek::Math::Matrix4<float> placed(const Label& label) {
     return {{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, label.x, label.y, 0, 1}};
 }
+
+/// What the benchmarks of one font share: a context whose units are pixels, and the labels.
+struct TextScene {
+    static constexpr int width = 1280;
+    static constexpr int height = 800;
+    OrlekSupport::HeadlessContext context{width, height};
+    std::vector<Label> labels = makeLabels();
+
+    TextScene() {
+        Orlek::OpenGL::GlHandler::instance();
+        glViewport(0, 0, width, height);
+        Orlek::OpenGL::MatrixSet(
+            {{2.0F / width, 0, 0, 0, 0, 2.0F / height, 0, 0, 0, 0, 1, 0, -1, -1, 0, 1}});
+    }
+};
 
 /// Times whole frames, after one in which the driver compiles its shaders. That one is read: as
 /// long as none was, llvmpipe takes twice the time for some runs of the same frames.

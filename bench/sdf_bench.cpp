@@ -12,10 +12,9 @@
 #include <stdexcept>
 
 #include "BareBatch.h"
-#include "HeadlessContext.h"
+#include "DistanceFieldLetter.h"
 #include "TextFrames.h"
 #include "platform/WholeFile.h"
-#include "text/raster/DistanceFieldLetter.h"
 #include "text/raster/FieldAtlas.h"
 
 namespace {
@@ -23,9 +22,6 @@ namespace {
 using namespace Orlek;
 using namespace OrlekBench;
 
-const char* const fontFile = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
-constexpr int width = 1280;
-constexpr int height = 800;
 constexpr unsigned fieldProgram = 6;
 constexpr int drawnSize = 16;
 
@@ -60,8 +56,8 @@ void buildAtlasAndLetter(benchmark::State& state) {
         Detail::GlyphAtlas atlas;
         Detail::GlyphSet glyphs;
         Detail::buildAtlas(face, 50, {1024, 28, 14}, atlas, glyphs);
-        const OrlekTest::DistanceFieldLetter letter(atlas.pixels.data(), atlas.width, atlas.height,
-                                                    atlas.width);
+        const OrlekBench::DistanceFieldLetter letter(atlas.pixels.data(), atlas.width, atlas.height,
+                                                     atlas.width);
         benchmark::DoNotOptimize(letter.field(8.0F).data());
     }
 }
@@ -92,17 +88,11 @@ void freetypeBitmapField(benchmark::State& state) {
 BENCHMARK(freetypeBitmapField)->Unit(benchmark::kMillisecond);
 
 /// One context, one font at the drawn size, its quads.
-struct Scene {
-    OrlekSupport::HeadlessContext context{width, height};
-    std::vector<Label> labels = makeLabels();
+struct Scene : TextScene {
     OpenGL::TextureFontSdf font;
     Detail::GlyphSet glyphs;
 
     Scene() {
-        OpenGL::GlHandler::instance();
-        glViewport(0, 0, width, height);
-        OpenGL::MatrixSet(
-            {{2.0F / width, 0, 0, 0, 0, 2.0F / height, 0, 0, 0, 0, 1, 0, -1, -1, 0, 1}});
         font.load(fontFile, drawnSize);
         Detail::FontFace face = openFace();
         Detail::GlyphAtlas atlas;

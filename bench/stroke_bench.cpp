@@ -15,7 +15,6 @@
 #include <vector>
 
 #include "BareBatch.h"
-#include "HeadlessContext.h"
 #include "TextFrames.h"
 #include "text/layout/BuiltInStrokeSet.h"
 
@@ -24,8 +23,6 @@ namespace {
 using namespace Orlek;
 using namespace OrlekBench;
 
-constexpr int width = 1280;
-constexpr int height = 800;
 constexpr double size = 12.0;
 constexpr unsigned strokeProgram = 7;
 
@@ -82,17 +79,8 @@ void draw(const BareBatch& bare) {
 }
 
 /// What all benchmarks share: one context, one font, the labels.
-struct Scene {
-    OrlekSupport::HeadlessContext context{width, height};
-    std::vector<Label> labels = makeLabels();
+struct Scene : TextScene {
     OpenGL::VectorFont font;
-
-    Scene() {
-        OpenGL::GlHandler::instance();
-        glViewport(0, 0, width, height);
-        OpenGL::MatrixSet(
-            {{2.0F / width, 0, 0, 0, 0, 2.0F / height, 0, 0, 0, 0, 1, 0, -1, -1, 0, 1}});
-    }
 
     void addAll() {
         font.clearVertex();

@@ -16,7 +16,6 @@
 #include <vector>
 
 #include "BareBatch.h"
-#include "HeadlessContext.h"
 #include "TextFrames.h"
 #include "platform/WholeFile.h"
 #include "text/raster/GlyphRaster.h"
@@ -30,11 +29,8 @@ namespace {
 using namespace Orlek;
 using namespace OrlekBench;
 
-const char* const fontFile = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
 constexpr int pixelSize = 12;
 constexpr unsigned glyphProgram = 5;
-constexpr int width = 1280;
-constexpr int height = 800;
 
 /// The glyphs of the font, as a program with an atlas of its own would keep them.
 std::array<OpenGL::GlyphInfo, Detail::slotCount> makeGlyphs() {
@@ -101,19 +97,11 @@ void draw(const BareBatch& bare, unsigned texture) {
 }
 
 /// What all benchmarks share: one context, one font, the labels.
-struct Scene {
-    OrlekSupport::HeadlessContext context{width, height};
-    std::vector<Label> labels = makeLabels();
+struct Scene : TextScene {
     OpenGL::TextureFont font;
     std::array<OpenGL::GlyphInfo, Detail::slotCount> glyphs = makeGlyphs();
 
-    Scene() {
-        OpenGL::GlHandler::instance();
-        glViewport(0, 0, width, height);
-        OpenGL::MatrixSet(
-            {{2.0F / width, 0, 0, 0, 0, 2.0F / height, 0, 0, 0, 0, 1, 0, -1, -1, 0, 1}});
-        font.load(fontFile, pixelSize);
-    }
+    Scene() { font.load(fontFile, pixelSize); }
 
     void addAll() {
         font.clearVertex();
@@ -196,7 +184,7 @@ void ftglTextureFont(benchmark::State& state) {
     font.FaceSize(pixelSize);
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
-    glOrtho(0, width, 0, height, -1, 1);
+    glOrtho(0, TextScene::width, 0, TextScene::height, -1, 1);
     measureFrames(state, [&] {
         for (const Label& label : scene().labels) {
             font.Render(label.text.c_str(), -1, FTPoint(label.x, label.y));
