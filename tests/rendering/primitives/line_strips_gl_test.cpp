@@ -179,27 +179,4 @@ TYPED_TEST(LineStripsTest, DiscardEarlierErrors) {
     }
 }
 
-TYPED_TEST(LineStripsTest, DrawAgainAfterClearAndShareUntilOneChanges) {
-    {
-        this->strips.addLineStrip(square);
-        EXPECT_EQ(this->pixelsOf(this->strips), 110);
-        const int names = this->newNames();
-        this->strips.clear();
-        this->strips.clear();
-        EXPECT_EQ(this->newNames(), 0);
-        EXPECT_EQ(this->pixelsOf(this->strips), 110);
-
-        TypeParam copy = this->strips;
-        copy.setColor({0, 1, 0, 1});
-        EXPECT_EQ(this->pixelsOf(copy), 110);
-        EXPECT_EQ(this->newNames(), names) << "shared";
-        copy.addLineStrip(this->horizontal(100.5F, 120.5F, 20.5F));
-        EXPECT_EQ(this->pixelsOf(copy), 130);
-        EXPECT_EQ(this->newNames(), 2 * names) << "parted";
-        EXPECT_EQ(this->pixelsOf(this->strips), 110);
-    }
-    this->strips.clear();
-    EXPECT_EQ(this->newNames(), 0) << "the copy's went with it";
-}
-
 }  // namespace

@@ -129,27 +129,4 @@ TEST_F(PolygonTest, StippleIsFixedToWindowPixels) {
     polygon.clear();
 }
 
-TEST_F(PolygonTest, CopiesShareUntilOneChanges) {
-    Polygon first = polygonOf(square);
-    EXPECT_EQ(pixelsOf(first), squarePixels);
-    Polygon second = first;
-    EXPECT_EQ(pixelsOf(second), squarePixels);
-    EXPECT_EQ(newNames(), 2);
-    second.addTessPolygon(filled({{100, 10}, {110, 10}, {110, 20}, {100, 20}}));
-    EXPECT_EQ(pixelsOf(second), squarePixels + 100);
-    EXPECT_EQ(pixelsOf(first), squarePixels);
-    EXPECT_EQ(newNames(), 4);
-    first = second;
-    EXPECT_EQ(pixelsOf(first), squarePixels + 100);
-    first.clear();
-    EXPECT_EQ(pixelsOf(second), squarePixels + 100);
-    second.clear();
-    EXPECT_EQ(newNames(), 2) << "what the assignment left waits for the next upload";
-    EXPECT_EQ(pixelsOf(second), squarePixels + 100) << "cleared, drawn again";
-    EXPECT_EQ(newNames(), 2);
-    second.clear();
-    second.clear();
-    EXPECT_EQ(newNames(), 0);
-}
-
 }  // namespace

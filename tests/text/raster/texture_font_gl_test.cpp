@@ -1,7 +1,6 @@
 // What the font draws, pixel by pixel beside FreeType's own bitmaps.
 #include <Orlek/OpenGL/TextureFont.h>
 
-#include <optional>
 
 #include "FontPicture.h"
 #include "support/GlTest.h"
@@ -142,24 +141,6 @@ TEST_F(TextureFontTest, ClearedFontsStartAnew) {
     const FontPicture atOnce = drawn([&] { write("again", 50); });
     EXPECT_FALSE(atOnce.blank());
     EXPECT_EQ(batchOf(font).distance(atOnce), 0);
-}
-
-TEST_F(TextureFontTest, CopiesPartWhenOneChangesAndOutliveEachOther) {
-    add(font, "shared", 20);
-    const FontPicture shared = batchOf(font);
-    std::optional<TextureFont> copy(font);
-    add(*copy, "more", 60);
-    const FontPicture both = batchOf(*copy);
-    EXPECT_GT(both.distance(shared), 0);
-    EXPECT_EQ(batchOf(font).distance(shared), 0);
-    TextureFont other;
-    other = *copy;
-    const TextureFont& same = other;
-    other = same;
-    copy.reset();
-    font.clear();
-    EXPECT_EQ(font.texture(), 0U);
-    EXPECT_EQ(batchOf(other).distance(both), 0);
 }
 
 }  // namespace

@@ -91,23 +91,4 @@ TEST_F(TextureFontLoadTest, DrawsBitmapFonts) {
     EXPECT_EQ(row(9, 9, 20), ".......#...");
 }
 
-TEST_F(TextureFontLoadTest, GivesEveryNameBack) {
-    for (const int pixelSize : {10, 200}) {
-        TextureFont font;
-        ASSERT_TRUE(font.load(sansFont, pixelSize));
-        font.addText("first", corner, TextureFont::CENTER);
-        font.render();
-        TextureFont copy(font);
-        copy.addText("x", {}, TextureFont::CENTER);
-        copy.render();
-        copy.render();
-        ASSERT_TRUE(font.load(sansFont, pixelSize + 1));
-        captureStdout([&] { EXPECT_FALSE(font.load("/missing", 1)); });
-        copy = font;
-    }
-    // Names given up by an assignment go with the next upload.
-    ASSERT_TRUE(TextureFont().load(sansFont, 9));
-    EXPECT_EQ(newNames(), 0);
-}
-
 }  // namespace

@@ -2,8 +2,6 @@
 #include <Orlek/OpenGL/VectorFont.h>
 
 #include <algorithm>
-#include <limits>
-#include <optional>
 
 #include "FontPicture.h"
 #include "support/GlTest.h"
@@ -196,26 +194,6 @@ TEST_F(VectorFontTest, StartsAnewAfterClearing) {
     EXPECT_LE(batchOf(font).distance(atOnce(font, "new", 10, 20)), 4);
 }
 
-TEST_F(VectorFontTest, CopiesPartWhenOneChangesAndOutliveEachOther) {
-    add(font, "ab", 10, 20);
-    const FontPicture shared = batchOf(font);
-    std::optional<VectorFont> copy(font);
-    EXPECT_EQ(newNames(), 5);
-    add(*copy, "c", 130, 20);
-    const FontPicture both = batchOf(*copy);
-    EXPECT_GT(both.distance(shared), 0);
-    EXPECT_EQ(batchOf(font).distance(shared), 0);
-    VectorFont other;
-    other = *copy;
-    const VectorFont& same = other;
-    other = same;
-    copy.reset();
-    font.clear();
-    EXPECT_EQ(batchOf(other).distance(both), 0);
-    other.clear();
-    EXPECT_EQ(newNames(), 0);
-}
-
 TEST_F(VectorFontTest, DrawsASetOfTheApplication) {
     // Code 0 is blank, code 1 a bar 10 units high; the pen moves by 5 units.
     const CHARDEF_STRUCT bars[] = {{0, 0, 1}, {0, 0, 3}, {1, 0, 1}, {1, 10, 3}};
@@ -242,17 +220,6 @@ TEST_F(VectorFontTest, DrawsASetOfTheApplication) {
     const FontPicture letter = atOnce(builtIn, "A", 10, 20);
     builtIn.vectorFontInit(&own);
     EXPECT_EQ(atOnce(builtIn, "A", 10, 20).distance(letter), 0);
-}
-
-TEST_F(VectorFontTest, StaysQuietWithNumbersThatMakeNoSense) {
-    for (const double odd : {0.0, -20.0, 1e300, std::numeric_limits<double>::quiet_NaN()}) {
-        add(font, "A", 1, 1);
-        font.addText("A", {{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1}}, odd,
-                     VectorFont::CENTER);
-        silently([&] { font.render(); });
-        silently([&] { font.renderFont("A", odd, VectorFont::CENTER); });
-        silently([&] { font.renderFont(odd, odd, "A", 10.0, VectorFont::CENTER); });
-    }
 }
 
 TEST_F(VectorFontTest, ReportsALineWidthThatIsNone) {
