@@ -147,7 +147,7 @@ TEST_F(HeightMapTest, The16thLowResolutionTileUnloadsTheFirst) {
     const auto lat = [](int n) { return n < 9 ? 40 : -10; };
     const auto lon = [](int n) { return -180 + n % 9 * 40; };
     for (int n = 0; n < 16; ++n) {
-        char name[32];
+        char name[64];
         std::snprintf(name, sizeof name, "%c%03dN%02d.SRTMGL30.zip", lon(n) < 0 ? 'W' : 'E',
                       std::abs(lon(n)), lat(n) + 50);
         dir.write(name, archive);
