@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "support/GlTest.h"
 #include "text/FreeTypeReference.h"
 
 namespace OrlekTest {
@@ -38,6 +39,26 @@ struct FontPicture {
     }
 };
 
+/// Columns and rows of the pixels that are at least half covered.
+struct Box {
+    int left = 10000, bottom = 10000, right = -1, top = -1;
+
+    explicit Box(FontPicture picture) {
+        for (int y = 0; y < picture.height; ++y) {
+            for (int x = 0; x < picture.width; ++x) {
+                if (picture.at(x, y) > 127) {
+                    left = std::min(left, x);
+                    right = std::max(right, x);
+                    bottom = std::min(bottom, y);
+                    top = std::max(top, y);
+                }
+            }
+        }
+    }
+    int width() const { return right - left + 1; }
+    int height() const { return top - bottom + 1; }
+};
+
 /// Blends a text in white, its pen starting at (x, y).
 inline void drawReference(FontPicture& picture, const ReferenceFont& font, const std::string& text,
                           int x, int y) {
@@ -65,5 +86,25 @@ inline FontPicture readPicture(int width, int height) {
     }
     return picture;
 }
+
+inline Orlek::Math::Matrix4<float> placedAt(float x, float y) {
+    return {{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, x, y, 0, 1}};
+}
+
+class FontTest : public GlTest {
+protected:
+    /// The picture that a function draws on black.
+    template <typename Function>
+    static FontPicture drawn(Function&& draw) {
+        wipe();
+        silently(draw);
+        return readPicture(width, height);
+    }
+
+    template <typename Font>
+    static FontPicture batchOf(Font& font) {
+        return drawn([&] { font.render(); });
+    }
+};
 
 }  // namespace OrlekTest

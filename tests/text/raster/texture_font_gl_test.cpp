@@ -1,16 +1,14 @@
 // What the font draws, pixel by pixel beside FreeType's own bitmaps.
 #include <Orlek/OpenGL/TextureFont.h>
 
-
 #include "FontPicture.h"
-#include "support/GlTest.h"
 
 namespace {
 
 using namespace Orlek::OpenGL;
 using namespace OrlekTest;
 
-class TextureFontTest : public GlTest {
+class TextureFontTest : public FontTest {
 protected:
     static constexpr int pixelSize = 16;
 
@@ -19,21 +17,9 @@ protected:
         ASSERT_TRUE(font.load(sansFont, pixelSize));
     }
 
-    /// The picture that a function draws on black.
-    template <typename Function>
-    static FontPicture drawn(Function&& draw) {
-        wipe();
-        silently(draw);
-        return readPicture(width, height);
-    }
-
-    static FontPicture batchOf(TextureFont& drawing) {
-        return drawn([&] { drawing.render(); });
-    }
-
     static void add(TextureFont& drawing, const std::string& text, float y,
                     TextureFont::Alignment alignment = TextureFont::BOTTOM_LEFT) {
-        drawing.addText(text, {{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 100, y, 0, 1}}, alignment);
+        drawing.addText(text, placedAt(100, y), alignment);
     }
 
     /// Drawn at once.

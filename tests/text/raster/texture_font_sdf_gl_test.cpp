@@ -2,34 +2,13 @@
 #include <Orlek/OpenGL/TextureFontSdf.h>
 
 #include "FontPicture.h"
-#include "support/GlTest.h"
 
 namespace {
 
 using namespace Orlek::OpenGL;
 using namespace OrlekTest;
 
-/// Columns and rows of the pixels that are at least half covered.
-struct Box {
-    int left = 10000, bottom = 10000, right = -1, top = -1;
-
-    explicit Box(FontPicture picture) {
-        for (int y = 0; y < picture.height; ++y) {
-            for (int x = 0; x < picture.width; ++x) {
-                if (picture.at(x, y) > 127) {
-                    left = std::min(left, x);
-                    right = std::max(right, x);
-                    bottom = std::min(bottom, y);
-                    top = std::max(top, y);
-                }
-            }
-        }
-    }
-    int width() const { return right - left + 1; }
-    int height() const { return top - bottom + 1; }
-};
-
-class TextureFontSdfTest : public GlTest {
+class TextureFontSdfTest : public FontTest {
 protected:
     void SetUp() override {
         GlTest::SetUp();
@@ -38,20 +17,14 @@ protected:
 
     FontPicture atOnce(const std::string& text, double x, double y,
                        TextureFontSdf::Alignment align = TextureFontSdf::BOTTOM_LEFT) {
-        wipe();
-        silently([&] { font.renderFont(x, y, text, align); });
-        return readPicture(width, height);
+        return drawn([&] { font.renderFont(x, y, text, align); });
     }
 
     FontPicture batched(const std::string& text, float x, float y,
                         TextureFontSdf::Alignment align = TextureFontSdf::BOTTOM_LEFT) {
-        wipe();
-        silently([&] {
-            font.clearVertex();
-            font.addText(text, {{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, x, y, 0, 1}}, align);
-            font.render();
-        });
-        return readPicture(width, height);
+        font.clearVertex();
+        font.addText(text, placedAt(x, y), align);
+        return batchOf(font);
     }
 
     TextureFontSdf font;

@@ -1,10 +1,7 @@
 // What the stroke font draws, read back.
 #include <Orlek/OpenGL/VectorFont.h>
 
-#include <algorithm>
-
 #include "FontPicture.h"
-#include "support/GlTest.h"
 
 namespace {
 
@@ -16,41 +13,12 @@ constexpr double unit = 4.0;
 constexpr double size = 15.97 * unit;
 constexpr double advance = 13.120160 * unit;
 
-struct Bounds {
-    int left, bottom, right, top;
-};
-
-/// The box of the pixels that are at least half covered.
-Bounds boundsOf(FontPicture picture) {
-    Bounds box{picture.width, picture.height, -1, -1};
-    for (int y = 0; y < picture.height; ++y) {
-        for (int x = 0; x < picture.width; ++x) {
-            if (picture.at(x, y) >= 128) {
-                box = {std::min(box.left, x), std::min(box.bottom, y), std::max(box.right, x),
-                       std::max(box.top, y)};
-            }
-        }
-    }
-    return box;
-}
-
-class VectorFontTest : public GlTest {
+class VectorFontTest : public FontTest {
 protected:
     void SetUp() override {
         GlTest::SetUp();
         glDisable(GL_LINE_SMOOTH);
         glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-    }
-
-    template <typename Function>
-    static FontPicture drawn(Function&& draw) {
-        wipe();
-        silently(draw);
-        return readPicture(width, height);
-    }
-
-    static FontPicture batchOf(VectorFont& font) {
-        return drawn([&] { font.render(); });
     }
 
     static FontPicture atOnce(VectorFont& font, const std::string& text, double x, double y,
@@ -60,12 +28,12 @@ protected:
 
     static void add(VectorFont& font, const std::string& text, float x, float y,
                     VectorFont::Alignment align = VectorFont::BOTTOM_LEFT) {
-        font.addText(text, {{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, x, y, 0, 1}}, size, align);
+        font.addText(text, placedAt(x, y), size, align);
     }
 
     static void expectBox(const FontPicture& picture, double left, double bottom, double right,
                           double top) {
-        const Bounds box = boundsOf(picture);
+        const Box box(picture);
         EXPECT_NEAR(box.left, left, 1.5);
         EXPECT_NEAR(box.bottom, bottom, 1.5);
         EXPECT_NEAR(box.right, right, 1.5);
