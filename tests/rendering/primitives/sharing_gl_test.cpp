@@ -74,6 +74,7 @@ protected:
         first = other;
         EXPECT_EQ(pixelsOf(first), after);
         first.clear();
+        EXPECT_EQ(pixelsOf(other), after) << "still has what both shared";
         other.clear();
         Lines next;  // whose upload deletes what assignments have left behind
         next.setRect(1, 1);
