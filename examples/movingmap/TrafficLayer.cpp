@@ -16,6 +16,7 @@ namespace {
 
 constexpr double symbolReach = 11.0;
 constexpr double lineStep = 1.45;  // Of the height of capitals.
+constexpr std::size_t trailPieces = 3;
 constexpr double arrowWidth = 11.0;
 
 Colour faded(const Colour& colour, double alpha) {
@@ -31,7 +32,7 @@ Colour colourOf(const LiveTarget& target, const Live& live) {
         return cyan;
     }
     const double share = (target.ageS - live.oldS) / (live.goneS - live.oldS);
-    return faded(grey, 0.9 - 0.5 * std::clamp(share, 0.0, 1.0));
+    return faded(grey, 1.0 - 0.4 * std::clamp(share, 0.0, 1.0));
 }
 
 // Tip, right end, notch, left end.
@@ -57,6 +58,20 @@ void drawSymbol(Canvas& canvas, const Polyline& outline, const Colour& colour, b
                         .rimWidth = filled ? 0.0 : 1.1 * unit});
 }
 
+// A third of a trail; the last one reaches the target.
+Polyline trailPiece(const MapView& view, const LiveTarget& target, std::size_t piece) {
+    const std::size_t count = target.trail.size();
+    const std::size_t end = std::min(count, count * (piece + 1) / trailPieces + 1);
+    Polyline line;
+    for (std::size_t i = count * piece / trailPieces; i < end; ++i) {
+        line.push_back(view.toScreen(target.trail[i]));
+    }
+    if (piece + 1 == trailPieces) {
+        line.push_back(view.toScreen(target.last.position()));
+    }
+    return line;
+}
+
 void drawTrend(Canvas& canvas, Point foot, double height, int trend, const Colour& colour) {
     const Point low(foot.x, foot.y);
     const Point high(foot.x, foot.y + height);
@@ -79,30 +94,31 @@ public:
           mTrend(verticalTrend(target.last)),
           mColour(colourOf(target, *scene.live)) {
         if (isOld(target, *scene.live)) {
-            mAge = wholeNumber(target.ageS) + " S";
+            mAge = "  " + wholeNumber(target.ageS) + " S";
         }
     }
 
     Point size() const {
-        const double trend = mTrend == 0 ? 0.0 : arrowWidth * mCanvas.unit;
-        return Point(std::max(text().width(mName), text().width(secondLine()) + trend),
+        return Point(std::max(text().width(mName), ageAt() + text().width(mAge)),
                      text().capHeight() * (1.0 + lineStep));
     }
 
     void draw(Point corner) const {
         const double cap = text().capHeight();
         text().add(mName, Point(corner.x, corner.y + cap * lineStep), Align::left, mColour);
-        text().add(secondLine(), corner, Align::left, mColour);
+        text().add(mAltitude, corner, Align::left, mColour);
+        text().add(mAge, Point(corner.x + ageAt(), corner.y), Align::left, mColour);
         if (mTrend != 0) {
-            const double x =
-                corner.x + text().width(secondLine()) + 0.6 * arrowWidth * mCanvas.unit;
+            const double x = corner.x + text().width(mAltitude) + 0.6 * arrowWidth * mCanvas.unit;
             drawTrend(mCanvas, Point(x, corner.y), cap, mTrend, mColour);
         }
     }
 
 private:
     LabelText& text() const { return mCanvas.smallLabel; }
-    std::string secondLine() const { return mAge.empty() ? mAltitude : mAltitude + "  " + mAge; }
+    double ageAt() const {
+        return text().width(mAltitude) + (mTrend == 0 ? 0.0 : arrowWidth * mCanvas.unit);
+    }
 
     Canvas& mCanvas;
     std::string mName;
@@ -115,25 +131,19 @@ private:
 }  // namespace
 
 void drawTrails(Canvas& canvas, const MapView& view, const Live& live) {
-    constexpr std::size_t pieces = 3;
-    for (std::size_t piece = 0; piece < pieces; ++piece) {
-        for (const LiveTarget& target : live.targets) {
-            Polyline line;
-            const std::size_t count = target.trail.size();
-            for (std::size_t i = count * piece / pieces;
-                 i < std::min(count, count * (piece + 1) / pieces + 1); ++i) {
-                line.push_back(view.toScreen(target.trail[i]));
+    for (const bool old : {true, false}) {
+        for (std::size_t piece = 0; piece < trailPieces; ++piece) {
+            for (const LiveTarget& target : live.targets) {
+                if (isOld(target, live) == old) {
+                    canvas.stroke.polyline(trailPiece(view, target, piece));
+                }
             }
-            if (piece + 1 == pieces) {
-                line.push_back(view.toScreen(target.last.position()));
-            }
-            canvas.stroke.polyline(line);
+            const double alpha = 0.45 + 0.22 * static_cast<double>(piece);
+            canvas.stroke.draw({.colour = faded(old ? grey : cyan, alpha),
+                                .width = 2.2 * canvas.unit,
+                                .rim = faded(black, 0.4 * alpha),
+                                .rimWidth = canvas.unit});
         }
-        const double alpha = 0.45 + 0.22 * static_cast<double>(piece);
-        canvas.stroke.draw({.colour = faded(cyan, alpha),
-                            .width = 2.2 * canvas.unit,
-                            .rim = faded(black, 0.4 * alpha),
-                            .rimWidth = canvas.unit});
     }
 }
 
