@@ -9,6 +9,7 @@
 #include <Orlek/Network/MsgHeader.h>
 
 #include <cstddef>
+#include <cstring>
 #include <memory>
 #include <span>
 
@@ -41,14 +42,38 @@ public:
     /// Where the next bytes of the stream go. Never empty after next() found nothing.
     std::span<std::byte> room();
     /// `count` bytes have been put at the start of room().
-    void added(std::size_t count) { mCount += count; }
+    void added(std::size_t count) { mEnd += count; }
     /// Drops all bytes that wait.
-    void clear() { mOffset = mCount = 0; }
+    void clear() { mOffset = mEnd = 0; }
 
 private:
     std::unique_ptr<std::byte[]> mBytes;
     std::size_t mOffset = 0;  ///< of the first byte that waits
-    std::size_t mCount = 0;   ///< of bytes that wait
+    std::size_t mEnd = 0;     ///< behind the last
 };
+
+// Here so that a backlog is handed out without a call into another file for each package.
+inline PackageFraming::Found PackageFraming::next() {
+    using Network::MsgHeader;
+    Found found;
+    const std::size_t waiting = mEnd - mOffset;
+    if (waiting < sizeof(MsgHeader)) {
+        return found;
+    }
+    const std::byte* start = mBytes.get() + mOffset;
+    std::memcpy(&found.header, start, sizeof(MsgHeader));
+    if (found.header.version != version) {
+        found.state = State::wrongVersion;
+        clear();
+    } else if (found.header.length > capacity - sizeof(MsgHeader)) {
+        found.state = State::tooLong;
+        clear();
+    } else if (const std::size_t size = sizeof(MsgHeader) + found.header.length; waiting >= size) {
+        found.state = State::package;
+        found.payload = {start + sizeof(MsgHeader), found.header.length};
+        mOffset += size;
+    }
+    return found;
+}
 
 }  // namespace Orlek::Detail
