@@ -6,7 +6,7 @@ run_packages="cmake ninja-build g++ pkg-config libglew-dev libgl-dev libglu1-mes
 test_packages="libgtest-dev clang libclang-rt-14-dev clang-format doxygen gdal-bin xvfb xauth
   iproute2 nginx python3"
 bench_packages="libbenchmark-dev libgdal-dev libgeographiclib-dev libftgl-dev libcairo2-dev
-  gdal-bin"
+  libasio-dev libnng-dev libzmq3-dev gdal-bin"
 
 # shellcheck disable=SC2086  # lists and prefixes are meant to be split
 install_packages() {
