@@ -104,7 +104,8 @@ TEST(DistanceField, EqualsThePlainTransformOnMadeImages) {
 
 TEST(DistanceField, ReplacesTheAtlasOfAFontInPlace) {
     const std::string bytes = OrlekTest::readFont(OrlekTest::sansFont);
-    FontFace face(openFreeType(), bytes.data(), static_cast<int>(bytes.size()));
+    static FT_LibraryRec_* const library = openFreeType();
+    FontFace face(library, bytes.data(), static_cast<int>(bytes.size()));
     GlyphAtlas plain;
     GlyphAtlas field;
     GlyphSet glyphs;
