@@ -12,9 +12,9 @@
 #include <stdexcept>
 
 #include "BareBatch.h"
-#include "DistanceFieldLetter.h"
 #include "TextFrames.h"
 #include "platform/WholeFile.h"
+#include "text/raster/DistanceFieldLetter.h"
 #include "text/raster/FieldAtlas.h"
 
 namespace {
@@ -56,8 +56,8 @@ void buildAtlasAndLetter(benchmark::State& state) {
         Detail::GlyphAtlas atlas;
         Detail::GlyphSet glyphs;
         Detail::buildAtlas(face, 50, {1024, 28, 14}, atlas, glyphs);
-        const OrlekBench::DistanceFieldLetter letter(atlas.pixels.data(), atlas.width, atlas.height,
-                                                     atlas.width);
+        const OrlekTest::DistanceFieldLetter letter(atlas.pixels.data(), atlas.width, atlas.height,
+                                                    atlas.width);
         benchmark::DoNotOptimize(letter.field(8.0F).data());
     }
 }

@@ -1,5 +1,5 @@
 // The distance field of a coverage image, as its rules read, step by step and pixel by pixel: slow,
-// and what the transform of the library equals in every byte.
+// and what the library's own transform must equal in every byte.
 //
 // All arithmetic is in single precision except where a comparison is said to be double.
 #pragma once
@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-namespace OrlekBench {
+namespace OrlekTest {
 
 class DistanceFieldLetter {
 public:
@@ -187,4 +187,4 @@ private:
     int mIterations = 0;
 };
 
-}  // namespace OrlekBench
+}  // namespace OrlekTest
