@@ -80,7 +80,8 @@ bool fetch(const Fetch& wanted) {
 }
 
 bool samePath(const std::string& a, const std::string& b) {
-    return fs::absolute(a).lexically_normal() == fs::absolute(b).lexically_normal();
+    return !a.empty() && !b.empty() &&
+           fs::absolute(a).lexically_normal() == fs::absolute(b).lexically_normal();
 }
 
 }  // namespace MovingMap

@@ -20,7 +20,7 @@ std::vector<Fetch> takeFetches(std::vector<char*>& arguments);
 /// @return whether there is such a file now, from now or before.
 bool fetch(const Fetch& wanted);
 
-/// Whether two paths name one file, as far as the texts tell.
+/// Whether two paths name one file, as far as the texts tell; an empty one names none.
 bool samePath(const std::string& a, const std::string& b);
 
 }  // namespace MovingMap

@@ -68,11 +68,11 @@ public:
     }
 
     /// Waits until a whole line with this text has been written behind the lines returned so far,
-    /// 30 s at most.
+    /// two minutes at most.
     /// @return the line; empty when none came
     std::string waitForLine(const std::string& text) {
         using namespace std::chrono;
-        for (const auto end = steady_clock::now() + seconds(30); steady_clock::now() < end;
+        for (const auto end = steady_clock::now() + minutes(2); steady_clock::now() < end;
              std::this_thread::sleep_for(milliseconds(10))) {
             const std::string all = output();
             const std::size_t at = all.find(text, mRead);
