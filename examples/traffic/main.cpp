@@ -6,10 +6,10 @@
 #include <exception>
 #include <thread>
 
+#include "AirTraffic.h"
 #include "Options.h"
 #include "RouteFile.h"
 #include "Sender.h"
-#include "Traffic.h"
 
 namespace {
 
@@ -43,7 +43,7 @@ void announce(const Options& options) {
 }
 
 void run(const Options& options) {
-    const Traffic::Traffic traffic(
+    const AirTraffic traffic(
         options.route.empty() ? MovingMap::defaultRoute() : MovingMap::readRouteFile(options.route),
         options.speedKt, options.altitudeFt);
     Sender sender(options);

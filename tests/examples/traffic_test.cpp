@@ -10,8 +10,8 @@
 
 #include "FeedMessage.h"
 #include "RouteFile.h"
+#include "traffic/AirTraffic.h"
 #include "traffic/Racetrack.h"
-#include "traffic/Traffic.h"
 
 namespace {
 
@@ -133,7 +133,7 @@ TEST(Racetrack, positionTrackAndAltitudeAgree) {
 }
 
 TEST(Traffic, keepsToTheFormatForHours) {
-    const Traffic::Traffic traffic(defaultRoute(), 110.0, 5500.0);
+    const Traffic::AirTraffic traffic(defaultRoute(), 110.0, 5500.0);
     for (double seconds = 0.0; seconds < 20000.0; seconds += 7.3) {
         const auto messages = traffic.messagesAt(seconds);
         ASSERT_EQ(messages.size(), 13U);

@@ -1,5 +1,5 @@
 // Each target's track lies beside a place of the route, so that there is traffic along any route.
-#include "Traffic.h"
+#include "AirTraffic.h"
 
 #include <Orlek/Geodetic.h>
 
@@ -59,7 +59,7 @@ Racetrack racetrackOf(const Plan& plan, const Position& beside, double altitudeF
 
 }  // namespace
 
-Traffic::Traffic(const Route& route, double speedKt, double altitudeFt)
+AirTraffic::AirTraffic(const Route& route, double speedKt, double altitudeFt)
     : mPath(flyRoute(route, standardRateRadiusM(speedKt))),
       mSpeedKt(speedKt),
       mAltitudeFt(altitudeFt) {
@@ -70,7 +70,7 @@ Traffic::Traffic(const Route& route, double speedKt, double altitudeFt)
     }
 }
 
-OwnShipMessage Traffic::ownShipAt(double seconds) const {
+OwnShipMessage AirTraffic::ownShipAt(double seconds) const {
     const double flownM = mSpeedKt * metresPerMile / 3600.0 * seconds;
     const PathState state = stateAt(mPath, std::fmod(flownM, mPath.lengthM()));
     OwnShipMessage own;
@@ -82,7 +82,7 @@ OwnShipMessage Traffic::ownShipAt(double seconds) const {
     return own;
 }
 
-std::vector<FeedMessage> Traffic::messagesAt(double seconds) const {
+std::vector<FeedMessage> AirTraffic::messagesAt(double seconds) const {
     std::vector<FeedMessage> messages{ownShipAt(seconds)};
     for (const Target& target : mTargets) {
         const Motion motion = motionAt(target.racetrack, target.startS + seconds);

@@ -12,11 +12,11 @@ namespace Traffic {
 
 /// A dozen made-up aircraft around an own ship that flies a route again and again. The state
 /// follows from the time alone.
-class Traffic {
+class AirTraffic {
 public:
     /// @param speedKt of the own ship, knots over ground, above 0
     /// @param altitudeFt of the own ship, feet
-    Traffic(const MovingMap::Route& route, double speedKt, double altitudeFt);
+    AirTraffic(const MovingMap::Route& route, double speedKt, double altitudeFt);
 
     /// The messages of a moment: the own ship, then the targets.
     /// @param seconds since the own ship was at the start of the route, 0 or more
