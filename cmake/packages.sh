@@ -1,8 +1,8 @@
 # Sourced by run.sh and test.sh: installs what is missing of a list of Debian packages.
 
 run_packages="cmake ninja-build g++ pkg-config libglew-dev libgl-dev libglu1-mesa-dev libegl-dev libglfw3-dev
-  libfreetype-dev zlib1g-dev libpng-dev libgl1-mesa-dri libegl-mesa0 fonts-dejavu-core
-  python-matplotlib-data"
+  libfreetype-dev libtinyxml-dev zlib1g-dev libpng-dev libgl1-mesa-dri libegl-mesa0
+  fonts-dejavu-core python-matplotlib-data"
 test_packages="libgtest-dev clang libclang-rt-14-dev clang-format doxygen gdal-bin xvfb xauth
   iproute2 nginx python3"
 bench_packages="libbenchmark-dev libgdal-dev libgeographiclib-dev libftgl-dev libcairo2-dev

@@ -1,10 +1,11 @@
 #pragma once
 
 /// @file
-/// Everything of Orlek::Misc: the command line, timer, lock and string helpers.
+/// Everything of Orlek::Misc: the command line, settings, timer, lock and string helpers.
 
 #include <Orlek/Misc/CmdLine.h>
 #include <Orlek/Misc/Mutex.h>
+#include <Orlek/Misc/Property.h>
 #include <Orlek/Misc/StringHelpers.h>
 #include <Orlek/Misc/Timer.h>
 

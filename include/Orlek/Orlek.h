@@ -10,3 +10,4 @@
 #include <Orlek/Network.h>
 #include <Orlek/OpenGL.h>
 #include <Orlek/Version.h>
+#include <Orlek/XML.h>

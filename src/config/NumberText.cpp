@@ -14,4 +14,11 @@ std::string numberText(double value) {
     return {text.data(), end};
 }
 
+std::string hexText(unsigned int value) {
+    std::array<char, 8> digits;
+    const auto [end, error] =
+        std::to_chars(digits.data(), digits.data() + digits.size(), value, 16);
+    return "0x" + std::string(digits.data(), end);
+}
+
 }  // namespace Orlek::Detail

@@ -1,0 +1,129 @@
+// The settings and their files.
+#include <Orlek/Misc/Property.h>
+#include <Orlek/XML/XmlDocument.h>
+
+#include <cstdlib>
+#include <utility>
+
+#include "config/NumberText.h"
+#include "config/property/PropertyGroups.h"
+#include "config/property/PropertyTree.h"
+#include "platform/ClassicNumber.h"
+#include "platform/Report.h"
+
+namespace Orlek::Misc {
+
+Property& Property::instance() {
+    static Property theInstance;
+    return theInstance;
+}
+
+Property::Property() = default;
+Property::~Property() = default;
+
+void Property::setConfigFile(const std::string& path) {
+    mConfigFile = path;
+    readXmlFile(path);
+}
+
+bool Property::readXmlFile(const std::string& path) {
+    XML::XmlDocument document;
+    if (!document.read(path) || !Detail::keysInProportion(document.root())) {
+        Detail::report("Error reading XML file <%s>!\n", path.c_str());
+        return false;
+    }
+    XML::XmlElement child = document.root().firstElement();
+    for (; child.valid(); child = child.nextElement()) {
+        readElement(child, {});
+    }
+    return true;
+}
+
+bool Property::readXmlFile() {
+    return readXmlFile(mConfigFile);
+}
+
+bool Property::readElement(XML::XmlElement& element, std::string prefix) {
+    const std::string name = element.name();
+    if (name == Detail::leafName) {
+        auto [key, value] = Detail::readLeaf(element);
+        key.insert(0, prefix);
+        Detail::report("Property <%s> <%s>\n", key.c_str(), value.c_str());
+        // A file that was written here has its keys in order: each new one comes last.
+        mProperties.insert_or_assign(mProperties.end(), std::move(key), std::move(value));
+        return true;
+    }
+    prefix += name + ".";
+    XML::XmlElement child = element.firstElement();
+    for (; child.valid(); child = child.nextElement()) {
+        readElement(child, prefix);
+    }
+    return true;
+}
+
+bool Property::writeXmlFile(const std::string& path) {
+    XML::XmlDocument document;
+    XML::XmlElement root("Properties");
+    document.appendElement(root);
+    Detail::PropertyGroups groups(root);
+    for (const auto& [key, value] : mProperties) {
+        groups.add(key, value);
+    }
+    if (!document.write(path)) {
+        Detail::report("Error writing property file <%s>!\n", path.c_str());
+        return false;
+    }
+    return true;
+}
+
+bool Property::writeXmlFile() {
+    return writeXmlFile(mConfigFile);
+}
+
+const std::string* Property::find(const std::string& key) const {
+    const auto found = mProperties.find(key);
+    return found != mProperties.end() ? &found->second : nullptr;
+}
+
+std::string Property::getString(const std::string& key, const std::string& defaultValue) const {
+    const std::string* text = find(key);
+    return text != nullptr ? *text : defaultValue;
+}
+
+int Property::getInt(const std::string& key, int defaultValue) const {
+    const std::string* text = find(key);
+    return text != nullptr ? std::atoi(text->c_str()) : defaultValue;
+}
+
+double Property::getDouble(const std::string& key, double defaultValue) const {
+    const std::string* text = find(key);
+    return text != nullptr ? Detail::classicDouble(text->c_str()) : defaultValue;
+}
+
+bool Property::getSwitch(const std::string& key, bool defaultValue) const {
+    const std::string* text = find(key);
+    return text != nullptr ? *text == "true" || *text == "TRUE" || *text == "True" : defaultValue;
+}
+
+void Property::setString(const std::string& key, const std::string& value) {
+    mProperties[key] = value;
+}
+
+void Property::setInt(const std::string& key, int value) {
+    setString(key, std::to_string(value));
+}
+
+void Property::setDouble(const std::string& key, double value) {
+    setString(key, Detail::numberText(value));
+}
+
+void Property::setSwitch(const std::string& key, bool value) {
+    setString(key, value ? "true" : "false");
+}
+
+void Property::strip(std::string& text, const std::string& characters) {
+    text.erase(text.find_last_not_of(characters) + 1);  // npos + 1 is 0
+    text.erase(0, text.find_first_not_of(characters));
+}
+
+}  // namespace Orlek::Misc

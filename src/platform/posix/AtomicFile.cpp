@@ -1,0 +1,214 @@
+// POSIX's rename replaces a file at once. Where the system can (Linux's O_TMPFILE), the new file
+// has no name until it is complete, so that a crash leaves nothing behind either.
+#include "platform/AtomicFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <climits>
+#include <utility>
+
+namespace Orlek::Detail {
+
+namespace {
+
+// Up to the last slash; empty for a name in the working directory.
+std::string directoryOf(const std::string& path) {
+    return path.substr(0, path.rfind('/') + 1);
+}
+
+// Where a path leads to through links; the end itself need not exist.
+bool followLinks(std::string& path) {
+    constexpr int mostLinks = 40;  // as Linux has it
+    std::array<char, PATH_MAX> target;
+    for (int i = 0; i < mostLinks; ++i) {
+        const ssize_t length = ::readlink(path.c_str(), target.data(), target.size());
+        if (length < 0) {
+            return errno == EINVAL || errno == ENOENT;  // no link, or nothing there
+        }
+        const std::string next(target.data(), static_cast<std::size_t>(length));
+        path = next.starts_with('/') ? next : directoryOf(path) + next;
+    }
+    errno = ELOOP;
+    return false;
+}
+
+std::string descriptorPath(int descriptor) {
+    return "/proc/self/fd/" + std::to_string(descriptor);
+}
+
+// A name that nobody else uses. Calls `make` with it until that does not fail for the name's sake.
+template <typename Make>
+std::string makeNamed(const std::string& directory, Make make) {
+    static std::atomic<unsigned int> counter = 0;
+    constexpr int attempts = 1000;
+    for (int i = 0; i < attempts; ++i) {
+        std::string name = directory + ".orlek-" + std::to_string(::getpid()) + "-" +
+                           std::to_string(counter.fetch_add(1)) + ".tmp";
+        if (make(name.c_str())) {
+            return name;
+        }
+        if (errno != EEXIST) {
+            break;
+        }
+    }
+    return {};
+}
+
+int createUnnamed(const std::string& directory, mode_t mode) {
+#ifdef O_TMPFILE
+    const char* where = directory.empty() ? "." : directory.c_str();
+    const int descriptor = ::open(where, O_TMPFILE | O_WRONLY | O_CLOEXEC, mode);
+    // The name is given through /proc later on.
+    if (descriptor >= 0 && ::access(descriptorPath(descriptor).c_str(), F_OK) != 0) {
+        ::close(descriptor);
+        return -1;
+    }
+    return descriptor;
+#else
+    return -1;
+#endif
+}
+
+// The owner stays where the system lets it, the mode always.
+bool takeOver(int descriptor, const struct stat& old) {
+    if (::fchown(descriptor, old.st_uid, old.st_gid) != 0 &&
+        ::fchown(descriptor, static_cast<uid_t>(-1), old.st_gid) != 0) {
+        // The file is this user's then.
+    }
+    return ::fchmod(descriptor, old.st_mode & 07777U) == 0;
+}
+
+bool writeAll(int descriptor, std::string_view content) {
+    while (!content.empty()) {
+        const ssize_t written = ::write(descriptor, content.data(), content.size());
+        if (written > 0) {
+            content.remove_prefix(static_cast<std::size_t>(written));
+        } else if (written < 0 && errno != EINTR) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool sync(int descriptor) {
+    int result = 0;
+    do {
+        result = ::fsync(descriptor);
+    } while (result != 0 && errno == EINTR);
+    return result == 0;
+}
+
+// Not every file system can, and not every directory that may be written may be read.
+bool syncDirectory(const std::string& directory) {
+    const int descriptor =
+        ::open(directory.empty() ? "." : directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0) {
+        return true;
+    }
+    const bool done = sync(descriptor) || errno == EINVAL;
+    const int error = errno;
+    ::close(descriptor);
+    errno = error;
+    return done;
+}
+
+// The new file on its way: closed and removed with the object unless it has been given its name.
+class NewFile {
+public:
+    explicit NewFile(std::string directory) : mDirectory(std::move(directory)) {}
+    NewFile(const NewFile&) = delete;
+    NewFile& operator=(const NewFile&) = delete;
+    ~NewFile();
+
+    bool create(mode_t mode);
+    [[nodiscard]] int descriptor() const { return mDescriptor; }
+    bool rename(const std::string& target);
+
+private:
+    bool giveName();
+
+    std::string mDirectory;
+    std::string mName;  // empty as long as it has none
+    int mDescriptor = -1;
+};
+
+NewFile::~NewFile() {
+    const int error = errno;
+    if (mDescriptor >= 0) {
+        ::close(mDescriptor);
+    }
+    if (!mName.empty()) {
+        ::unlink(mName.c_str());
+    }
+    errno = error;
+}
+
+bool NewFile::create(mode_t mode) {
+    mDescriptor = createUnnamed(mDirectory, mode);
+    if (mDescriptor < 0) {
+        mName = makeNamed(mDirectory, [&](const char* name) {
+            mDescriptor = ::open(name, O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, mode);
+            return mDescriptor >= 0;
+        });
+    }
+    return mDescriptor >= 0;
+}
+
+bool NewFile::giveName() {
+    if (mName.empty()) {
+        const std::string file = descriptorPath(mDescriptor);
+        mName = makeNamed(mDirectory, [&](const char* name) {
+            return ::linkat(AT_FDCWD, file.c_str(), AT_FDCWD, name, AT_SYMLINK_FOLLOW) == 0;
+        });
+    }
+    return !mName.empty();
+}
+
+// Some network file systems tell only when a file is closed that it did not fit.
+bool NewFile::rename(const std::string& target) {
+    if (!giveName() || ::close(std::exchange(mDescriptor, -1)) != 0 ||
+        ::rename(mName.c_str(), target.c_str()) != 0) {
+        return false;
+    }
+    mName.clear();
+    return true;
+}
+
+// Creates the file that is to replace `target`.
+bool createLike(const std::string& target, NewFile& file) {
+    struct stat old {};
+    if (::stat(target.c_str(), &old) != 0) {
+        return errno == ENOENT && file.create(0666);
+    }
+    if (!S_ISREG(old.st_mode)) {
+        errno = S_ISDIR(old.st_mode) ? EISDIR : ENOTSUP;
+        return false;
+    }
+    // Replacing needs no right to write the file itself; whoever took that away meant it.
+    return ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) == 0 && file.create(0600) &&
+           takeOver(file.descriptor(), old);
+}
+
+}  // namespace
+
+bool replaceFile(const std::string& path, std::string_view content) {
+    if (path.find('\0') != std::string::npos) {  // the system would see its first half only
+        errno = EINVAL;
+        return false;
+    }
+    std::string target = path;
+    if (!followLinks(target)) {
+        return false;
+    }
+    const std::string directory = directoryOf(target);
+    NewFile file(directory);
+    return createLike(target, file) && writeAll(file.descriptor(), content) &&
+           sync(file.descriptor()) && file.rename(target) && syncDirectory(directory);
+}
+
+}  // namespace Orlek::Detail
