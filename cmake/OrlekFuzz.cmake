@@ -1,5 +1,6 @@
-# orlek_fuzz(name): fuzz/<name>.cpp with the corpus fuzz/corpus/<name>. With ORLEK_BUILD_FUZZ it is
-# a libFuzzer program; otherwise the same source is a test that replays the corpus.
+# orlek_fuzz(name): fuzz/<name>.cpp with the corpus fuzz/corpus/<name> and, where there is one, the
+# dictionary fuzz/<name>.dict. With ORLEK_BUILD_FUZZ it is a libFuzzer program; otherwise the same
+# source is a test that replays the corpus.
 function(orlek_fuzz name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LIBS")
   set(corpus "${CMAKE_CURRENT_SOURCE_DIR}/corpus/${name}")
@@ -8,8 +9,13 @@ function(orlek_fuzz name)
   target_link_libraries(fuzz_${name} PRIVATE orlek_compiler orlek_objects ${arg_LIBS})
   if(ORLEK_BUILD_FUZZ)
     target_link_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
-    add_test(NAME fuzz_${name} COMMAND fuzz_${name} -runs=20000 -max_total_time=10 -timeout=10
-      -rss_limit_mb=2048 "${CMAKE_CURRENT_BINARY_DIR}/found/${name}" "${corpus}")
+    set(dictionary "${CMAKE_CURRENT_SOURCE_DIR}/${name}.dict")
+    if(EXISTS "${dictionary}")
+      set(use_dictionary "-dict=${dictionary}")
+    endif()
+    add_test(NAME fuzz_${name} COMMAND fuzz_${name} ${use_dictionary} -runs=20000
+      -max_total_time=10 -timeout=10 -rss_limit_mb=2048
+      "${CMAKE_CURRENT_BINARY_DIR}/found/${name}" "${corpus}")
     file(MAKE_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/found/${name}")
   else()
     target_sources(fuzz_${name} PRIVATE replay_main.cpp)

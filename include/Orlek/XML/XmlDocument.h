@@ -57,7 +57,7 @@ public:
     /// @param path the file; created when it is missing, but not its directory.
     /// @return true when the content has reached the disk. False when it has not, when the path
     ///         names something that is no regular file or may not be written, when new files may
-    ///         not be made beside it, and for more than 256 MiB, which could not be read back.
+    ///         not be made beside it, and for more than 64 MiB, which could not be read back.
     ///         Nothing is printed.
     bool write(const std::string& path);
 

@@ -21,7 +21,7 @@ namespace Orlek::XML {
 
 namespace {
 
-constexpr std::uint64_t fileLimit = std::uint64_t{256} << 20U;
+constexpr std::uint64_t fileLimit = std::uint64_t{64} << 20U;
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 // Why a file cannot be read, and where: from 1, as the parser counts for people.
@@ -39,7 +39,7 @@ Fault faultAt(const char* what, std::string_view text, std::size_t offset) {
 }
 
 Fault openingFault() {
-    return {errno == EFBIG ? "Error: the file is larger than 256 MiB." : "Failed to open file"};
+    return {errno == EFBIG ? "File larger than 64 MiB." : "Failed to open file"};
 }
 
 // Section 2.11 of XML 1.0, as the parser does it for a file that it opens itself.
@@ -67,6 +67,7 @@ std::optional<Fault> findFault(std::string_view text) {
     return faultAt(scan.fault(), text, scan.faultOffset());
 }
 
+// The words of a fault belong to the document.
 std::optional<Fault> parse(const char* text, TiXmlDocument& document) {
     document.SetTabSize(0);  // keeps the parser from counting rows and columns of all it reads
     document.Parse(text);
@@ -75,7 +76,7 @@ std::optional<Fault> parse(const char* text, TiXmlDocument& document) {
     }
     TiXmlDocument counting;
     counting.Parse(text);
-    return Fault{counting.ErrorDesc(), std::max(counting.ErrorRow(), 1),
+    return Fault{document.ErrorDesc(), std::max(counting.ErrorRow(), 1),
                  std::max(counting.ErrorCol(), 1)};
 }
 
@@ -91,7 +92,7 @@ std::optional<Fault> readFile(const std::string& path, TiXmlDocument& document, 
     const std::optional<Fault> fault = findFault({text.data(), size});
     return fault ? fault : parse(text.data(), document);
 } catch (const std::bad_alloc&) {
-    return Fault{"Error: out of memory."};
+    return Fault{"Out of memory."};
 }
 
 }  // namespace

@@ -89,7 +89,7 @@ const char* XmlScan::skipItem(const char* p) {
     if (*p == '<') {
         return p[1] == '/' ? skipEndTag(p) : skipMarkup(p);
     }
-    return mDepth > 0 ? skipText(p) : refuse(p, "Error: text outside of the root element.");
+    return mDepth > 0 ? skipText(p) : refuse(p, "Text outside of the root element.");
 }
 
 // TiXmlNode::Identify. What it calls unknown is a document type, an instruction or a damaged tag.
@@ -102,7 +102,7 @@ const char* XmlScan::skipMarkup(const char* p) {
     }
     if (startsWith(p, "<![CDATA[")) {
         return mDepth > 0 ? skipTo(p + 9, "]]>", "Error parsing CDATA.")
-                          : refuse(p, "Error: text outside of the root element.");
+                          : refuse(p, "Text outside of the root element.");
     }
     if (p[1] == '!' || p[1] == '?') {
         return skipTo(p + 1, ">", "Error parsing Unknown.");
@@ -119,7 +119,7 @@ const char* XmlScan::skipTo(const char* p, const char* end, const char* faultWit
 const char* XmlScan::skipStartTag(const char* tag) {
     mExtent.depth = std::max(mExtent.depth, mDepth + 1);
     if (mExtent.depth > mLimits.depth) {
-        return refuse(tag, "Error: elements are nested too deeply.");
+        return refuse(tag, "Elements nested too deeply.");
     }
     const char* p = skipSpace(skipName(skipSpace(tag + 1)));
     for (int attributes = 0; *p != '\0'; p = skipSpace(p)) {
@@ -132,7 +132,7 @@ const char* XmlScan::skipStartTag(const char* tag) {
         }
         mExtent.attributes = std::max(mExtent.attributes, ++attributes);
         if (attributes > mLimits.attributes) {
-            return refuse(tag, "Error: an element has too many attributes.");
+            return refuse(tag, "Too many attributes of one element.");
         }
         p = skipAttribute(p);
     }

@@ -1,0 +1,169 @@
+// Settings on disks that fail, and writers that die: the file has the old settings or the new ones.
+#include <Orlek/Misc/Property.h>
+#include <Orlek/XML/XmlDocument.h>
+#include <gtest/gtest.h>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+#include <random>
+#include <string>
+
+#include "support/Capture.h"
+#include "support/OwnNetwork.h"
+#include "support/TempDir.h"
+#include "support/Unprivileged.h"
+#include "support/WholeText.h"
+
+namespace {
+
+using Orlek::Misc::Property;
+using OrlekTest::TempDir;
+using OrlekTest::wholeText;
+
+std::size_t entriesOf(const std::string& directory) {
+    return static_cast<std::size_t>(
+        std::distance(std::filesystem::directory_iterator(directory), {}));
+}
+
+void expectRefused(const std::string& path) {
+    bool result = true;
+    EXPECT_EQ(OrlekTest::captureStdout([&] { result = Property::instance().writeXmlFile(path); }),
+              "Error writing property file <" + path + ">!\n");
+    EXPECT_FALSE(result);
+}
+
+TEST(PropertyDisk, AFullDiskLeavesTheOldFile) {
+    const TempDir dir;
+    const std::string refused = OrlekTest::inOwnNetwork([&] {
+        if (unshare(CLONE_NEWNS) != 0 ||
+            mount("", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+            mount("none", dir.path().c_str(), "tmpfs", 0, "size=64k") != 0) {
+            throw OrlekTest::Refused();
+        }
+        const std::string path = dir.path("settings.xml");
+        Property::instance().setString("disk.small", "1");
+        EXPECT_TRUE(Property::instance().writeXmlFile(path));
+        const std::string old = wholeText(path);
+        for (const std::size_t size : {40'000U, 70'000U, 1U << 20U}) {
+            Property::instance().setString("disk.large", std::string(size, 'x'));
+            if (size == 40'000U) {  // fits by itself, but not beside the old one
+                EXPECT_TRUE(Property::instance().writeXmlFile(dir.path("first.xml")));
+            }
+            expectRefused(path);
+            EXPECT_EQ(wholeText(path), old);
+        }
+        EXPECT_EQ(entriesOf(dir.path()), 2U) << "a temporary file is left";
+    });
+    if (!refused.empty()) {
+        GTEST_SKIP() << refused;
+    }
+}
+
+TEST(PropertyDisk, WhatIsNoFileOfOursIsNotReplaced) {
+    const TempDir dir;
+    ASSERT_EQ(mkfifo(dir.path("pipe").c_str(), 0600), 0);
+    std::filesystem::create_symlink("circle", dir.path("circle"));
+    const std::size_t entries = entriesOf(dir.path());
+    for (const std::string& path :
+         {std::string(), dir.path(), dir.path("pipe"), dir.path("circle"), dir.path("missing/a"),
+          dir.path("slash/"), std::string("/dev/full"), std::string("/dev/null"),
+          dir.path(std::string(300, 'n'))}) {
+        expectRefused(path);
+    }
+    EXPECT_FALSE(Orlek::XML::XmlDocument().write(dir.path("zero") + '\0' + "byte"));
+    EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
+    EXPECT_TRUE(std::filesystem::is_fifo(dir.path("pipe")));
+    EXPECT_EQ(entriesOf(dir.path()), entries);
+}
+
+TEST(PropertyDisk, MissingPermissionsAreRespected) {
+    const TempDir dir;
+    std::filesystem::permissions(dir.path(), std::filesystem::perms{0777});
+    const std::string locked = dir.write("locked/old.xml", "old");
+    const std::string readOnly = dir.write("readonly.xml", "old");
+    for (const std::string& path : {locked, readOnly}) {
+        ASSERT_EQ(chown(path.c_str(), 65534, 65534), geteuid() == 0 ? 0 : -1);
+    }
+    ASSERT_EQ(chmod(readOnly.c_str(), 0444), 0);
+    ASSERT_EQ(chmod(dir.path("locked").c_str(), 0555), 0);
+    {
+        const OrlekTest::Unprivileged scope;
+        if (!scope.ok()) {
+            GTEST_SKIP() << "cannot give up root's rights";
+        }
+        expectRefused(locked);
+        expectRefused(readOnly);
+    }
+    EXPECT_EQ(wholeText(locked) + wholeText(readOnly), "oldold");
+    EXPECT_EQ(entriesOf(dir.path("locked")), 1U);
+    std::filesystem::permissions(dir.path("locked"), std::filesystem::perms{0755});
+}
+
+TEST(PropertyDisk, LinksAndModesStay) {
+    const TempDir dir;
+    const std::string target = dir.write("real/settings.xml", "old");
+    ASSERT_EQ(chmod(target.c_str(), 0640), 0);
+    std::filesystem::create_symlink("real/settings.xml", dir.path("link.xml"));
+    std::filesystem::create_symlink(dir.path("link.xml"), dir.path("far.xml"));
+    std::filesystem::create_symlink("real/new.xml", dir.path("dangling.xml"));
+    const mode_t mask = umask(027);
+    for (const std::string name : {"far.xml", "dangling.xml"}) {
+        EXPECT_TRUE(Property::instance().writeXmlFile(dir.path(name)));
+        EXPECT_TRUE(std::filesystem::is_symlink(dir.path(name)));
+    }
+    umask(mask);
+    EXPECT_NE(wholeText(target), "old");
+    EXPECT_EQ(wholeText(dir.path("real/new.xml")), wholeText(target));
+    for (const std::string name : {"real/settings.xml", "real/new.xml"}) {
+        EXPECT_EQ(std::filesystem::status(dir.path(name)).permissions(),
+                  std::filesystem::perms{0640});
+    }
+    EXPECT_EQ(entriesOf(dir.path("real")), 2U);
+}
+
+// Writes two sets of settings by turns until it is killed.
+[[noreturn]] void writeForever(const std::string& path) {
+    for (char letter = 'a';; letter = letter == 'a' ? 'b' : 'a') {
+        Property::instance().setString("kill.text", std::string(200'000, letter));
+        Property::instance().writeXmlFile(path);
+    }
+}
+
+TEST(PropertyDisk, AKilledWriterLeavesAWholeFile) {
+    const TempDir dir;
+    const std::string path = dir.path("settings.xml");
+    std::string contents[2];
+    for (int i = 0; i < 2; ++i) {
+        Property::instance().setString("kill.text",
+                                       std::string(200'000, static_cast<char>('a' + i)));
+        ASSERT_TRUE(Property::instance().writeXmlFile(path));
+        contents[i] = wholeText(path);
+    }
+    std::mt19937 random(std::random_device{}());
+    int seen[2] = {};
+    for (int i = 0; i < 500; ++i) {
+        const pid_t child = fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            writeForever(path);
+        }
+        usleep(static_cast<useconds_t>(random() % 8000));
+        ASSERT_EQ(kill(child, SIGKILL), 0);
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        ASSERT_TRUE(WIFSIGNALED(status)) << "the writer ended by itself";
+        const std::string content = wholeText(path);
+        ASSERT_TRUE(content == contents[0] || content == contents[1]) << "round " << i;
+        ++seen[content == contents[1] ? 1 : 0];
+    }
+    // Otherwise no writer got so far as to replace the file.
+    EXPECT_GT(seen[0], 0);
+    EXPECT_GT(seen[1], 0);
+    RecordProperty("leftovers", static_cast<int>(entriesOf(dir.path())) - 1);
+}
+
+}  // namespace

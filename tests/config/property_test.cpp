@@ -1,0 +1,324 @@
+// The settings: one instance for the process, so each test uses keys of its own.
+#include <Orlek/Misc/Property.h>
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cstdlib>
+#include <map>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "support/Capture.h"
+#include "support/OwnNetwork.h"
+#include "support/TempDir.h"
+#include "support/WholeText.h"
+
+namespace {
+
+using Orlek::Misc::Property;
+using OrlekTest::captureStdout;
+using OrlekTest::TempDir;
+using OrlekTest::wholeText;
+
+Property& settings() {
+    return Property::instance();
+}
+
+// First, as it needs an instance without settings.
+TEST(Property, WritesKeysInTheirOrderNestedByTheirDots) {
+    const TempDir dir;
+    const std::string path = dir.path("order.xml");
+    settings().setConfigFile(path);
+    EXPECT_TRUE(settings().writeXmlFile());
+    const std::string declaration = "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\n";
+    EXPECT_EQ(wholeText(path), declaration + "<Properties />\n");
+
+    const std::map<std::string, std::string> texts = {
+        {"b.x", "1"},   {"a", "2"},        {"b.y", "3"}, {"B.z", "4"}, {"b.c.d", "5"},
+        {"b-e.f", "6"}, {"b..twice", "7"}, {"b.c", "8"}, {"b.", "9"}};
+    for (const auto& [key, value] : texts) {
+        settings().setString(key, value);
+    }
+    EXPECT_TRUE(settings().writeXmlFile());
+    EXPECT_EQ(wholeText(path), declaration + R"(<Properties>
+    <B>
+        <Property key="z" value="4" />
+    </B>
+    <Property key="a" value="2" />
+    <b-e>
+        <Property key="f" value="6" />
+    </b-e>
+    <b>
+        <Property key="" value="9" />
+        <Property key="c" value="8" />
+        <c>
+            <Property key="d" value="5" />
+        </c>
+        <Property key="x" value="1" />
+        <Property key="y" value="3" />
+    </b>
+    <Property key="b..twice" value="7" />
+</Properties>
+)");
+}
+
+// Python's parser takes nothing that is no XML. Before any control character is set, for that
+// reason.
+TEST(Property, FilesAreSharedWithOtherPrograms) {
+    const TempDir dir;
+    try {
+        OrlekTest::shell("python3 -c 'import xml.etree.ElementTree' 2>&1");
+    } catch (const std::runtime_error&) {
+        GTEST_SKIP() << "no python3 with its XML parser";
+    }
+    const std::string script = dir.write("share.py", R"(
+import sys, xml.etree.ElementTree as ET
+def walk(element, prefix):
+    for child in element:
+        if child.tag == 'Property':
+            print(ascii(prefix + child.get('key')), ascii(child.get('value')), child.get('escape'))
+        else:
+            walk(child, prefix + child.tag + '.')
+walk(ET.parse(sys.argv[1]).getroot(), '')
+root = ET.Element('settings')
+group = ET.SubElement(ET.SubElement(root, 'theirs'), '\u00e4')
+ET.SubElement(group, 'Property', key='t\u20ac<', value=' "\'\n\t&\U0001F680')
+ET.ElementTree(root).write(sys.argv[2], encoding='UTF-8', xml_declaration=True)
+)");
+    const std::map<std::string, std::string> texts = {
+        {"o.\xC3\xA4.k", " \xE2\x82\xAC \"'<>&\r\n\t "},
+        {"o.x y.z", "1"},
+        {"o.p:q.r", "2"},
+        {"o.Property.a", "3"},
+        {"o.1.a", "4"},
+        {"o.s", "\xFF%"}};
+    for (const auto& [key, value] : texts) {
+        settings().setString(key, value);
+    }
+    ASSERT_TRUE(settings().writeXmlFile(dir.path("ours.xml")));
+    const std::string seen = OrlekTest::shell("PYTHONUTF8=1 python3 " + script + " " +
+                                              dir.path("ours.xml") + " " + dir.path("theirs.xml"));
+    for (const std::string line :
+         {R"('o.\xe4.k' ' \u20ac "\'<>&\r\n\t ' None)", "'o.x y.z' '1' None", "'o.p:q.r' '2' None",
+          "'o.Property.a' '3' None", "'o.1.a' '4' None", "'o.s' '%FF%25' percent"}) {
+        EXPECT_NE(seen.find(line + "\n"), std::string::npos) << line << " is not in\n" << seen;
+    }
+    captureStdout([&] { EXPECT_TRUE(settings().readXmlFile(dir.path("theirs.xml"))); });
+    EXPECT_EQ(settings().getString("theirs.\xC3\xA4.t\xE2\x82\xAC<", ""),
+              " \"'\n\t&\xF0\x9F\x9A\x80");
+}
+
+TEST(Property, ReadingAddsToWhatIsThereAndPrintsIt) {
+    const TempDir dir;
+    settings().setString("read.kept", "kept");
+    settings().setString("read.debug", "old");
+    const std::string path = dir.write("in.xml", R"(<any><read>
+  <Property key="debug" value="new"/><!-- c -->text
+  <Colors><Property value="1" key="text"/><Deeper/></Colors><Property/></read>
+  <property><Property key="case" value=" a&#10;b "><ignored/></Property></property></any>)");
+    bool result = false;
+    EXPECT_EQ(captureStdout([&] { result = settings().readXmlFile(path); }),
+              "Property <read.debug> <new>\nProperty <read.Colors.text> <1>\nProperty <read.> <>\n"
+              "Property <property.case> < a\nb >\n");
+    EXPECT_TRUE(result);
+    EXPECT_EQ(settings().getString("read.kept", ""), "kept");
+    EXPECT_EQ(settings().getString("read.debug", ""), "new");
+    EXPECT_EQ(settings().getString("read.", "none"), "");
+
+    const std::string missing = dir.path("missing.xml");
+    const std::string lines = "Error reading <" + missing +
+                              "> :\nRow 1 Col 1 Error Failed to open file\n"
+                              "Error reading XML file <" +
+                              missing + ">!\n";
+    EXPECT_EQ(captureStdout([&] { result = settings().readXmlFile(missing); }), lines);
+    EXPECT_FALSE(result);
+    EXPECT_EQ(captureStdout([&] { settings().setConfigFile(missing); }), lines);
+    EXPECT_EQ(captureStdout([&] { result = settings().readXmlFile(); }), lines);
+}
+
+// The name of the group stands once in the file, but in each of the keys.
+TEST(Property, ALongGroupNameAboveManySettingsIsRefused) {
+    const TempDir dir;
+    const std::string group(100'000, 'g');
+    std::string leaves;
+    for (int i = 0; i < 10'000; ++i) {
+        leaves += "<Property key='" + std::to_string(i) + "'/>";
+    }
+    const std::string path =
+        dir.write("in.xml", "<r><" + group + ">" + leaves + "</" + group + "></r>");
+    bool result = true;
+    EXPECT_EQ(captureStdout([&] { result = settings().readXmlFile(path); }),
+              "Error reading XML file <" + path + ">!\n");
+    EXPECT_FALSE(result);
+    EXPECT_EQ(settings().getString(group + ".1", "none"), "none");
+}
+
+TEST(Property, TextsAreConvertedWhenTheyAreAskedFor) {
+    struct Row {
+        std::string text;
+        int asInt;
+        double asDouble;
+        bool asSwitch;
+    };
+    const std::vector<Row> rows = {
+        {"true", 0, 0, true},    {"TRUE", 0, 0, true},     {"True", 0, 0, true},
+        {"tRUE", 0, 0, false},   {"yes", 0, 0, false},     {"1", 1, 1, false},
+        {"0x10", 0, 16, false},  {"42abc", 42, 42, false}, {" -7.25", -7, -7.25, false},
+        {"1e3", 1, 1000, false}, {"010", 10, 10, false},   {"2,5", 2, 2, false},
+        {"", 0, 0, false}};
+    for (const auto& [text, asInt, asDouble, asSwitch] : rows) {
+        settings().setString("convert", text);
+        EXPECT_EQ(settings().getInt("convert", 99), asInt) << text;
+        EXPECT_EQ(settings().getDouble("convert", 99), asDouble) << text;
+        EXPECT_EQ(settings().getSwitch("convert", !asSwitch), asSwitch) << text;
+    }
+    EXPECT_EQ(settings().getInt("absent", 99), 99);
+    EXPECT_EQ(settings().getDouble("absent", 0.5), 0.5);
+    EXPECT_TRUE(settings().getSwitch("absent", true));
+
+    const std::vector<std::pair<double, std::string>> doubles = {{2.5, "2.5"},
+                                                                 {3.14159265, "3.14159"},
+                                                                 {1234567.0, "1.23457e+06"},
+                                                                 {0.1, "0.1"},
+                                                                 {1.0 / 3.0, "0.333333"}};
+    for (const auto& [value, text] : doubles) {
+        settings().setDouble("double", value);
+        EXPECT_EQ(settings().getString("double", ""), text);
+    }
+    settings().setInt("int", -12);
+    settings().setSwitch("switch", false);
+    EXPECT_EQ(settings().getString("int", "") + settings().getString("switch", ""), "-12false");
+}
+
+TEST(Property, NumbersHaveAPointInEveryLocale) {
+    const TempDir dir;
+    try {
+        OrlekTest::shell("localedef -i de_DE -f UTF-8 " + dir.path("de_DE.UTF-8") + " 2>&1");
+    } catch (const std::runtime_error&) {
+        GTEST_SKIP() << "localedef makes no locale here";
+    }
+    setenv("LOCPATH", dir.path().c_str(), 1);
+    ASSERT_NE(std::setlocale(LC_ALL, "de_DE.UTF-8"), nullptr);
+    EXPECT_STREQ(std::localeconv()->decimal_point, ",");
+    settings().setDouble("locale", 2.5);
+    EXPECT_EQ(settings().getString("locale", ""), "2.5");
+    EXPECT_EQ(settings().getDouble("locale", 0), 2.5);
+    std::setlocale(LC_ALL, "C");
+    unsetenv("LOCPATH");
+}
+
+std::string manySections(int dots) {
+    std::string key;
+    for (int i = 0; i < dots; ++i) {
+        key += "s.";
+    }
+    return key + "end";
+}
+
+// Writes the settings, spoils those given, and reads them again.
+void expectBack(const std::map<std::string, std::string>& texts) {
+    const TempDir dir;
+    for (const auto& [key, value] : texts) {
+        settings().setString(key, value);
+    }
+    ASSERT_TRUE(settings().writeXmlFile(dir.path("back.xml")));
+    for (const auto& [key, value] : texts) {
+        settings().setString(key, "spoiled");
+    }
+    captureStdout([&] { EXPECT_TRUE(settings().readXmlFile(dir.path("back.xml"))); });
+    for (const auto& [key, value] : texts) {
+        EXPECT_TRUE(settings().getString(key, "lost") == value) << key.substr(0, 60);
+    }
+}
+
+TEST(Property, EveryKeyAndValueComesBack) {
+    using namespace std::string_literals;
+    std::string everyByte;
+    for (int byte = 0; byte < 256; ++byte) {
+        everyByte += static_cast<char>(byte);
+    }
+    const std::vector<std::string> texts = {"",
+                                            " ",
+                                            "plain",
+                                            " leading and trailing ",
+                                            "\ttab\r\nlines\n\r",
+                                            "\"'<>&",
+                                            "'only'",
+                                            "&amp;&#x41;&bogus;",
+                                            "]]>",
+                                            "<!-- -->",
+                                            "\xC3\xA4\xE2\x82\xAC\xF0\x9F\x9A\x80",
+                                            "\xEF\xBB\xBFmark",
+                                            "\xEF\xBF\xBE",
+                                            "\x7F\x01\x1B[0m",
+                                            "zero\0byte"s,
+                                            "\xC3",
+                                            "\xE2\x82",
+                                            "\xF0",
+                                            "cut \xC3\"",
+                                            "\xED\xA0\x80",
+                                            "\xC0\xAF",
+                                            "%",
+                                            "%C3",
+                                            "%25\xFF%",
+                                            everyByte,
+                                            std::string(300, 'x'),
+                                            std::string(1U << 20U, 'm')};
+    const std::vector<std::string> keys = {"",
+                                           ".",
+                                           "..",
+                                           ".a",
+                                           "a.",
+                                           "a..b",
+                                           "...a...",
+                                           "Property",
+                                           "Property.x",
+                                           "a.Property",
+                                           "a.Property.b",
+                                           "property.x",
+                                           "1a.b",
+                                           "a b.c",
+                                           "a.b c",
+                                           "-a.b",
+                                           "a<b.c",
+                                           "a:b.c",
+                                           "xml.a",
+                                           "\xC3\xA4.\xC3\xB6",
+                                           "\xEF\xBB\xBFm.a",
+                                           "a\xC3.b",
+                                           "a.\xC3",
+                                           "\xC2\xB7.a",
+                                           "a\n.b",
+                                           "a\0.b"s,
+                                           manySections(254),
+                                           manySections(255),
+                                           manySections(100'000),
+                                           std::string(1024, 'g') + ".a",
+                                           std::string(1025, 'g') + ".a",
+                                           std::string(1U << 20U, 'k')};
+    std::map<std::string, std::string> rows;
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        rows["value." + std::to_string(i)] = texts[i];
+    }
+    for (const std::string& key : keys) {
+        rows[key] = "value of " + key.substr(0, 20);
+    }
+    expectBack(rows);
+
+    std::mt19937 random(1);
+    const std::string pieces = "ab.. P<\"&'\xC3\xA4\xF0\n\x01%0"s + '\0';
+    std::map<std::string, std::string> noise;
+    for (int i = 0; i < 2000; ++i) {
+        std::string texts2[2];
+        for (std::string& text : texts2) {
+            for (auto length = random() % 12; length > 0; --length) {
+                text += pieces[random() % pieces.size()];
+            }
+        }
+        noise[texts2[0]] = texts2[1];
+    }
+    expectBack(noise);
+}
+
+}  // namespace
