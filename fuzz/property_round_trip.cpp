@@ -3,6 +3,7 @@
 #include <Orlek/XML/XmlDocument.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -11,8 +12,10 @@
 #include <string>
 #include <string_view>
 
-#include "config/property/PropertyGroups.h"
+#include "config/property/PropertyFile.h"
 #include "config/property/PropertyTree.h"
+#include "config/xml/XmlText.h"
+#include "support/WholeText.h"
 
 namespace {
 
@@ -64,17 +67,17 @@ std::string filePath() {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const Settings settings = settingsOf({reinterpret_cast<const char*>(data), size});
-    XmlDocument document;
-    XmlElement root("Properties");
-    document.appendElement(root);
-    Orlek::Detail::PropertyGroups groups(root);
+    Orlek::Detail::PropertyWriter writer;
     for (const auto& [key, value] : settings) {
-        groups.add(key, value);
+        writer.add(key, value);
     }
     const std::string path = filePath();
-    check(document.write(path));
+    const std::string written = writer.finish();
+    check(Orlek::Detail::writeXmlText(path, written));
     XmlDocument back;
     check(back.read(path));
+    check(back.write(path));
+    check(OrlekTest::wholeText(path) == written);  // a document writes it the same way
     std::filesystem::remove(path);
     check(Orlek::Detail::keysInProportion(back.root()));
     Settings read;

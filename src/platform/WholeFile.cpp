@@ -9,7 +9,8 @@
 
 namespace Orlek::Detail {
 
-bool readWholeFile(const std::string& path, std::vector<char>& bytes, std::uint64_t limit) {
+bool readWholeFile(const std::string& path, std::vector<char>& bytes, std::uint64_t limit,
+                   std::size_t padding) {
     bytes.clear();
     RegularFile file;
     if (!file.open(path)) {
@@ -20,12 +21,13 @@ bool readWholeFile(const std::string& path, std::vector<char>& bytes, std::uint6
         return false;
     }
     try {
-        bytes.resize(static_cast<std::size_t>(file.size()));
+        bytes.resize(static_cast<std::size_t>(file.size()) + padding);
     } catch (const std::bad_alloc&) {
         errno = ENOMEM;
         return false;
     }
-    if (file.readAt(0, std::as_writable_bytes(std::span(bytes))) != bytes.size()) {
+    const std::span content = std::span(bytes).first(bytes.size() - padding);
+    if (file.readAt(0, std::as_writable_bytes(content)) != content.size()) {
         bytes.clear();
         errno = EIO;
         return false;

@@ -1,5 +1,6 @@
 // The settings: one instance for the process, so each test uses keys of its own.
 #include <Orlek/Misc/Property.h>
+#include <Orlek/XML/XmlDocument.h>
 #include <gtest/gtest.h>
 
 #include <clocale>
@@ -61,6 +62,9 @@ TEST(Property, WritesKeysInTheirOrderNestedByTheirDots) {
     <Property key="b..twice" value="7" />
 </Properties>
 )");
+    Orlek::XML::XmlDocument document;
+    EXPECT_TRUE(document.read(path) && document.write(dir.path("document.xml")));
+    EXPECT_EQ(wholeText(dir.path("document.xml")), wholeText(path));
 }
 
 // Python's parser takes nothing that is no XML. Before any control character is set, for that

@@ -6,8 +6,9 @@
 #include <utility>
 
 #include "config/NumberText.h"
-#include "config/property/PropertyGroups.h"
+#include "config/property/PropertyFile.h"
 #include "config/property/PropertyTree.h"
+#include "config/xml/XmlText.h"
 #include "platform/ClassicNumber.h"
 #include "platform/Report.h"
 
@@ -62,14 +63,11 @@ bool Property::readElement(XML::XmlElement& element, std::string prefix) {
 }
 
 bool Property::writeXmlFile(const std::string& path) {
-    XML::XmlDocument document;
-    XML::XmlElement root("Properties");
-    document.appendElement(root);
-    Detail::PropertyGroups groups(root);
+    Detail::PropertyWriter writer;
     for (const auto& [key, value] : mProperties) {
-        groups.add(key, value);
+        writer.add(key, value);
     }
-    if (!document.write(path)) {
+    if (!Detail::writeXmlText(path, writer.finish())) {
         Detail::report("Error writing property file <%s>!\n", path.c_str());
         return false;
     }

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdint>
 #include <new>
 #include <optional>
 #include <string_view>
@@ -13,7 +12,6 @@
 
 #include "config/xml/XmlScan.h"
 #include "config/xml/XmlText.h"
-#include "platform/AtomicFile.h"
 #include "platform/Report.h"
 #include "platform/WholeFile.h"
 
@@ -21,7 +19,6 @@ namespace Orlek::XML {
 
 namespace {
 
-constexpr std::uint64_t fileLimit = std::uint64_t{64} << 20U;
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 // Why a file cannot be read, and where: from 1, as the parser counts for people.
@@ -82,13 +79,15 @@ std::optional<Fault> parse(const char* text, TiXmlDocument& document) {
 
 std::optional<Fault> readFile(const std::string& path, TiXmlDocument& document, bool& hasMark) try {
     std::vector<char> text;
-    if (!Detail::readWholeFile(path, text, fileLimit)) {
+    constexpr std::size_t padding = Detail::XmlScan::padding;
+    if (!Detail::readWholeFile(path, text, Detail::xmlFileLimit, padding)) {
         return openingFault();
     }
+    text.resize(text.size() - padding);
     useLineFeeds(text);
-    hasMark = std::string_view(text.data(), text.size()).starts_with(byteOrderMark);
     const std::size_t size = text.size();
-    text.resize(size + Detail::XmlScan::padding);
+    text.resize(size + padding);
+    hasMark = std::string_view(text.data(), size).starts_with(byteOrderMark);
     const std::optional<Fault> fault = findFault({text.data(), size});
     return fault ? fault : parse(text.data(), document);
 } catch (const std::bad_alloc&) {
@@ -129,7 +128,7 @@ bool XmlDocument::read(const std::string& path) {
 bool XmlDocument::write(const std::string& path) {
     std::string text(mTree->hasMark ? byteOrderMark : "");
     Detail::appendXmlText(mTree->document, text);
-    return text.size() <= fileLimit && Detail::replaceFile(path, text);
+    return Detail::writeXmlText(path, text);
 }
 
 XmlElement XmlDocument::root() const {

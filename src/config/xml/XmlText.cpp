@@ -4,14 +4,11 @@
 
 #include <cstddef>
 
+#include "platform/AtomicFile.h"
+
 namespace Orlek::Detail {
 
 namespace {
-
-void appendIndent(int depth, std::string& out) {
-    constexpr std::size_t blanksOfLevel = 4;
-    out.append(static_cast<std::size_t>(depth) * blanksOfLevel, ' ');
-}
 
 void appendNode(const TiXmlNode& node, int depth, std::string& out);
 
@@ -74,6 +71,15 @@ void appendNode(const TiXmlNode& node, int depth, std::string& out) {
 }
 
 }  // namespace
+
+bool writeXmlText(const std::string& path, std::string_view text) {
+    return text.size() <= xmlFileLimit && replaceFile(path, text);
+}
+
+void appendIndent(int depth, std::string& out) {
+    constexpr std::size_t blanksOfLevel = 4;
+    out.append(static_cast<std::size_t>(depth) * blanksOfLevel, ' ');
+}
 
 void appendXmlText(const TiXmlDocument& document, std::string& out) {
     for (const TiXmlNode* node = document.FirstChild(); node != nullptr;
