@@ -1,8 +1,8 @@
 // 100,000 settings read and written, beside TinyXML's own load and save of the same file. Each run
-// of a read is a process of its own, so that settings are really new and all memory is fresh; that
-// holds for both sides. The lines that reading prints go to /dev/null; "load/printing" is what they
-// cost by themselves. "save/TinyXML+fsync" is a save that has reached the disk, as that of Property
-// has when it returns.
+// is a child process, so that the settings of a read are new and all memory is fresh, on both
+// sides. "cpu" is what of the time the processor worked. The lines that reading prints go to
+// /dev/null; "load/printing" is what they cost by themselves. "save/TinyXML+fsync" is a save that
+// has reached the disk, as that of Property has when it returns.
 #include <Orlek/Misc/Property.h>
 #include <Orlek/XML/XmlDocument.h>
 #include <benchmark/benchmark.h>
@@ -14,6 +14,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <functional>
 #include <string>
 
@@ -32,42 +33,49 @@ std::string keyOf(int i) {
     return "Display.Layer" + group + ".setting" + std::to_string(i % keysOfGroup);
 }
 
-void setAll() {
+bool setAll() {
     for (int i = 0; i < keyCount; ++i) {
         Misc::Property::instance().setString(keyOf(i), "value " + std::to_string(i));
     }
+    return true;
 }
 
-double secondsOf(const std::function<bool()>& work) {
+struct Seconds {
+    double wall = -1;
+    double cpu = -1;
+};
+
+Seconds secondsOf(const std::function<bool()>& work) {
+    const std::clock_t cpuStart = std::clock();
     const auto start = std::chrono::steady_clock::now();
     if (!work()) {
         std::abort();
     }
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    const std::chrono::duration<double> wall = std::chrono::steady_clock::now() - start;
+    return {wall.count(), static_cast<double>(std::clock() - cpuStart) / CLOCKS_PER_SEC};
 }
 
-// The time of the work in a child process; stdout is what the parent's is.
-void inChild(benchmark::State& state, const std::function<bool()>& work) {
-    for (auto _ : state) {
-        int ends[2] = {};
-        double seconds = -1;
-        if (pipe(ends) != 0) {
+// Times the work in a child process, after `prepare`.
+Seconds inChild(const std::function<bool()>& prepare, const std::function<bool()>& work) {
+    int ends[2] = {};
+    Seconds seconds;
+    if (pipe(ends) != 0) {
+        std::abort();
+    }
+    std::fflush(nullptr);
+    const pid_t child = fork();
+    if (child == 0) {
+        if (!prepare()) {
             std::abort();
         }
-        std::fflush(nullptr);
-        const pid_t child = fork();
-        if (child == 0) {
-            seconds = secondsOf(work);
-            _exit(write(ends[1], &seconds, sizeof seconds) == sizeof seconds ? 0 : 1);
-        }
-        close(ends[1]);
-        if (read(ends[0], &seconds, sizeof seconds) != sizeof seconds) {
-            state.SkipWithError("the child failed");
-        }
-        close(ends[0]);
-        waitpid(child, nullptr, 0);
-        state.SetIterationTime(seconds);
+        seconds = secondsOf(work);
+        _exit(write(ends[1], &seconds, sizeof seconds) == sizeof seconds ? 0 : 1);
     }
+    close(ends[1]);
+    const bool done = read(ends[0], &seconds, sizeof seconds) == sizeof seconds;
+    close(ends[0]);
+    waitpid(child, nullptr, 0);
+    return done ? seconds : Seconds();
 }
 
 // Sends what is printed to /dev/null while it lives: the lines of reading, not the results.
@@ -105,15 +113,20 @@ bool saveAndSync(const TiXmlDocument& document, const std::string& path) {
     return std::fclose(file) == 0 && saved;
 }
 
-void loads(benchmark::State& state, const std::function<bool()>& work) {
+void measure(benchmark::State& state, const std::function<bool()>& prepare,
+             const std::function<bool()>& work) {
     const Silence silence;
-    inChild(state, work);
-}
-
-void saves(benchmark::State& state, const std::function<bool()>& work) {
+    double cpu = 0;
     for (auto _ : state) {
-        state.SetIterationTime(secondsOf(work));
+        const Seconds seconds = inChild(prepare, work);
+        if (seconds.wall < 0) {
+            state.SkipWithError("the child failed");
+            break;
+        }
+        state.SetIterationTime(seconds.wall);
+        cpu += seconds.cpu * 1000;
     }
+    state.counters["cpu"] = benchmark::Counter(cpu, benchmark::Counter::kAvgIterations);
 }
 
 }  // namespace
@@ -125,36 +138,29 @@ int main(int argc, char** argv) {
     const std::string other = dir.path("other.xml");
     // Written by a child: the settings of this process stay empty for the reads.
     if (fork() == 0) {
-        setAll();
-        _exit(Misc::Property::instance().writeXmlFile(file) ? 0 : 1);
+        _exit(setAll() && Misc::Property::instance().writeXmlFile(file) ? 0 : 1);
     }
     int status = -1;
     if (wait(&status) < 0 || status != 0) {
         std::fprintf(stderr, "the settings cannot be written\n");
         return 1;
     }
-    const auto add = [](const char* name, auto kind, const std::function<bool()>& work) {
-        benchmark::RegisterBenchmark(name, kind, work)
+    const auto add = [](const char* name, const std::function<bool()>& prepare,
+                        const std::function<bool()>& work) {
+        benchmark::RegisterBenchmark(name, measure, prepare, work)
             ->Unit(benchmark::kMillisecond)
             ->UseManualTime();
     };
-    add("load/TinyXML", loads, [&] {
-        TiXmlDocument document;
-        return document.LoadFile(file);
-    });
-    add("load/XmlDocument", loads, [&] { return XML::XmlDocument().read(file); });
-    add("load/Property", loads, [&] { return Misc::Property::instance().readXmlFile(file); });
-    add("load/printing", loads, printLines);
+    const auto nothing = [] { return true; };
     TiXmlDocument document;
-    const bool loaded = document.LoadFile(file);
-    add("save/TinyXML", saves, [&] { return loaded && document.SaveFile(other); });
-    add("save/TinyXML+fsync", saves, [&] { return loaded && saveAndSync(document, other); });
-    add("save/Property", saves, [&] {
-        if (Misc::Property::instance().getString(keyOf(0), "").empty()) {
-            setAll();
-        }
-        return Misc::Property::instance().writeXmlFile(other);
-    });
+    const auto load = [&] { return document.LoadFile(file); };
+    add("load/TinyXML", nothing, [&] { return TiXmlDocument().LoadFile(file); });
+    add("load/XmlDocument", nothing, [&] { return XML::XmlDocument().read(file); });
+    add("load/Property", nothing, [&] { return Misc::Property::instance().readXmlFile(file); });
+    add("load/printing", nothing, printLines);
+    add("save/TinyXML", load, [&] { return document.SaveFile(other); });
+    add("save/TinyXML+fsync", load, [&] { return saveAndSync(document, other); });
+    add("save/Property", setAll, [&] { return Misc::Property::instance().writeXmlFile(other); });
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

@@ -72,8 +72,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         writer.add(key, value);
     }
     const std::string path = filePath();
-    const std::string written = writer.finish();
-    check(Orlek::Detail::writeXmlText(path, written));
+    writer.finish();
+    const std::string written = writer.text();
+    check(Orlek::Detail::XmlOutput(path).finish(written));
     XmlDocument back;
     check(back.read(path));
     check(back.write(path));

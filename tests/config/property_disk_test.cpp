@@ -7,7 +7,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <csignal>
+#include <cstdio>
 #include <filesystem>
 #include <random>
 #include <string>
@@ -125,11 +127,19 @@ TEST(PropertyDisk, LinksAndModesStay) {
     EXPECT_EQ(entriesOf(dir.path("real")), 2U);
 }
 
-// Writes two sets of settings by turns until it is killed.
-[[noreturn]] void writeForever(const std::string& path) {
-    for (char letter = 'a';; letter = letter == 'a' ? 'b' : 'a') {
-        Property::instance().setString("kill.text", std::string(200'000, letter));
-        Property::instance().writeXmlFile(path);
+void writeLetter(const std::string& path, char letter) {
+    Property::instance().setString("kill.text", std::string(200'000, letter));
+    ASSERT_TRUE(Property::instance().writeXmlFile(path));
+}
+
+// Writes two sets of settings by turns until it is killed; tells when the first one is written.
+[[noreturn]] void writeForever(const std::string& path, int begun) {
+    writeLetter(path, 'a');
+    if (write(begun, "", 1) != 1) {
+        _exit(1);
+    }
+    for (char letter = 'b';; letter = letter == 'a' ? 'b' : 'a') {
+        writeLetter(path, letter);
     }
 }
 
@@ -137,33 +147,40 @@ TEST(PropertyDisk, AKilledWriterLeavesAWholeFile) {
     const TempDir dir;
     const std::string path = dir.path("settings.xml");
     std::string contents[2];
+    const auto start = std::chrono::steady_clock::now();
     for (int i = 0; i < 2; ++i) {
-        Property::instance().setString("kill.text",
-                                       std::string(200'000, static_cast<char>('a' + i)));
-        ASSERT_TRUE(Property::instance().writeXmlFile(path));
+        writeLetter(path, static_cast<char>('a' + i));
         contents[i] = wholeText(path);
     }
+    const std::chrono::duration<double, std::micro> pair = std::chrono::steady_clock::now() - start;
     std::mt19937 random(std::random_device{}());
+    std::uniform_real_distribution<double> delay(0, pair.count());
     int seen[2] = {};
     for (int i = 0; i < 500; ++i) {
+        int begun[2] = {};
+        ASSERT_EQ(pipe(begun), 0);
         const pid_t child = fork();
         ASSERT_GE(child, 0);
         if (child == 0) {
-            writeForever(path);
+            writeForever(path, begun[1]);
         }
-        usleep(static_cast<useconds_t>(random() % 8000));
+        char byte = 0;
+        ASSERT_EQ(read(begun[0], &byte, 1), 1);
+        usleep(static_cast<useconds_t>(delay(random)));
         ASSERT_EQ(kill(child, SIGKILL), 0);
         int status = 0;
         ASSERT_EQ(waitpid(child, &status, 0), child);
         ASSERT_TRUE(WIFSIGNALED(status)) << "the writer ended by itself";
+        close(begun[0]);
+        close(begun[1]);
         const std::string content = wholeText(path);
         ASSERT_TRUE(content == contents[0] || content == contents[1]) << "round " << i;
         ++seen[content == contents[1] ? 1 : 0];
     }
-    // Otherwise no writer got so far as to replace the file.
+    // Otherwise the writers were never killed where it matters.
     EXPECT_GT(seen[0], 0);
     EXPECT_GT(seen[1], 0);
-    RecordProperty("leftovers", static_cast<int>(entriesOf(dir.path())) - 1);
+    std::printf("old %d, new %d, left behind %zu\n", seen[0], seen[1], entriesOf(dir.path()) - 1);
 }
 
 }  // namespace

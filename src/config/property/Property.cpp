@@ -63,11 +63,14 @@ bool Property::readElement(XML::XmlElement& element, std::string prefix) {
 }
 
 bool Property::writeXmlFile(const std::string& path) {
+    Detail::XmlOutput output(path);
     Detail::PropertyWriter writer;
     for (const auto& [key, value] : mProperties) {
         writer.add(key, value);
+        output.pass(writer.text());
     }
-    if (!Detail::writeXmlText(path, writer.finish())) {
+    writer.finish();
+    if (!output.finish(writer.text())) {
         Detail::report("Error writing property file <%s>!\n", path.c_str());
         return false;
     }

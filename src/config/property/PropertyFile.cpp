@@ -44,10 +44,9 @@ void PropertyWriter::add(const std::string& key, const std::string& value) {
     write({place.leaf, &value});
 }
 
-const std::string& PropertyWriter::finish() {
+void PropertyWriter::finish() {
     leaveAllBut({});
     mXml.close();
-    return mXml.text();
 }
 
 void PropertyWriter::write(const Leaf& leaf) {

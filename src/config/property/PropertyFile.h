@@ -19,11 +19,14 @@ class PropertyWriter {
 public:
     PropertyWriter() { mXml.open("Properties"); }
 
-    /// Key and value must live until the text has been taken.
+    /// Key and value must live until finish() has been called.
     void add(const std::string& key, const std::string& value);
 
-    /// The file, once all settings have been added.
-    const std::string& finish();
+    /// Completes the text, once all settings have been added.
+    void finish();
+
+    /// The text so far. It may be taken away at any time.
+    std::string& text() { return mXml.text(); }
 
 private:
     struct Leaf {

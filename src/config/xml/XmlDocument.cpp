@@ -128,7 +128,7 @@ bool XmlDocument::read(const std::string& path) {
 bool XmlDocument::write(const std::string& path) {
     std::string text(mTree->hasMark ? byteOrderMark : "");
     Detail::appendXmlText(mTree->document, text);
-    return Detail::writeXmlText(path, text);
+    return Detail::XmlOutput(path).finish(text);
 }
 
 XmlElement XmlDocument::root() const {

@@ -19,8 +19,8 @@ public:
     void attribute(std::string_view name, const std::string& value);
     void close();
 
-    /// The text; every element must have been closed.
-    [[nodiscard]] const std::string& text() const { return mText; }
+    /// The text so far. It may be taken away at any time.
+    std::string& text() { return mText; }
 
 private:
     std::string mText;

@@ -4,8 +4,6 @@
 
 #include <cstddef>
 
-#include "platform/AtomicFile.h"
-
 namespace Orlek::Detail {
 
 namespace {
@@ -72,8 +70,22 @@ void appendNode(const TiXmlNode& node, int depth, std::string& out) {
 
 }  // namespace
 
-bool writeXmlText(const std::string& path, std::string_view text) {
-    return text.size() <= xmlFileLimit && replaceFile(path, text);
+void XmlOutput::write(std::string_view text) {
+    mSize += text.size();
+    mGood = mGood && mSize <= xmlFileLimit && mFile.write(text);
+}
+
+void XmlOutput::pass(std::string& text) {
+    constexpr std::size_t block = std::size_t{64} << 10U;
+    if (text.size() >= block) {
+        write(text);
+        text.clear();
+    }
+}
+
+bool XmlOutput::finish(std::string_view rest) {
+    write(rest);
+    return mGood && mFile.commit();
 }
 
 void appendIndent(int depth, std::string& out) {

@@ -83,18 +83,6 @@ bool takeOver(int descriptor, const struct stat& old) {
     return ::fchmod(descriptor, old.st_mode & 07777U) == 0;
 }
 
-bool writeAll(int descriptor, std::string_view content) {
-    while (!content.empty()) {
-        const ssize_t written = ::write(descriptor, content.data(), content.size());
-        if (written > 0) {
-            content.remove_prefix(static_cast<std::size_t>(written));
-        } else if (written < 0 && errno != EINTR) {
-            return false;
-        }
-    }
-    return true;
-}
-
 bool sync(int descriptor) {
     int result = 0;
     do {
@@ -117,27 +105,9 @@ bool syncDirectory(const std::string& directory) {
     return done;
 }
 
-// The new file on its way: closed and removed with the object unless it has been given its name.
-class NewFile {
-public:
-    explicit NewFile(std::string directory) : mDirectory(std::move(directory)) {}
-    NewFile(const NewFile&) = delete;
-    NewFile& operator=(const NewFile&) = delete;
-    ~NewFile();
+}  // namespace
 
-    bool create(mode_t mode);
-    [[nodiscard]] int descriptor() const { return mDescriptor; }
-    bool rename(const std::string& target);
-
-private:
-    bool giveName();
-
-    std::string mDirectory;
-    std::string mName;  // empty as long as it has none
-    int mDescriptor = -1;
-};
-
-NewFile::~NewFile() {
+AtomicFile::~AtomicFile() {
     const int error = errno;
     if (mDescriptor >= 0) {
         ::close(mDescriptor);
@@ -148,7 +118,30 @@ NewFile::~NewFile() {
     errno = error;
 }
 
-bool NewFile::create(mode_t mode) {
+bool AtomicFile::open(const std::string& path) {
+    if (path.find('\0') != std::string::npos) {  // the system would see its first half only
+        errno = EINVAL;
+        return false;
+    }
+    mTarget = path;
+    if (!followLinks(mTarget)) {
+        return false;
+    }
+    mDirectory = directoryOf(mTarget);
+    struct stat old {};
+    if (::stat(mTarget.c_str(), &old) != 0) {
+        return errno == ENOENT && create(0666);
+    }
+    if (!S_ISREG(old.st_mode)) {
+        errno = S_ISDIR(old.st_mode) ? EISDIR : ENOTSUP;
+        return false;
+    }
+    // Replacing needs no right to write the file itself; whoever took that away meant it.
+    return ::faccessat(AT_FDCWD, mTarget.c_str(), W_OK, AT_EACCESS) == 0 && create(0600) &&
+           takeOver(mDescriptor, old);
+}
+
+bool AtomicFile::create(unsigned int mode) {
     mDescriptor = createUnnamed(mDirectory, mode);
     if (mDescriptor < 0) {
         mName = makeNamed(mDirectory, [&](const char* name) {
@@ -159,7 +152,19 @@ bool NewFile::create(mode_t mode) {
     return mDescriptor >= 0;
 }
 
-bool NewFile::giveName() {
+bool AtomicFile::write(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(mDescriptor, bytes.data(), bytes.size());
+        if (written > 0) {
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        } else if (written < 0 && errno != EINTR) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool AtomicFile::giveName() {
     if (mName.empty()) {
         const std::string file = descriptorPath(mDescriptor);
         mName = makeNamed(mDirectory, [&](const char* name) {
@@ -170,45 +175,13 @@ bool NewFile::giveName() {
 }
 
 // Some network file systems tell only when a file is closed that it did not fit.
-bool NewFile::rename(const std::string& target) {
-    if (!giveName() || ::close(std::exchange(mDescriptor, -1)) != 0 ||
-        ::rename(mName.c_str(), target.c_str()) != 0) {
+bool AtomicFile::commit() {
+    if (!sync(mDescriptor) || !giveName() || ::close(std::exchange(mDescriptor, -1)) != 0 ||
+        ::rename(mName.c_str(), mTarget.c_str()) != 0) {
         return false;
     }
     mName.clear();
-    return true;
-}
-
-// Creates the file that is to replace `target`.
-bool createLike(const std::string& target, NewFile& file) {
-    struct stat old {};
-    if (::stat(target.c_str(), &old) != 0) {
-        return errno == ENOENT && file.create(0666);
-    }
-    if (!S_ISREG(old.st_mode)) {
-        errno = S_ISDIR(old.st_mode) ? EISDIR : ENOTSUP;
-        return false;
-    }
-    // Replacing needs no right to write the file itself; whoever took that away meant it.
-    return ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) == 0 && file.create(0600) &&
-           takeOver(file.descriptor(), old);
-}
-
-}  // namespace
-
-bool replaceFile(const std::string& path, std::string_view content) {
-    if (path.find('\0') != std::string::npos) {  // the system would see its first half only
-        errno = EINVAL;
-        return false;
-    }
-    std::string target = path;
-    if (!followLinks(target)) {
-        return false;
-    }
-    const std::string directory = directoryOf(target);
-    NewFile file(directory);
-    return createLike(target, file) && writeAll(file.descriptor(), content) &&
-           sync(file.descriptor()) && file.rename(target) && syncDirectory(directory);
+    return syncDirectory(mDirectory);
 }
 
 }  // namespace Orlek::Detail
