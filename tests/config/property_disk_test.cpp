@@ -128,7 +128,7 @@ TEST(PropertyDisk, LinksAndModesStay) {
 }
 
 void writeLetter(const std::string& path, char letter) {
-    Property::instance().setString("kill.text", std::string(200'000, letter));
+    Property::instance().setString("kill.text", std::string(100'000, letter));
     ASSERT_TRUE(Property::instance().writeXmlFile(path));
 }
 

@@ -32,8 +32,11 @@ class ORLEK_EXPORT XmlDocument {
 public:
     /// Makes a document with nothing but the declaration of version 1.0 and UTF-8.
     XmlDocument();
+    /// Frees all elements of the document.
     ~XmlDocument();
+    /// Makes a deep copy.
     XmlDocument(const XmlDocument& other);
+    /// Replaces the document by a deep copy; its elements until now are freed.
     XmlDocument& operator=(const XmlDocument& other);
 
     /// Replaces the document by the content of a file.
