@@ -10,7 +10,10 @@
 #include <atomic>
 #include <cerrno>
 #include <climits>
+#include <span>
 #include <utility>
+
+#include "platform/posix/WriteAll.h"
 
 namespace Orlek::Detail {
 
@@ -153,15 +156,7 @@ bool AtomicFile::create(unsigned int mode) {
 }
 
 bool AtomicFile::write(std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(mDescriptor, bytes.data(), bytes.size());
-        if (written > 0) {
-            bytes.remove_prefix(static_cast<std::size_t>(written));
-        } else if (written < 0 && errno != EINTR) {
-            return false;
-        }
-    }
-    return true;
+    return writeAll(mDescriptor, std::as_bytes(std::span(bytes)));
 }
 
 bool AtomicFile::giveName() {

@@ -7,6 +7,8 @@
 #include <cerrno>
 #include <utility>
 
+#include "platform/posix/WriteAll.h"
+
 namespace Orlek::Detail {
 
 bool OutputFile::open(const std::string& path) {
@@ -25,15 +27,7 @@ bool OutputFile::open(const std::string& path) {
 }
 
 bool OutputFile::write(std::span<const std::byte> bytes) {
-    while (!bytes.empty()) {
-        const ssize_t count = ::write(mDescriptor, bytes.data(), bytes.size());
-        if (count >= 0) {
-            bytes = bytes.subspan(static_cast<std::size_t>(count));
-        } else if (errno != EINTR) {
-            return false;
-        }
-    }
-    return true;
+    return writeAll(mDescriptor, bytes);
 }
 
 bool OutputFile::close() {
