@@ -4,9 +4,9 @@ run_packages="cmake ninja-build g++ pkg-config libglew-dev libgl-dev libglu1-mes
   libfreetype-dev libtinyxml-dev zlib1g-dev libpng-dev libgl1-mesa-dri libegl-mesa0
   fonts-dejavu-core python-matplotlib-data"
 test_packages="libgtest-dev clang libclang-rt-14-dev clang-format doxygen gdal-bin xvfb xauth
-  iproute2 nginx python3 locales"
+  iproute2 libgeos-dev nginx python3 locales"
 bench_packages="libbenchmark-dev libgdal-dev libgeographiclib-dev libftgl-dev libcairo2-dev
-  libasio-dev libnng-dev libzmq3-dev gdal-bin"
+  libasio-dev libnng-dev libzmq3-dev libpolyclipping-dev libboost-dev gdal-bin"
 
 # shellcheck disable=SC2086  # lists and prefixes are meant to be split
 install_packages() {

@@ -26,8 +26,7 @@ int nextUnvisitedCross(const std::vector<PolygonNode>& nodes, int from) {
     return -1;
 }
 
-std::vector<Math::Vector2<double>> walkRing(std::vector<PolygonNode>& nodes, std::uint32_t start,
-                                            Turn turn) {
+std::vector<Math::Vector2<double>> walkRing(std::vector<PolygonNode>& nodes, int start, Turn turn) {
     std::vector<Math::Vector2<double>> ring;
     for (auto at = static_cast<std::uint32_t>(start); !nodes[at].visited;
          at = nodeAfter(nodes, nodes[at], turn)) {
