@@ -13,6 +13,7 @@ inline constexpr std::size_t mostCrossings = std::size_t{1} << 23U;
 /// Fills the list with all crossings, by edges of this ring and then of the other. The nodes are
 /// numbered after the vertices of both.
 /// @return false when there are too many; the list is then empty.
-bool findCrossings(const RingPair& rings, std::vector<Math::Polygon2D::Cross>& found);
+bool findCrossings(const RingPair& rings, std::vector<Math::Polygon2D::Cross>& found,
+                   std::size_t limit = mostCrossings);
 
 }  // namespace Orlek::Detail

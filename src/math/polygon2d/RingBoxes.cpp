@@ -25,15 +25,23 @@ bool tame(RingPoint point) {
     return std::abs(point.x) <= largestTame && std::abs(point.y) <= largestTame;
 }
 
+Box widened(RingPoint from, RingPoint to, double marginX, double marginY) {
+    return {std::min(from.x, to.x) - marginX, std::max(from.x, to.x) + marginX,
+            std::min(from.y, to.y) - marginY, std::max(from.y, to.y) + marginY};
+}
+
+/// Most edges are content with a margin for the steepest of them, which needs no division.
 Box boxAround(RingPoint from, RingPoint to, double margin) {
+    constexpr double steep = 1023.0;
     const double dx = std::abs(to.x - from.x);
     const double dy = std::abs(to.y - from.y);
-    const double length = dx + dy;
-    if (!tame(from) || !tame(to) || (length < shortestTame && length > 0.0))
+    if (!tame(from) || !tame(to))
         return everywhere;
-    const double marginY = dx > 0.0 ? margin * (1.0 + dy / dx) : margin;
-    return {std::min(from.x, to.x) - margin, std::max(from.x, to.x) + margin,
-            std::min(from.y, to.y) - marginY, std::max(from.y, to.y) + marginY};
+    if (dx > shortestTame && dy <= steep * dx)
+        return widened(from, to, margin, margin * (1.0 + steep));
+    if (dx + dy < shortestTame && dx + dy > 0.0)
+        return everywhere;
+    return widened(from, to, margin, dx > 0.0 ? margin * (1.0 + dy / dx) : margin);
 }
 
 }  // namespace
@@ -92,19 +100,19 @@ Box RingBoxes::rayBox(RingPoint from) const {
 
 void RingBoxes::groupsAt(const Box& box, std::vector<std::uint32_t>& found) const {
     found.clear();
-    descend(mLevels.size() - 1, 0, box, found);
+    descend(topLevel(), 0, box, found);
 }
 
 void RingBoxes::descend(std::size_t level, std::size_t index, const Box& box,
                         std::vector<std::uint32_t>& found) const {
-    if (!mBoxes[mLevels[level].first + index].meets(box))
+    if (!this->box(level, index).meets(box))
         return;
     if (level == 0) {
         found.push_back(static_cast<std::uint32_t>(index));
         return;
     }
-    const std::size_t end = std::min((index + 1) * fanOut, mLevels[level - 1].count);
-    for (std::size_t child = index * fanOut; child < end; ++child)
+    const auto [first, end] = children(level, index);
+    for (std::size_t child = first; child < end; ++child)
         descend(level - 1, child, box, found);
 }
 

@@ -7,6 +7,7 @@
 // always meets the other's box.
 #pragma once
 
+#include <bit>
 #include <cstdint>
 #include <limits>
 #include <vector>
@@ -25,14 +26,22 @@ struct Box {
         return left <= other.right && other.left <= right && bottom <= other.top &&
                other.bottom <= top;
     }
-    /// Whether the edge between two points may meet the box; true also for what is not a number.
+    /// Whether the edge between two points may meet the box. Without branches, which would mostly
+    /// be guessed wrong.
     bool mayMeet(RingPoint from, RingPoint to) const {
-        return !((from.x < left && to.x < left) || (right < from.x && right < to.x) ||
-                 (from.y < bottom && to.y < bottom) || (top < from.y && top < to.y));
+        const bool beside = (std::max(from.x, to.x) < left) | (right < std::min(from.x, to.x));
+        const bool apart = (std::max(from.y, to.y) < bottom) | (top < std::min(from.y, to.y));
+        return !(beside | apart);
     }
     /// Whether it is without bounds, as around edges of which nothing is known.
     bool isEverywhere() const { return left == -std::numeric_limits<double>::infinity(); }
     void include(const Box& other);
+};
+
+/// Consecutive indices.
+struct Range {
+    std::size_t first;
+    std::size_t end;
 };
 
 /// The largest magnitude of the tame coordinates of a ring.
@@ -47,9 +56,19 @@ public:
     RingBoxes(Ring ring, double reach);
 
     bool empty() const { return mBoxes.empty(); }
-    /// Groups of eight edges, the last of fewer.
-    std::size_t groupCount() const { return mLevels.empty() ? 0 : mLevels[0].count; }
-    const Box& group(std::size_t index) const { return mBoxes[index]; }
+    /// Levels are counted from the groups of eight edges, 0, up to the single box over all.
+    std::size_t topLevel() const { return mLevels.size() - 1; }
+    std::size_t count(std::size_t level) const { return mLevels[level].count; }
+    const Box& box(std::size_t level, std::size_t index) const {
+        return mBoxes[mLevels[level].first + index];
+    }
+    /// What a box of a level above 0 is made of, on the level below.
+    Range children(std::size_t level, std::size_t index) const {
+        return {index * fanOut, std::min((index + 1) * fanOut, mLevels[level - 1].count)};
+    }
+    Range edges(std::size_t group) const {
+        return {group * fanOut, std::min((group + 1) * fanOut, mRing.size())};
+    }
     /// The box of a single edge.
     Box edge(std::size_t index) const;
     /// The box of the ray up from a tame point.
@@ -78,15 +97,16 @@ private:
 
 template <typename Visit>
 void RingBoxes::edgesOf(std::size_t group, const Box& box, Visit visit) const {
+    const auto [first, end] = edges(group);
     const bool all = mBoxes[group].isEverywhere();
-    const std::size_t first = group * fanOut;
-    const std::size_t end = std::min(first + fanOut, mRing.size());
-    RingPoint from = mRing[first];
-    for (std::size_t i = first; i < end; ++i) {
-        const RingPoint to = edgeEnd(mRing, i);
-        if (all || box.mayMeet(from, to))
-            visit(i, from, to);
-        from = to;
+    unsigned meeting = 0;
+    for (std::size_t i = 0; first + i < end; ++i) {
+        const bool meets = all | box.mayMeet(mRing[first + i], edgeEnd(mRing, first + i));
+        meeting |= static_cast<unsigned>(meets) << i;
+    }
+    for (; meeting != 0; meeting &= meeting - 1) {
+        const std::size_t edge = first + static_cast<std::size_t>(std::countr_zero(meeting));
+        visit(edge, mRing[edge], edgeEnd(mRing, edge));
     }
 }
 

@@ -16,7 +16,7 @@ struct RingPair {
     RingBoxes otherBoxes;
 
     /// @param largestPlain the product of the numbers of edges up to which there are no boxes.
-    RingPair(Ring selfRing, Ring otherRing, std::size_t largestPlain = 2048);
+    RingPair(Ring selfRing, Ring otherRing, std::size_t largestPlain = 512);
 };
 
 /// All vertices of the other ring inside this one; else all of this one inside the other; else no
