@@ -5,8 +5,8 @@ function(orlek_fuzz name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LIBS")
   set(corpus "${CMAKE_CURRENT_SOURCE_DIR}/corpus/${name}")
   add_executable(fuzz_${name} ${name}.cpp)
-  target_include_directories(fuzz_${name} PRIVATE "${PROJECT_SOURCE_DIR}/fuzz"
-    "${PROJECT_SOURCE_DIR}/tests")
+  target_include_directories(fuzz_${name} PRIVATE
+    "${PROJECT_SOURCE_DIR}/fuzz" "${PROJECT_SOURCE_DIR}/tests")
   target_link_libraries(fuzz_${name} PRIVATE orlek_compiler orlek_objects ${arg_LIBS})
   if(ORLEK_BUILD_FUZZ)
     target_link_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)

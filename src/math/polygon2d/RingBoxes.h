@@ -29,8 +29,12 @@ struct Box {
     /// Whether the edge between two points may meet the box. Without branches, which would mostly
     /// be guessed wrong.
     bool mayMeet(RingPoint from, RingPoint to) const {
-        const bool beside = (std::max(from.x, to.x) < left) | (right < std::min(from.x, to.x));
-        const bool apart = (std::max(from.y, to.y) < bottom) | (top < std::min(from.y, to.y));
+        const double west = std::min(from.x, to.x);
+        const double east = std::max(from.x, to.x);
+        const double south = std::min(from.y, to.y);
+        const double north = std::max(from.y, to.y);
+        const bool beside = (east < left) | (right < west);
+        const bool apart = (north < bottom) | (top < south);
         return !(beside | apart);
     }
     /// Whether it is without bounds, as around edges of which nothing is known.
