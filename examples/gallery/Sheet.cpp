@@ -20,7 +20,6 @@ constexpr float captionHeight = 46.0F;
 constexpr float magnification = 6.0F;
 
 const Colour background(0.055F, 0.071F, 0.094F, 1.0F);
-const Colour panel(0.090F, 0.114F, 0.149F, 1.0F);
 const Colour frame(0.20F, 0.25F, 0.32F, 1.0F);
 
 void setClearColour(const Colour& colour) {

@@ -29,6 +29,9 @@ inline const Colour green(0.45F, 0.90F, 0.50F, 1.0F);
 inline const Colour red(1.0F, 0.38F, 0.35F, 1.0F);
 inline const Colour blue(0.25F, 0.47F, 0.95F, 1.0F);
 
+/// What samples stand on.
+inline const Colour panel(0.090F, 0.114F, 0.149F, 1.0F);
+
 /// The same colour, half transparent.
 inline Colour glass(const Colour& colour) {
     return {colour.x, colour.y, colour.z, 0.5F};
