@@ -71,10 +71,10 @@ const Shape shapes[] = {
      [](RingMaker& m) { return star(m, 50, 500, 1); }},
     {"star and a jittered copy", 1,
      [](RingMaker&) {
-         return RingMaker(7).star(2000, {0, 0}, 0.1);
+         return RingMaker(7).star(1200, {0, 0}, 0.1);
      },
      [](RingMaker& m) {
-         return m.jittered(RingMaker(7).star(2000, {0, 0}, 0.1), 1e-3);
+         return m.jittered(RingMaker(7).star(1200, {0, 0}, 0.1), 1e-3);
      }},
     {"star and a hardly jittered copy", 1,
      [](RingMaker&) {
