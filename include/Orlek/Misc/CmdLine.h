@@ -31,6 +31,7 @@ public:
     /// @return the instance of the process, created on first use.
     static CmdLine& instance();
 
+    ~CmdLine() = default;
     CmdLine(const CmdLine&) = delete;
     CmdLine& operator=(const CmdLine&) = delete;
 
@@ -85,7 +86,6 @@ private:
     };
 
     CmdLine() = default;
-    ~CmdLine() = default;
 
     std::string mProgramName;
     std::map<std::string, CmdOption> mOptions;
