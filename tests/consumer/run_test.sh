@@ -1,6 +1,6 @@
 #!/bin/sh
-# Installs the build tree to a fresh prefix, then builds and runs the consumer project against it,
-# once through the CMake package and once through pkg-config.
+# Installs the build tree to a fresh prefix, then builds and runs the consumer project and the tables
+# of the interface against it through the CMake package, and the consumer through pkg-config.
 # Arguments: build tree, source folder of the consumer, C++ compiler, extra compiler flags.
 set -eu
 build=$1 source=$2 compiler=$3 flags=${4:-}
@@ -15,6 +15,7 @@ cmake -S "$source" -B "$work/build" -DCMAKE_PREFIX_PATH="$work/prefix" \
   { cat "$work/configure.log"; exit 1; }
 cmake --build "$work/build"
 "$work/build/consumer"
+"$work/build/interface"
 
 if cmake -S "$source" -B "$work/wrong" -DCMAKE_PREFIX_PATH="$work/prefix" \
   -DCMAKE_CXX_COMPILER="$compiler" -DORLEK_WANTED=9.0 >"$work/wrong.log" 2>&1; then

@@ -1,0 +1,98 @@
+// What the tables of this program are written with: a line names one public operation with its
+// documented type, and does not compile, link or run where the library has another.
+#pragma once
+
+#include <Orlek/Orlek.h>
+
+#include <cstdio>
+#include <type_traits>
+#include <utility>
+
+namespace interface {
+
+inline int operations = 0;  // functions that the tables have named so far
+inline int data = 0;        // fields and constants
+inline int wrong = 0;       // constants that hold another value than documented
+
+/// Stores the address where the compiler may not drop it, so that the linker has to find it.
+template <typename Address>
+void keep(Address address) {
+    [[maybe_unused]] volatile Address kept = address;
+    using Target = std::remove_pointer_t<Address>;
+    ++(std::is_member_function_pointer_v<Address> || std::is_function_v<Target> ? operations
+                                                                                : data);
+}
+
+/// A free function or a static member function.
+template <typename Function>
+void function(Function* address) {
+    keep(address);
+}
+
+/// A member function, or a public field.
+template <typename Member, typename Class>
+void member(Member Class::*address) {
+    keep(address);
+}
+
+template <typename Type>
+void constant(const Type* address, std::type_identity_t<Type> value,
+              const char* file = __builtin_FILE(), int line = __builtin_LINE()) {
+    keep(address);
+    if (*address == value)
+        return;
+    std::fprintf(stderr, "%s:%d: the constant has another value\n", file, line);
+    ++wrong;
+}
+
+/// A constructor that takes these arguments, and the destructor.
+template <typename Type, typename... Arguments>
+void made() {
+    keep(+[](Arguments... arguments) {
+        Type object(std::forward<Arguments>(arguments)...);
+        static_cast<void>(object);
+    });
+}
+
+/// Copy construction and assignment.
+template <typename Type>
+void copied() {
+    static_assert(
+        std::is_same_v<decltype(std::declval<Type&>() = std::declval<const Type&>()), Type&>);
+    keep(+[](Type& target, const Type& source) {
+        Type copy(source);
+        target = copy;
+        target = std::move(copy);
+    });
+    ++operations;
+}
+
+/// A class of values: made without arguments and copied, without virtual operations.
+template <typename Type>
+void value() {
+    static_assert(!std::is_polymorphic_v<Type>);
+    made<Type>();
+    copied<Type>();
+}
+
+/// A class with one instance, that nobody else may make.
+template <typename Type>
+void singleton() {
+    static_assert(!std::is_default_constructible_v<Type>);
+    function<Type&()>(&Type::instance);
+    keep(+[](Type& object) { object.~Type(); });
+}
+
+void math();
+void polygons();
+void geodetic();
+void core();
+void lines();
+void fills();
+void text();
+void network();
+void files();
+void misc();
+void xml();
+
+}  // namespace interface
