@@ -9,10 +9,12 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <random>
 #include <string>
+#include <thread>
 
 #include "support/Capture.h"
 #include "support/OwnNetwork.h"
@@ -128,19 +130,38 @@ TEST(PropertyDisk, LinksAndModesStay) {
 }
 
 void writeLetter(const std::string& path, char letter) {
-    Property::instance().setString("kill.text", std::string(100'000, letter));
+    Property::instance().setString("kill.text", std::string(10'000, letter));
     ASSERT_TRUE(Property::instance().writeXmlFile(path));
 }
 
-// Writes two sets of settings by turns until it is killed; tells when the first one is written.
+// Writes two sets of settings by turns until it is killed; tells when it begins.
 [[noreturn]] void writeForever(const std::string& path, int begun) {
-    writeLetter(path, 'a');
     if (write(begun, "", 1) != 1) {
         _exit(1);
     }
-    for (char letter = 'b';; letter = letter == 'a' ? 'b' : 'a') {
+    for (char letter = 'a';; letter = letter == 'a' ? 'b' : 'a') {
         writeLetter(path, letter);
     }
+}
+
+// Kills a writer after the delay.
+void killWriter(const std::string& path, std::chrono::microseconds delay) {
+    int begun[2] = {};
+    ASSERT_EQ(pipe(begun), 0);
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        writeForever(path, begun[1]);
+    }
+    char byte = 0;
+    EXPECT_EQ(read(begun[0], &byte, 1), 1);
+    std::this_thread::sleep_for(delay);
+    EXPECT_EQ(kill(child, SIGKILL), 0);
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFSIGNALED(status)) << "the writer ended by itself";
+    close(begun[0]);
+    close(begun[1]);
 }
 
 TEST(PropertyDisk, AKilledWriterLeavesAWholeFile) {
@@ -154,27 +175,12 @@ TEST(PropertyDisk, AKilledWriterLeavesAWholeFile) {
         writeLetter(path, static_cast<char>('a' + i));
         contents[i] = wholeText(path);
     }
-    const std::chrono::duration<double, std::micro> pair = std::chrono::steady_clock::now() - start;
+    const auto pair = (std::chrono::steady_clock::now() - start) / std::chrono::microseconds(1);
     std::mt19937 random(std::random_device{}());
-    std::uniform_real_distribution<double> delay(0, pair.count());
+    std::uniform_int_distribution<std::int64_t> delay(0, pair);
     int seen[2] = {};
-    for (int i = 0; i < 500; ++i) {
-        int begun[2] = {};
-        ASSERT_EQ(pipe(begun), 0);
-        const pid_t child = fork();
-        ASSERT_GE(child, 0);
-        if (child == 0) {
-            writeForever(path, begun[1]);
-        }
-        char byte = 0;
-        ASSERT_EQ(read(begun[0], &byte, 1), 1);
-        usleep(static_cast<useconds_t>(delay(random)));
-        ASSERT_EQ(kill(child, SIGKILL), 0);
-        int status = 0;
-        ASSERT_EQ(waitpid(child, &status, 0), child);
-        ASSERT_TRUE(WIFSIGNALED(status)) << "the writer ended by itself";
-        close(begun[0]);
-        close(begun[1]);
+    for (int i = 0; i < 500 && !HasFailure(); ++i) {
+        killWriter(path, std::chrono::microseconds(delay(random)));
         const std::string content = wholeText(path);
         ASSERT_TRUE(content == contents[0] || content == contents[1]) << "round " << i;
         ++seen[content == contents[1] ? 1 : 0];
