@@ -31,13 +31,11 @@ namespace Orlek::Misc {
 ///
 /// holds the keys Display.width and debug. Whatever key and value is set comes back from a file:
 ///
-/// - A key that cannot be nested stands in one `Property` under the root with its whole name: with
-/// an
-///   empty section before its last one, a section that is no XML name (without colons), one called
-///   Property, more than 254 dots, or more than 1,024 bytes before its last dot.
+/// - A key that cannot be nested stands in one `Property` under the root with its whole name. Such
+///   a key has, before its last dot, an empty section, one that is no XML name (without colons),
+///   one called Property, more than 253 other dots, or more than 1,024 bytes.
 /// - Control characters other than tab, line feed and carriage return become references that XML
-/// does
-///   not allow and this class reads; other programs refuse such a file.
+///   does not allow and this class reads; other programs refuse such a file.
 /// - Bytes that are not UTF-8 have no place in the file. Key and value of such a `Property` are
 ///   written with `%` and two hexadecimal digits for each of those bytes, `%25` for a per cent
 ///   sign, and the attribute `escape="percent"` beside them.
@@ -70,9 +68,9 @@ public:
     /// @param path the file; the bounds and refusals of XML::XmlDocument::read() hold. A file is
     ///        refused too when long group names above many settings would make the keys take some
     ///        hundred times its size.
-    /// @return true when it has been read. Otherwise nothing has changed, and what is wrong has
-    /// been
-    ///         printed on the standard output.
+    /// @return true when it has been read. Otherwise nothing has changed, and a line with the path
+    ///         has been printed on the standard output, behind those of XML::XmlDocument::read()
+    ///         when it was that which failed.
     bool readXmlFile(const std::string& path);
 
     /// Reads the file that setConfigFile() has named.

@@ -41,8 +41,8 @@ public:
 
     /// Replaces the document by the content of a file.
     ///
-    /// Only regular files are opened. Refused before they are parsed are files of more than 256
-    /// MiB, with zero bytes, with elements nested more than 256 deep, and with more than 1,024
+    /// Only regular files are opened. Refused before they are parsed are files of more than 64 MiB,
+    /// with zero bytes, with elements nested more than 256 deep, and with more than 1,024
     /// attributes of one element. What memory a file takes is in proportion to its size: about 10
     /// times as much for usual ones, at most some 100 times. A byte order mark or the declaration
     /// tells whether the bytes are UTF-8; others are taken one by one.

@@ -55,8 +55,8 @@ inline bool rayCrosses(const DirectedLine& ray, RingPoint from, RingPoint to) {
 inline constexpr double largestTame = 1e100;
 
 /// crossLines answers in floating point. Whatever it reports lies no farther outside the extents of
-/// the edges than this part of the largest coordinate involved (16 times the proven bound), along
-/// the axis in which the first edge extends; see EdgeBox for the other axis.
+/// the edges than this part of the largest coordinate involved, along the axis in which the first
+/// edge extends. RingBoxes.cpp proves it, with a fourth of this, and has the other axis.
 inline constexpr double roundingMargin = 0x1p-46;
 
 /// Whether a point lies inside: an odd number of edges is above it.
