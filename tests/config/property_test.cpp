@@ -7,7 +7,9 @@
 #include <cstdlib>
 #include <map>
 #include <random>
+#include <sstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "support/Capture.h"
@@ -159,13 +161,7 @@ TEST(Property, ALongGroupNameAboveManySettingsIsRefused) {
 }
 
 TEST(Property, TextsAreConvertedWhenTheyAreAskedFor) {
-    struct Row {
-        std::string text;
-        int asInt;
-        double asDouble;
-        bool asSwitch;
-    };
-    const std::vector<Row> rows = {
+    const std::tuple<std::string, int, double, bool> rows[] = {
         {"true", 0, 0, true},    {"TRUE", 0, 0, true},     {"True", 0, 0, true},
         {"tRUE", 0, 0, false},   {"yes", 0, 0, false},     {"1", 1, 1, false},
         {"0x10", 0, 16, false},  {"42abc", 42, 42, false}, {" -7.25", -7, -7.25, false},
@@ -181,15 +177,12 @@ TEST(Property, TextsAreConvertedWhenTheyAreAskedFor) {
     EXPECT_EQ(settings().getDouble("absent", 0.5), 0.5);
     EXPECT_TRUE(settings().getSwitch("absent", true));
 
-    const std::vector<std::pair<double, std::string>> doubles = {{2.5, "2.5"},
-                                                                 {3.14159265, "3.14159"},
-                                                                 {1234567.0, "1.23457e+06"},
-                                                                 {0.1, "0.1"},
-                                                                 {1.0 / 3.0, "0.333333"}};
-    for (const auto& [value, text] : doubles) {
+    std::string texts;
+    for (const double value : {2.5, 3.14159265, 1234567.0, 0.1, 1.0 / 3.0}) {
         settings().setDouble("double", value);
-        EXPECT_EQ(settings().getString("double", ""), text);
+        texts += settings().getString("double", "") + " ";
     }
+    EXPECT_EQ(texts, "2.5 3.14159 1.23457e+06 0.1 0.333333 ");
     settings().setInt("int", -12);
     settings().setSwitch("switch", false);
     EXPECT_EQ(settings().getString("int", "") + settings().getString("switch", ""), "-12false");
@@ -212,12 +205,13 @@ TEST(Property, NumbersHaveAPointInEveryLocale) {
     unsetenv("LOCPATH");
 }
 
-std::string manySections(int dots) {
-    std::string key;
-    for (int i = 0; i < dots; ++i) {
-        key += "s.";
+std::vector<std::string> split(const std::string& text) {
+    std::vector<std::string> pieces;
+    std::istringstream rest(text);
+    for (std::string piece; std::getline(rest, piece, '|');) {
+        pieces.push_back(piece);
     }
-    return key + "end";
+    return pieces;
 }
 
 // Writes the settings, spoils those given, and reads them again.
@@ -242,71 +236,32 @@ TEST(Property, EveryKeyAndValueComesBack) {
     for (int byte = 0; byte < 256; ++byte) {
         everyByte += static_cast<char>(byte);
     }
-    const std::vector<std::string> texts = {"",
-                                            " ",
-                                            "plain",
-                                            " leading and trailing ",
-                                            "\ttab\r\nlines\n\r",
-                                            "\"'<>&",
-                                            "'only'",
-                                            "&amp;&#x41;&bogus;",
-                                            "]]>",
-                                            "<!-- -->",
-                                            "\xC3\xA4\xE2\x82\xAC\xF0\x9F\x9A\x80",
-                                            "\xEF\xBB\xBFmark",
-                                            "\xEF\xBF\xBE",
-                                            "\x7F\x01\x1B[0m",
-                                            "zero\0byte"s,
-                                            "\xC3",
-                                            "\xE2\x82",
-                                            "\xF0",
-                                            "cut \xC3\"",
-                                            "\xED\xA0\x80",
-                                            "\xC0\xAF",
-                                            "%",
-                                            "%C3",
-                                            "%25\xFF%",
-                                            everyByte,
-                                            std::string(300, 'x'),
-                                            std::string(1U << 20U, 'm')};
-    const std::vector<std::string> keys = {"",
-                                           ".",
-                                           "..",
-                                           ".a",
-                                           "a.",
-                                           "a..b",
-                                           "...a...",
-                                           "Property",
-                                           "Property.x",
-                                           "a.Property",
-                                           "a.Property.b",
-                                           "property.x",
-                                           "1a.b",
-                                           "a b.c",
-                                           "a.b c",
-                                           "-a.b",
-                                           "a<b.c",
-                                           "a:b.c",
-                                           "xml.a",
-                                           "\xC3\xA4.\xC3\xB6",
-                                           "\xEF\xBB\xBFm.a",
-                                           "a\xC3.b",
-                                           "a.\xC3",
-                                           "\xC2\xB7.a",
-                                           "a\n.b",
-                                           "a\0.b"s,
-                                           manySections(254),
-                                           manySections(255),
-                                           manySections(100'000),
-                                           std::string(1024, 'g') + ".a",
-                                           std::string(1025, 'g') + ".a",
-                                           std::string(1U << 20U, 'k')};
-    std::map<std::string, std::string> rows;
-    for (std::size_t i = 0; i < texts.size(); ++i) {
-        rows["value." + std::to_string(i)] = texts[i];
+    const std::string texts =
+        "| |plain| leading and trailing |\ttab\r\nlines\n\r|\"'<>&|'only'|&amp;&#x41;&bogus;|]]>|"
+        "<!-- -->|\xC3\xA4\xE2\x82\xAC\xF0\x9F\x9A\x80|\xEF\xBB\xBFmark|\xEF\xBF\xBE|"
+        "\x7F\x01\x1B[0m|\xC3|\xE2\x82|\xF0|cut \xC3\"|\xED\xA0\x80|\xC0\xAF|%|%C3|%25\xFF%";
+    const std::string keys =
+        "|.|..|.a|a.|a..b|...a...|Property|Property.x|a.Property|a.Property.b|property.x|"
+        "1a.b|a b.c|a.b c|-a.b|a<b.c|a:b.c|xml.a|\xC3\xA4.\xC3\xB6|\xEF\xBB\xBFm.a|"
+        "a\xC3.b|a.\xC3|\xC2\xB7.a|a\n.b";
+    std::map<std::string, std::string> rows = {{"value.every byte", everyByte},
+                                               {"a\0.b"s, "zero\0byte"s},
+                                               {"value.long", std::string(1U << 20U, 'm')}};
+    for (const std::string& text : split(texts)) {
+        rows["value." + std::to_string(rows.size())] = text;
     }
-    for (const std::string& key : keys) {
-        rows[key] = "value of " + key.substr(0, 20);
+    for (const std::string& key : split(keys)) {
+        rows[key] = "value of " + key;
+    }
+    for (const std::size_t dots : {254U, 255U, 100'000U}) {
+        std::string key(2 * dots + 1, 's');
+        for (std::size_t i = 1; i < key.size(); i += 2) {
+            key[i] = '.';
+        }
+        rows[key] = std::to_string(dots);
+    }
+    for (const std::size_t length : {1024U, 1025U, 1U << 20U}) {
+        rows[std::string(length, 'g') + ".a"] = std::to_string(length);
     }
     expectBack(rows);
 
@@ -314,13 +269,11 @@ TEST(Property, EveryKeyAndValueComesBack) {
     const std::string pieces = "ab.. P<\"&'\xC3\xA4\xF0\n\x01%0"s + '\0';
     std::map<std::string, std::string> noise;
     for (int i = 0; i < 2000; ++i) {
-        std::string texts2[2];
-        for (std::string& text : texts2) {
-            for (auto length = random() % 12; length > 0; --length) {
-                text += pieces[random() % pieces.size()];
-            }
+        std::string both[2];
+        for (auto length = random() % 24; length > 0; --length) {
+            both[random() % 2] += pieces[random() % pieces.size()];
         }
-        noise[texts2[0]] = texts2[1];
+        noise[both[0]] = both[1];
     }
     expectBack(noise);
 }
