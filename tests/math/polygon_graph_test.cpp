@@ -21,7 +21,8 @@ std::vector<double> contents(const Crosses& crosses, const Nodes& nodes) {
     std::vector<double> all;
     for (const auto& c : crosses) {
         all.insert(all.end(), {double(c.index), double(c.edgeA[0]), double(c.edgeA[1]), c.tA,
-                               double(c.edgeB[0]), double(c.edgeB[1]), c.tB, double(c.node)});
+                               double(c.edgeB[0]), double(c.edgeB[1]), c.tB, double(c.node),
+                               c.point.x, c.point.y});
     }
     for (const auto& node : nodes) {
         all.insert(all.end(), {node.point.x, node.point.y, double(node.visited)});

@@ -53,89 +53,72 @@ Ring eitherWay(Ring ring, RingMaker& make) {
     return ring;
 }
 
-struct Shape {
-    const char* name;
-    int rounds;
-    Ring (*self)(RingMaker&);
-    Ring (*other)(RingMaker&);
-};
+using Maker = RingMaker&;
+using Pair = std::pair<Ring, Ring>;
 
-Ring star(RingMaker& make, std::size_t least, std::size_t most, double shift) {
+Ring star(Maker make, std::size_t least, std::size_t most, double shift) {
     return make.star(make.count(least, most), {make.number(-shift, shift), 0.1}, 0.25);
 }
 
-const Shape shapes[] = {
-    {"small stars", 1500, [](RingMaker& m) { return star(m, 3, 24, 0); },
-     [](RingMaker& m) { return star(m, 3, 24, 2); }},
-    {"stars", 16, [](RingMaker& m) { return star(m, 50, 500, 0); },
-     [](RingMaker& m) { return star(m, 50, 500, 1); }},
-    {"star and a jittered copy", 1,
-     [](RingMaker&) {
-         return RingMaker(7).star(1200, {0, 0}, 0.1);
-     },
-     [](RingMaker& m) {
-         return m.jittered(RingMaker(7).star(1200, {0, 0}, 0.1), 1e-3);
-     }},
-    {"star and a hardly jittered copy", 1,
-     [](RingMaker&) {
-         return RingMaker(8).star(1000, {1e3, -1e3}, 0.1);
-     },
-     [](RingMaker& m) {
-         return m.jittered(RingMaker(8).star(1000, {1e3, -1e3}, 0.1), 1e-13);
-     }},
-    {"spirals", 6,
-     [](RingMaker& m) {
-         return m.spiral(m.count(100, 900), {0, 0}, 5);
-     },
-     [](RingMaker& m) {
-         return m.spiral(m.count(100, 900), {m.number(0, 1), 0.1}, 4);
-     }},
-    {"scribbles", 10, [](RingMaker& m) { return m.scribble(m.count(3, 60)); },
-     [](RingMaker& m) { return m.scribble(m.count(30, 60)); }},
-    {"coarse grid", 1500, [](RingMaker& m) { return m.onGrid(m.count(1, 30), 4); },
-     [](RingMaker& m) { return m.onGrid(m.count(1, 30), 4); }},
-    {"grid", 20, [](RingMaker& m) { return m.onGrid(m.count(60, 120), 9); },
-     [](RingMaker& m) { return m.onGrid(m.count(60, 120), 9); }},
-    {"staircases", 40,
-     [](RingMaker& m) {
-         return m.staircase(m.count(2, 150), {0, 0});
-     },
-     [](RingMaker& m) {
-         return m.staircase(m.count(2, 150), {std::floor(m.number(-9, 9)), m.number(-1, 1)});
-     }},
-    {"far from the origin", 20,
-     [](RingMaker& m) {
-         return m.star(200, {1e9, 1e9}, 0.2);
-     },
-     [](RingMaker& m) {
-         return m.star(200, {1e9 + m.number(-1, 1), 1e9}, 0.2);
-     }},
-    {"one in the other", 2,
-     [](RingMaker& m) {
-         return m.star(400, {0, 0}, 0.05);
-     },
-     [](RingMaker& m) {
-         return m.spiral(m.count(50, 200), {0.1, 0}, 1e3);
-     }},
-    {"upright hairs", 40,
-     [](RingMaker& m) {
-         return m.jittered(m.staircase(60, {1, 1}), 2e-15);
-     },
-     [](RingMaker& m) {
-         return m.jittered(m.staircase(60, {-3, 2}), 2e-15);
-     }},
+Ring grid(Maker make, std::size_t least, std::size_t most, int reach) {
+    return make.onGrid(make.count(least, most), reach);
+}
+
+Pair moved(Maker make, std::size_t size, double centre, double amount) {
+    const Ring ring = make.star(size, {centre, -centre}, 0.1);
+    return {ring, make.jittered(ring, amount)};
+}
+
+Pair spirals(Maker make) {
+    return {make.spiral(make.count(100, 900), {0, 0}, 5),
+            make.spiral(make.count(100, 900), {make.number(0, 1), 0.1}, 4)};
+}
+
+Pair stairs(Maker make) {
+    const Point corner(std::floor(make.number(-9, 9)), make.number(-1, 1));
+    return {make.staircase(make.count(2, 150), {0, 0}), make.staircase(make.count(2, 150), corner)};
+}
+
+Pair hairs(Maker make) {
+    return {make.jittered(make.staircase(60, {1, 1}), 2e-15),
+            make.jittered(make.staircase(60, {-3, 2}), 2e-15)};
+}
+
+Pair nested(Maker make) {
+    return {make.star(400, {0, 0}, 0.05), make.spiral(make.count(50, 200), {0.1, 0}, 1e3)};
+}
+
+// Which of two rings in brackets is made first is the compiler's choice.
+const struct {
+    const char* name;
+    int rounds;
+    Pair (*make)(Maker);
+} shapes[] = {
+    {"small stars", 1500, [](Maker m) { return Pair(star(m, 3, 24, 0), star(m, 3, 24, 2)); }},
+    {"stars", 16, [](Maker m) { return Pair(star(m, 50, 500, 0), star(m, 50, 500, 1)); }},
+    {"scribbles", 10, [](Maker m) { return Pair(m.scribble(m.count(3, 60)), m.scribble(45)); }},
+    {"coarse grid", 1500, [](Maker m) { return Pair(grid(m, 1, 30, 4), grid(m, 1, 30, 4)); }},
+    {"grid", 20, [](Maker m) { return Pair(grid(m, 60, 120, 9), grid(m, 60, 120, 9)); }},
+    {"jittered", 1, [](Maker m) { return moved(m, 1200, 0, 1e-3); }},
+    {"hardly jittered", 1, [](Maker m) { return moved(m, 1000, 1e3, 1e-13); }},
+    {"far from the origin", 20, [](Maker m) { return moved(m, 200, 1e9, 0.5); }},
+    {"spirals", 6, spirals},
+    {"staircases", 40, stairs},
+    {"upright hairs", 40, hairs},
+    {"one in the other", 2, nested},
 };
 
 TEST(Polygon2D, GivesTheRingsOfTheRulesToTheLastBit) {
-    for (const Shape& shape : shapes) {
-        RingMaker make(static_cast<std::uint64_t>(shape.rounds));
+    for (const auto& [name, rounds, make] : shapes) {
+        RingMaker maker(static_cast<std::uint64_t>(rounds));
         std::size_t rings = 0;
-        for (int round = 0; round < shape.rounds; ++round) {
-            const Ring self = eitherWay(shape.self(make), make);
-            const Ring other = eitherWay(shape.other(make), make);
-            rings += expectRules(self, other, std::string(shape.name) + std::to_string(round));
+        for (int round = 0; round < rounds; ++round) {
+            auto [self, other] = make(maker);
+            self = eitherWay(self, maker);
+            other = eitherWay(other, maker);
+            rings += expectRules(self, other, std::string(name) + std::to_string(round));
         }
-        EXPECT_GT(rings, static_cast<std::size_t>(shape.rounds)) << shape.name;
+        EXPECT_GT(rings, static_cast<std::size_t>(rounds)) << name;
     }
 }
 
