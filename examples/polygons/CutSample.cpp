@@ -68,4 +68,15 @@ void CutSample::draw() {
         start.render();
 }
 
+void CutSheet::add(int column, int row, const char* code, const char* note, const Ring& self,
+                   const Ring& other, Polygon2D::BoolOperation operation) {
+    mCuts.emplace_back(mSheet, mSheet.sample(column, row, code, note), self, other, operation);
+}
+
+void CutSheet::draw(double /*seconds*/) {
+    mSheet.draw();
+    for (CutSample& cut : mCuts)
+        cut.draw();
+}
+
 }  // namespace Polygons

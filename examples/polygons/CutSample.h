@@ -1,4 +1,5 @@
-// One sample of a polygon operation: both outlines, and the rings that came out, filled.
+// Samples of polygon operations, each with both outlines and the rings that came out, filled, and
+// the page that they stand on.
 #pragma once
 
 #include <Orlek/Math.h>
@@ -31,6 +32,20 @@ private:
     Orlek::OpenGL::LineLoops mRings;
     Orlek::OpenGL::LineLoops mHoles;
     std::vector<Orlek::OpenGL::Polygon> mStarts;
+};
+
+/// A page of two rows of three samples.
+class CutSheet {
+public:
+    CutSheet(const char* title, const char* subtitle) : mSheet(title, subtitle, 3, 2) {}
+
+    void add(int column, int row, const char* code, const char* note, const Ring& self,
+             const Ring& other, Polygon2D::BoolOperation operation);
+    void draw(double /*seconds*/);
+
+private:
+    Gallery::Sheet mSheet;
+    std::vector<CutSample> mCuts;
 };
 
 }  // namespace Polygons

@@ -5,7 +5,6 @@
 namespace {
 
 using namespace Polygons;
-using Gallery::Sheet;
 
 const Ring flat{{0.1, 0.4}, {0.1, 0.65}, {0.9, 0.65}, {0.9, 0.4}};
 const Ring tall{{0.4, 0.1}, {0.4, 0.95}, {0.6, 0.95}, {0.6, 0.1}};
@@ -19,14 +18,12 @@ const Ring corner{{0.125, 0.125}, {0.125, 0.625}, {0.625, 0.625}, {0.625, 0.125}
 const Ring atCorner{{0.625, 0.625}, {0.25, 0.5}, {0.375, 0.875}};
 const Ring overlapping{{0.3, 0.125}, {0.3, 0.875}, {0.85, 0.875}, {0.85, 0.125}};
 
-struct Picture {
-    Sheet sheet{"Limits of polygon operations",
-                "Where rings count as apart, touch or share edges, the result can differ from that "
-                "of set theory.",
-                3, 2};
-    std::vector<CutSample> cuts;
-
-    Picture() {
+struct Picture : CutSheet {
+    Picture()
+        : CutSheet(
+              "Limits of polygon operations",
+              "Where rings count as apart, touch or share edges, the result can differ from that "
+              "of set theory.") {
         add(0, 0, "Intersection", "no vertex of the other inside: apart", flat, tall,
             Polygon2D::Intersection);
         add(1, 0, "Intersection", "the same; works with the two exchanged", tip, wall,
@@ -39,17 +36,6 @@ struct Picture {
             Polygon2D::Intersection);
         add(2, 1, "Difference", "edges on one line: rings without area", left, overlapping,
             Polygon2D::Difference);
-    }
-
-    void add(int column, int row, const char* code, const char* note, const Ring& self,
-             const Ring& other, Polygon2D::BoolOperation operation) {
-        cuts.emplace_back(sheet, sheet.sample(column, row, code, note), self, other, operation);
-    }
-
-    void draw(double /*seconds*/) {
-        sheet.draw();
-        for (CutSample& cut : cuts)
-            cut.draw();
     }
 };
 

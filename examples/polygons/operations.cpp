@@ -8,7 +8,6 @@
 namespace {
 
 using namespace Polygons;
-using Gallery::Sheet;
 
 const Ring comb{{0.05, 0.1}, {0.05, 0.85}, {0.2, 0.85}, {0.26, 0.4},  {0.42, 0.4},  {0.48, 0.85},
                 {0.6, 0.85}, {0.66, 0.4},  {0.82, 0.4}, {0.85, 0.85}, {0.95, 0.85}, {0.95, 0.1}};
@@ -40,14 +39,11 @@ Ring sector() {
     return ring;
 }
 
-struct Picture {
-    Sheet sheet{"Polygon operations",
-                "Cyan: this polygon. Amber: the other. Green: the result, a red dot where each "
-                "ring starts.",
-                3, 2};
-    std::vector<CutSample> cuts;
-
-    Picture() {
+struct Picture : CutSheet {
+    Picture()
+        : CutSheet("Polygon operations",
+                   "Cyan: this polygon. Amber: the other. Green: the result, a red dot where each "
+                   "ring starts.") {
         add(0, 0, "Intersection", "in both", comb, bar, Polygon2D::Intersection);
         add(1, 0, "Union", "in either; holes counter-clockwise", comb, bar, Polygon2D::Union);
         add(2, 0, "Difference", "in this one only", comb, bar, Polygon2D::Difference);
@@ -55,17 +51,6 @@ struct Picture {
         add(1, 1, "Difference", "cut in two", slab, wedge, Polygon2D::Difference);
         add(2, 1, "Intersection", "a coast in a sector", coast(), sector(),
             Polygon2D::Intersection);
-    }
-
-    void add(int column, int row, const char* code, const char* note, const Ring& self,
-             const Ring& other, Polygon2D::BoolOperation operation) {
-        cuts.emplace_back(sheet, sheet.sample(column, row, code, note), self, other, operation);
-    }
-
-    void draw(double /*seconds*/) {
-        sheet.draw();
-        for (CutSample& cut : cuts)
-            cut.draw();
     }
 };
 
