@@ -169,9 +169,11 @@ bool AtomicFile::giveName() {
     return !mName.empty();
 }
 
-// Some network file systems tell only when a file is closed that it did not fit.
+// Some network file systems tell only when a file is closed that it did not fit. A signal then
+// takes nothing back: the content is on the disk, the descriptor gone.
 bool AtomicFile::commit() {
-    if (!sync(mDescriptor) || !giveName() || ::close(std::exchange(mDescriptor, -1)) != 0 ||
+    if (!sync(mDescriptor) || !giveName() ||
+        (::close(std::exchange(mDescriptor, -1)) != 0 && errno != EINTR) ||
         ::rename(mName.c_str(), mTarget.c_str()) != 0) {
         return false;
     }

@@ -13,8 +13,11 @@ namespace Orlek::Detail {
 inline bool writeAll(int descriptor, std::span<const std::byte> bytes) {
     while (!bytes.empty()) {
         const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());
-        if (count >= 0) {
+        if (count > 0) {
             bytes = bytes.subspan(static_cast<std::size_t>(count));
+        } else if (count == 0) {  // a device that takes nothing would be asked for ever
+            errno = ENOSPC;
+            return false;
         } else if (errno != EINTR) {
             return false;
         }
