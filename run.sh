@@ -31,6 +31,7 @@ prints their paths:
 
 Options after -- go to the example; "./run.sh -- --help" lists those of the map. An example:
   ./run.sh -- --range 8 --headingup
+  ./run.sh --window -- --config map.xml   (view, units, colours and paths are kept in that file)
 TEXT
 }
 

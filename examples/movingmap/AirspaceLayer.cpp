@@ -2,6 +2,9 @@
 #include "AirspaceLayer.h"
 
 #include <algorithm>
+#include <utility>
+
+#include "PolygonCut.h"
 
 namespace MovingMap {
 
@@ -13,35 +16,23 @@ struct Look {
     ScreenStipple stipple;
 };
 
-Colour withAlpha(const Colour& colour, float alpha) {
-    return {colour.x, colour.y, colour.z, alpha};
-}
-
-const Look& lookOf(AirspaceKind kind) {
-    static const Look controlled{
-        {0.12F, 0.32F, 0.95F, 1.0F}, {0.86F, 0.93F, 1.0F, 1.0F}, dottedStipple()};
-    static const Look prohibited{
-        {0.85F, 0.10F, 0.10F, 1.0F}, {1.0F, 0.87F, 0.84F, 1.0F}, risingStipple()};
-    static const Look training{
-        {0.42F, 0.20F, 0.75F, 1.0F}, {0.94F, 0.89F, 1.0F, 1.0F}, fallingStipple()};
+Look lookOf(AirspaceKind kind, const Palette& colours) {
+    const auto look = [](const Colour& colour, const ScreenStipple& stipple) {
+        return Look{colour, paler(colour, 0.85F), stipple};
+    };
     switch (kind) {
         case AirspaceKind::controlled:
-            return controlled;
+            return look(colours.controlled, dottedStipple());
         case AirspaceKind::prohibited:
-            return prohibited;
+            return look(colours.prohibited, risingStipple());
         case AirspaceKind::training:
             break;
     }
-    return training;
+    return look(colours.training, fallingStipple());
 }
 
-Box boxAround(const Polyline& outline) {
-    Box box{outline.front(), outline.front()};
-    for (const Point& point : outline) {
-        box.low = Point(std::min(box.low.x, point.x), std::min(box.low.y, point.y));
-        box.high = Point(std::max(box.high.x, point.x), std::max(box.high.y, point.y));
-    }
-    return box;
+int rankOf(AirspaceKind kind) {
+    return kind == AirspaceKind::prohibited ? 0 : kind == AirspaceKind::controlled ? 1 : 2;
 }
 
 // Places for the middle of a label, from the middle of what can be seen outwards.
@@ -69,16 +60,51 @@ void addLabel(Canvas& canvas, const AirspaceShape& shape, LabelPlacer& placer, c
     const Airspace& airspace = *shape.airspace;
     LabelText& text = canvas.smallLabel;
     const std::string name = airspace.name + "  " + airspace.type;
-    const std::string limits = airspace.ceiling + " / " + airspace.floor;
+    const AltitudeUnit unit = canvas.style.units.altitude;
+    const std::string limits =
+        limitText(airspace.ceiling, unit) + " / " + limitText(airspace.floor, unit);
     const double line = text.capHeight() + 6.0 * canvas.unit;
     const Point size(std::max(text.width(name), text.width(limits)), line + text.capHeight());
-    for (const Polyline& outline : shape.outlines) {
+    for (const Polyline& outline : shape.fills.empty() ? shape.outlines : shape.fills) {
         if (const auto box = placer.placeOneOf(placesInside(outline, area), size)) {
             const double middle = (box->low.x + box->high.x) / 2.0;
-            const Colour& colour = lookOf(airspace.kind).text;
+            const Colour colour = lookOf(airspace.kind, canvas.style.colours).text;
             text.add(name, Point(middle, box->low.y + line), Align::centre, colour);
             text.add(limits, Point(middle, box->low.y), Align::centre, colour);
             return;
+        }
+    }
+}
+
+Polyline projected(const std::vector<Position>& outline, const MapView& view) {
+    Polyline points;
+    for (const Position& corner : outline) {
+        points.push_back(view.toScreen(corner));
+    }
+    return points;
+}
+
+std::vector<Polyline> partsOutsideAll(const Polyline& outline, const std::vector<Polyline>& taken) {
+    std::vector<Polyline> parts{outline};
+    for (const Polyline& other : taken) {
+        std::vector<Polyline> left;
+        for (const Polyline& part : parts) {
+            const std::vector<Polyline> outside = partsOutside(part, other);
+            left.insert(left.end(), outside.begin(), outside.end());
+        }
+        parts = std::move(left);
+    }
+    return parts;
+}
+
+// Fills do not add up: each takes its ground.
+void cutFills(std::vector<AirspaceShape>& shapes) {
+    std::vector<Polyline> taken;
+    for (AirspaceShape& shape : shapes) {
+        for (const Polyline& outline : shape.outlines) {
+            const std::vector<Polyline> parts = partsOutsideAll(outline, taken);
+            shape.fills.insert(shape.fills.end(), parts.begin(), parts.end());
+            taken.push_back(outline);
         }
     }
 }
@@ -89,29 +115,31 @@ std::vector<AirspaceShape> projectAirspace(const std::vector<Airspace>& airspace
                                            const MapView& view, const Box& area) {
     std::vector<AirspaceShape> shapes;
     for (const Airspace& one : airspace) {
-        AirspaceShape shape{&one, {}};
+        AirspaceShape shape{&one, {}, {}};
         for (const auto& outline : one.outlines) {
-            Polyline points;
-            for (const Position& corner : outline) {
-                points.push_back(view.toScreen(corner));
-            }
-            if (boxAround(points).overlaps(area)) {
-                shape.outlines.push_back(std::move(points));
-            }
+            const std::vector<Polyline> parts =
+                partsInside(projected(outline, view), rectangle(area));
+            shape.outlines.insert(shape.outlines.end(), parts.begin(), parts.end());
         }
         if (!shape.outlines.empty()) {
             shapes.push_back(std::move(shape));
         }
     }
+    std::stable_sort(shapes.begin(), shapes.end(), [](const auto& a, const auto& b) {
+        return rankOf(a.airspace->kind) < rankOf(b.airspace->kind);
+    });
+    cutFills(shapes);
     return shapes;
 }
 
 void drawAirspace(Canvas& canvas, const std::vector<AirspaceShape>& shapes) {
-    for (const AirspaceShape& shape : shapes) {
-        const Look& look = lookOf(shape.airspace->kind);
-        for (const Polyline& outline : shape.outlines) {
-            canvas.fill.polygon(outline, withAlpha(look.line, 0.10F));
-            canvas.fill.polygon(outline, withAlpha(look.line, 0.28F), &look.stipple);
+    for (auto shape = shapes.rbegin(); shape != shapes.rend(); ++shape) {
+        const Look look = lookOf(shape->airspace->kind, canvas.style.colours);
+        for (const Polyline& fill : shape->fills) {
+            canvas.fill.polygon(fill, withAlpha(look.line, 0.10F));
+            canvas.fill.polygon(fill, withAlpha(look.line, 0.28F), &look.stipple);
+        }
+        for (const Polyline& outline : shape->outlines) {
             canvas.stroke.loop(outline);
         }
         canvas.stroke.draw({.colour = look.line, .width = 2.2 * canvas.unit});

@@ -5,20 +5,22 @@
 
 #include "Fill.h"
 #include "Stroke.h"
+#include "Style.h"
 #include "TextLayer.h"
 
 namespace MovingMap {
 
 /// Strokes, fills and texts for a picture of one size. Needs the GL context.
 struct Canvas {
-    Canvas(const std::string& fontFile, double scale)
+    Canvas(const std::string& fontFile, double scale, const Style& wanted)
         : small(fontFile, pixels(13, scale)),
           normal(fontFile, pixels(15, scale)),
           large(fontFile, pixels(19, scale)),
           smallLabel(fontFile, pixels(13, scale)),
           label(fontFile, pixels(15, scale)),
           largeLabel(fontFile, pixels(19, scale)),
-          unit(scale) {}
+          unit(scale),
+          style(wanted) {}
 
     Stroke stroke;
     Fill fill;
@@ -29,6 +31,7 @@ struct Canvas {
     LabelText label;
     LabelText largeLabel;
     double unit;  ///< Pixels of the picture for a pixel of an ordinary screen.
+    Style style;
 
     /// Draws the texts of the map.
     void drawLabels() {

@@ -4,8 +4,6 @@
 #include <cmath>
 #include <numbers>
 
-#include "Format.h"
-
 namespace MovingMap {
 
 namespace {
@@ -14,6 +12,7 @@ class Rose {
 public:
     Rose(Canvas& canvas, const MapView& view, const Scene& scene)
         : mCanvas(canvas),
+          mColours(canvas.style.colours),
           mScene(scene),
           mCentre(view.toScreen(scene.own)),
           mRadius(scene.rangeM / view.metresPerPixel()),
@@ -42,7 +41,7 @@ public:
             const bool cardinal = i % 3 == 0;
             LabelText& text = cardinal ? mCanvas.largeLabel : mCanvas.label;
             addCentred(text, figures[i], at(i * 30, mRadius - 27.0 * mCanvas.unit),
-                       i == 0 ? yellow : white);
+                       i == 0 ? mColours.ownShip : mColours.rings);
         }
     }
 
@@ -50,8 +49,9 @@ public:
     void addDistances() {
         for (const double share : {0.5, 1.0}) {
             const Point place = onScreen(135.0, mRadius * share + 17.0 * mCanvas.unit);
-            addCentred(mCanvas.smallLabel, milesText(mScene.rangeM / metresPerMile * share), place,
-                       white);
+            addCentred(mCanvas.smallLabel,
+                       lengthText(mScene.rangeM * share, mCanvas.style.units.distance), place,
+                       mColours.rings);
         }
     }
 
@@ -61,11 +61,11 @@ public:
         const Point tip = at(heading, mRadius - 2.0 * unit);
         const Point left = at(heading, mRadius + 13.0 * unit, -7.0 * unit);
         const Point right = at(heading, mRadius + 13.0 * unit, 7.0 * unit);
-        mCanvas.fill.strip({tip, left, right}, yellow);
+        mCanvas.fill.strip({tip, left, right}, mColours.ownShip);
         mCanvas.stroke.loop({tip, left, right});
         mCanvas.stroke.draw({.colour = halo, .width = 1.2 * unit});
         mCanvas.stroke.segment(mCentre, at(heading, mRadius - 4.0 * unit));
-        mCanvas.stroke.draw({.colour = Colour(1.0F, 0.9F, 0.25F, 0.8F),
+        mCanvas.stroke.draw({.colour = withAlpha(mColours.ownShip, 0.8F),
                              .width = 1.2 * unit,
                              .rim = shadow,
                              .rimWidth = unit});
@@ -75,7 +75,7 @@ public:
 
 private:
     Pen pen(double width) const {
-        return {.colour = Colour(1.0F, 1.0F, 1.0F, 0.92F),
+        return {.colour = withAlpha(mColours.rings, 0.92F),
                 .width = width * mCanvas.unit,
                 .rim = shadow,
                 .rimWidth = mCanvas.unit};
@@ -99,6 +99,7 @@ private:
     }
 
     Canvas& mCanvas;
+    const Palette& mColours;
     const Scene& mScene;
     Point mCentre;
     double mRadius;

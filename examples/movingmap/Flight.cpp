@@ -29,7 +29,7 @@ Scene Flight::basics() const {
     Scene scene;
     scene.altitudeFt = mOptions.altitudeFt;
     scene.speedKt = mOptions.speedKt;
-    scene.rangeM = mOptions.rangeMiles * metresPerMile;
+    scene.rangeM = mOptions.rangeM;
     scene.headingUp = mOptions.headingUp;
     return scene;
 }

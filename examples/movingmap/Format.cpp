@@ -39,17 +39,12 @@ std::string direction(double degrees) {
     return format("%03ld\xB0", whole == 0 ? 360 : whole);
 }
 
-std::string miles(double metres) {
-    const double value = metres / metresPerMile;
+std::string tenths(double value) {
     return format(value < 99.95 ? "%.1f" : "%.0f", value);
 }
 
-std::string milesText(double value) {
-    return format("%.3g NM", value);
-}
-
-std::string feet(double metres) {
-    return wholeNumber(metres / metresPerFoot);
+std::string threeDigits(double value) {
+    return format("%.3g", value);
 }
 
 std::string duration(double seconds) {

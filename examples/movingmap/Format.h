@@ -3,15 +3,12 @@
 
 #include <string>
 
-#include "Position.h"
-
 namespace MovingMap {
 
 std::string wholeNumber(double value);  ///< "1234"
 std::string direction(double degrees);  ///< "007\xB0", 1 to 360
-std::string miles(double metres);       ///< "3.4" nautical miles, whole from 100 on
-std::string milesText(double miles);    ///< "2.5 NM", up to three digits
-std::string feet(double metres);        ///< "1834"
+std::string tenths(double value);       ///< "3.4", whole from 100 on
+std::string threeDigits(double value);  ///< "2.5", "40", "0.25"
 std::string duration(double seconds);   ///< "04:12", "1:04:12" from an hour on
 std::string latitudeText(double lat);   ///< "N36 18.40"
 std::string longitudeText(double lon);  ///< "W084 14.75"

@@ -18,8 +18,10 @@ namespace {
 
 constexpr int finest = 1;
 
-void save(const std::string& path, MapPicture& picture, const Scene& scene, Point size) {
-    picture.draw(scene, size, scene.own, finest);
+void save(const Options& options, const std::string& path, MapPicture& picture,
+          const Scene& scene) {
+    const Point size(options.width, options.height);
+    picture.draw(scene, size, options.centre.value_or(scene.own), finest);
     OrlekSupport::writePng(
         path, OrlekSupport::readFramebuffer(static_cast<int>(size.x), static_cast<int>(size.y)));
 }
@@ -30,12 +32,12 @@ void noteMissingTerrain(const MapPicture& picture) {
     }
 }
 
-void saveFrames(const Options& options, const Flight& flight, MapPicture& picture, Point size) {
+void saveFrames(const Options& options, const Flight& flight, MapPicture& picture) {
     ProgressBar progress(options.frames);
     for (int i = 0; i < options.frames; ++i) {
         const double share = options.frames > 1 ? i / (options.frames - 1.0) : 0.0;
-        save(numberedPath(options.out, i + 1, options.frames), picture,
-             flight.sceneAt(share * flight.path().lengthM()), size);
+        save(options, numberedPath(options.out, i + 1, options.frames), picture,
+             flight.sceneAt(share * flight.path().lengthM()));
         progress.show(i + 1);
     }
 }
@@ -61,7 +63,7 @@ void sayLive(const std::string& path, const Scene& scene) {
 }
 
 // Pictures at even intervals, the last one at the end of the collection.
-void saveLive(const Options& options, LiveFlight& live, MapPicture& picture, Point size) {
+void saveLive(const Options& options, LiveFlight& live, MapPicture& picture) {
     const int count = std::max(options.frames, 1);
     const Clock::time_point start = Clock::now();
     const std::chrono::duration<double> interval(options.feedSeconds / count);
@@ -70,7 +72,7 @@ void saveLive(const Options& options, LiveFlight& live, MapPicture& picture, Poi
         const Scene scene = live.scene();
         const std::string path =
             options.frames > 0 ? numberedPath(options.out, i, count) : options.out;
-        save(path, picture, scene, size);
+        save(options, path, picture, scene);
         sayLive(path, scene);
     }
     noteMissingTerrain(picture);
@@ -91,18 +93,18 @@ std::string numberedPath(const std::string& path, int number, int count) {
 void drawPictures(const Options& options, const Flight& flight, Orlek::Geodetic::HeightMap& terrain,
                   const Charts& charts, LiveFlight* live) {
     const OrlekSupport::HeadlessContext context(options.width, options.height);
-    MapPicture picture(options.font, options.scale, terrain, flight.route(), flight.path(), charts);
-    const Point size(options.width, options.height);
+    MapPicture picture(options.font, options.scale, options.style, terrain, flight.route(),
+                       flight.path(), charts);
     if (live != nullptr) {
-        saveLive(options, *live, picture, size);
+        saveLive(options, *live, picture);
     } else if (options.frames > 0) {
-        saveFrames(options, flight, picture, size);
+        saveFrames(options, flight, picture);
         noteMissingTerrain(picture);
         std::printf("%d pictures: %s to %s\n", options.frames,
                     numberedPath(options.out, 1, options.frames).c_str(),
                     numberedPath(options.out, options.frames, options.frames).c_str());
     } else {
-        save(options.out, picture, flight.scene(), size);
+        save(options, options.out, picture, flight.scene());
         noteMissingTerrain(picture);
         std::printf("%s\n", options.out.c_str());
     }

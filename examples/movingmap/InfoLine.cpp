@@ -14,31 +14,33 @@ constexpr double rowHeight = 44.0;
 constexpr double cellGap = 20.0;
 constexpr double warningHeightM = 150.0;
 
-std::string groundText(const Scene& scene) {
-    return scene.ground.known ? feet(scene.ground.heightM) + " FT" : "NO DATA";
+std::string groundText(const Scene& scene, AltitudeUnit unit) {
+    return scene.ground.known ? heightText(scene.ground.heightM, unit) : "NO DATA";
 }
 
-Figure heightFigure(const Scene& scene) {
+Figure heightFigure(const Scene& scene, AltitudeUnit unit) {
     if (!scene.ground.known) {
         return {"HEIGHT ABOVE", "---"};
     }
     const double height = scene.altitudeFt * metresPerFoot - scene.ground.heightM;
-    return {"HEIGHT ABOVE", feet(height) + " FT", height < warningHeightM ? amber : green};
+    return {"HEIGHT ABOVE", heightText(height, unit), height < warningHeightM ? amber : green};
 }
 
 }  // namespace
 
-std::vector<Figure> figuresOf(const Scene& scene) {
+std::vector<Figure> figuresOf(const Scene& scene, const Style& style) {
+    const auto [distance, altitude] = style.units;
+    const Colour ahead = paler(style.colours.route, 0.58F);
     std::vector<Figure> figures = {
         {"POSITION", latitudeText(scene.own.lat) + " " + longitudeText(scene.own.lon)},
-        {"ALTITUDE", wholeNumber(scene.altitudeFt) + " FT"},
-        {"TERRAIN", groundText(scene)},
-        heightFigure(scene),
-        {"SPEED", wholeNumber(scene.speedKt) + " KT"},
-        {"NEXT", scene.next.name, magentaText},
-        {"BEARING", direction(scene.next.bearingDeg), magentaText},
-        {"DISTANCE", miles(scene.next.distanceM) + " NM", magentaText},
-        {"TIME", duration(scene.next.timeS), magentaText},
+        {"ALTITUDE", heightText(scene.altitudeFt * metresPerFoot, altitude)},
+        {"TERRAIN", groundText(scene, altitude)},
+        heightFigure(scene, altitude),
+        {"SPEED", speedText(scene.speedKt, distance)},
+        {"NEXT", scene.next.name, ahead},
+        {"BEARING", direction(scene.next.bearingDeg), ahead},
+        {"DISTANCE", distanceText(scene.next.distanceM, distance), ahead},
+        {"TIME", duration(scene.next.timeS), ahead},
     };
     for (Figure& figure : figures) {
         if (scene.ownState == OwnShipState::unknown) {
@@ -54,7 +56,7 @@ std::vector<Figure> figuresOf(const Scene& scene) {
 InfoLine::InfoLine(const Canvas& canvas, const Scene& scene, double width)
     : mWidth(width), mUnit(canvas.unit) {
     Row cells;
-    for (const Figure& figure : figuresOf(scene)) {
+    for (const Figure& figure : figuresOf(scene, canvas.style)) {
         const double text =
             std::max(canvas.small.width(figure.caption), canvas.normal.width(figure.value));
         cells.push_back({figure, text + cellGap * mUnit});

@@ -18,7 +18,7 @@ struct Figure {
 
 /// Position, terrain and height above it, speed, and the way to the next waypoint; red when old,
 /// dashes when unknown.
-std::vector<Figure> figuresOf(const Scene& scene);
+std::vector<Figure> figuresOf(const Scene& scene, const Style& style);
 
 /// Rows of figures that fit a picture's width, as few and as even as can be.
 class InfoLine {

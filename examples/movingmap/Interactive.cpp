@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
 #include "MapPicture.h"
@@ -18,8 +19,8 @@ using OrlekSupport::Window;
 constexpr int movingStep = 3;
 constexpr int restingStep = 1;
 constexpr double keyPanPixels = 60.0;
-constexpr std::array<double, 18> rangesMiles = {0.5, 1,  2,  3,  4,  6,   8,   10,  15,
-                                                20,  30, 40, 60, 80, 100, 150, 200, 300};
+constexpr std::array<double, 18> ranges = {0.5, 1,  2,  3,  4,  6,   8,   10,  15,
+                                           20,  30, 40, 60, 80, 100, 150, 200, 300};
 constexpr double restS = 1.0;
 constexpr double timeLapse = 10.0;  // The flight is shown ten times as fast as it is.
 
@@ -30,17 +31,19 @@ public:
         : mFrames(options.frames),
           mFlight(flight),
           mLive(live),
+          mUnitM(metresPer(options.style.units.distance)),
           mWindow("Moving map", options.width, options.height),
-          mPicture(options.font, options.scale * mWindow.contentScale(), terrain, flight.route(),
-                   flight.path(), charts),
+          mPicture(options.font, options.scale * mWindow.contentScale(), options.style, terrain,
+                   flight.route(), flight.path(), charts),
           mScene(flight.scene()),
-          mCentre(mScene.own) {
+          mCentre(options.centre.value_or(mScene.own)),
+          mFollow(!options.centre) {
         mWindow.onKey([this](const std::string& key) { pressKey(key); });
         mWindow.onDrag([this](double dx, double dy) { pan(dx, dy); });
         mWindow.onScroll([this](double steps) { zoom(steps); });
     }
 
-    void run() {
+    LastView run() {
         double before = mWindow.seconds();
         for (int frame = 0; mWindow.isOpen() && (mFrames == 0 || frame < mFrames); ++frame) {
             const double now = mWindow.seconds();
@@ -49,6 +52,7 @@ public:
             drawFrame();
             mWindow.showFrame();
         }
+        return {mFollow ? std::nullopt : std::optional(mCentre), mScene.rangeM, mScene.headingUp};
     }
 
 private:
@@ -108,14 +112,14 @@ private:
     }
 
     void zoom(double steps) {
-        const double miles = mScene.rangeM / metresPerMile;
-        auto range = std::lower_bound(rangesMiles.begin(), rangesMiles.end() - 1, miles - 1e-6);
-        if (steps > 0.0 && range != rangesMiles.begin()) {
+        const double shown = mScene.rangeM / mUnitM;
+        auto range = std::lower_bound(ranges.begin(), ranges.end() - 1, shown - 1e-6);
+        if (steps > 0.0 && range != ranges.begin()) {
             --range;
-        } else if (steps < 0.0 && *range <= miles + 1e-6 && range + 1 != rangesMiles.end()) {
+        } else if (steps < 0.0 && *range <= shown + 1e-6 && range + 1 != ranges.end()) {
             ++range;
         }
-        mScene.rangeM = *range * metresPerMile;
+        mScene.rangeM = *range * mUnitM;
         mMoved = true;
     }
 
@@ -147,11 +151,12 @@ private:
     int mFrames;
     const Flight& mFlight;
     LiveFlight* mLive;
+    double mUnitM;
     Window mWindow;
     MapPicture mPicture;
     Scene mScene;
     Position mCentre;
-    bool mFollow = true;
+    bool mFollow;
     bool mHeld = false;
     bool mMoved = false;
     double mMovedS = -restS;
@@ -160,9 +165,9 @@ private:
 
 }  // namespace
 
-void showWindow(const Options& options, const Flight& flight, Orlek::Geodetic::HeightMap& terrain,
-                const Charts& charts, LiveFlight* live) {
-    Session(options, flight, terrain, charts, live).run();
+LastView showWindow(const Options& options, const Flight& flight,
+                    Orlek::Geodetic::HeightMap& terrain, const Charts& charts, LiveFlight* live) {
+    return Session(options, flight, terrain, charts, live).run();
 }
 
 }  // namespace MovingMap

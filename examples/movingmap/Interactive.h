@@ -3,6 +3,7 @@
 
 #include "Charts.h"
 #include "Flight.h"
+#include "LastView.h"
 #include "LiveFlight.h"
 
 namespace MovingMap {
@@ -11,8 +12,9 @@ namespace MovingMap {
 ///
 /// Mouse: drag pans, the wheel zooms. Keys: arrows pan, + and - zoom, H turns the map north or
 /// heading up, C centres it on the aircraft again, space holds the flight, Escape quits.
-/// Throws std::runtime_error when there is no display, no GL or no font.
-void showWindow(const Options& options, const Flight& flight, Orlek::Geodetic::HeightMap& terrain,
-                const Charts& charts, LiveFlight* live);
+/// Returns how the map was left. Throws std::runtime_error when there is no display, no GL or no
+/// font.
+LastView showWindow(const Options& options, const Flight& flight,
+                    Orlek::Geodetic::HeightMap& terrain, const Charts& charts, LiveFlight* live);
 
 }  // namespace MovingMap

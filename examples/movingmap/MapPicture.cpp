@@ -23,6 +23,9 @@ namespace {
 // What is left free around the outer ring: room for the heading above it.
 constexpr double ringMargin = 58.0;
 
+// Airspace is cut at the map's edge, so far outside that the cut is not seen.
+constexpr double airspaceMargin = 8.0;
+
 // Where the heading's pointer ends, a little outside the outer ring.
 Point headingTip(const MapView& view, const Scene& scene) {
     Position tip;
@@ -33,10 +36,10 @@ Point headingTip(const MapView& view, const Scene& scene) {
 
 }  // namespace
 
-MapPicture::MapPicture(const std::string& fontFile, double scale,
+MapPicture::MapPicture(const std::string& fontFile, double scale, const Style& style,
                        Orlek::Geodetic::HeightMap& terrain, const Route& route,
                        const RoutePath& path, const Charts& charts)
-    : mCanvas(fontFile, scale),
+    : mCanvas(fontFile, scale, style),
       mRelief(charts),
       mTerrain(terrain),
       mRoute(route),
@@ -85,7 +88,7 @@ std::vector<Box> MapPicture::Layout::plates() const {
 void MapPicture::drawMap(const Scene& scene, const Layout& layout) {
     mRelief.draw();
     const std::vector<AirspaceShape> airspace =
-        projectAirspace(mCharts.airspace, mView, layout.map);
+        projectAirspace(mCharts.airspace, mView, layout.map.grown(airspaceMargin * mCanvas.unit));
     drawAirspace(mCanvas, airspace);
     drawGraticule(mCanvas, mView, layout.map, layout.plates());
     const std::vector<Box> figures = drawCompassRose(mCanvas, mView, scene);

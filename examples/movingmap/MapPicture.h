@@ -26,8 +26,9 @@ class MapPicture {
 public:
     /// The references must outlive the object.
     /// @param scale pixels of the picture for a pixel of an ordinary screen
-    MapPicture(const std::string& fontFile, double scale, Orlek::Geodetic::HeightMap& terrain,
-               const Route& route, const RoutePath& path, const Charts& charts);
+    MapPicture(const std::string& fontFile, double scale, const Style& style,
+               Orlek::Geodetic::HeightMap& terrain, const Route& route, const RoutePath& path,
+               const Charts& charts);
 
     /// Draws one scene.
     /// @param size width and height of the framebuffer in pixels

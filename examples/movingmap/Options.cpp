@@ -1,11 +1,16 @@
 // Registered with the library's command line, then turned into numbers and checked.
 #include "Options.h"
 
+#include <algorithm>
+#include <cctype>
 #include <stdexcept>
 #include <utility>
 
 #include "BuildPaths.h"
+#include "LastView.h"
+#include "MapImage.h"
 #include "OptionValues.h"
+#include "Settings.h"
 
 namespace MovingMap {
 
@@ -17,7 +22,17 @@ using Orlek::Misc::CmdLine;
 // The built-in route is best seen from here: the terrain reaches to all edges of the picture.
 constexpr double builtInPlaceMiles = 12.35;
 
+std::string inCapitals(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+    return text;
+}
+
 void registerOptions(CmdLine& line) {
+    line.addParameter("--config",
+                      "property file for the settings; a window writes it back when it closes", "");
+    line.addParameter("--distances", "unit of distances, NM or km", "NM");
+    line.addParameter("--altitudes", "unit of altitudes, ft or m", "ft");
     line.addParameter("--tiles", "directory of elevation tiles (.DT1, .zip)", defaultTiles);
     line.addParameter("--route", "route file; the built-in route when empty", "");
     line.addParameter("--airspace",
@@ -42,7 +57,9 @@ void registerOptions(CmdLine& line) {
     line.addParameter("--lon", "own longitude, degrees; on the route when empty", "");
     line.addParameter("--heading", "own heading, degrees; along the route when empty", "");
     line.addParameter("--along", "own place on the route, nautical miles from its start", "");
-    line.addParameter("--range", "radius of the outer ring, nautical miles", "4");
+    line.addParameter("--range", "radius of the outer ring, in the unit of distances", "4");
+    line.addParameter("--centre", "middle of the map: latitude,longitude; the aircraft when empty",
+                      "");
     line.addParameter("--altitude", "own altitude, feet", "5500");
     line.addParameter("--speed", "ground speed, knots", "110");
     line.addSwitch("--headingup", "turn the map so that the heading points up");
@@ -52,21 +69,80 @@ void registerOptions(CmdLine& line) {
     line.addParameter("--scale", "size of text and symbols, 1 is for 100 dots an inch", "1");
 }
 
+template <typename Unit>
+Unit unitOf(const Settings& settings, const char* option, const char* key, Unit one, Unit other) {
+    return settings.value(option, key, [&](const std::string& name, const std::string& text) {
+        for (const Unit unit : {one, other}) {
+            if (inCapitals(text) == symbol(unit)) {
+                return unit;
+            }
+        }
+        throw std::runtime_error(name + ": '" + text + "' is neither " + symbol(one) + " nor " +
+                                 symbol(other));
+    });
+}
+
+std::string boundsText(const std::string& name, const std::string& text) {
+    try {
+        parseBounds(text);
+    } catch (const std::runtime_error& error) {
+        throw std::runtime_error(name + ": '" + text + "': " + error.what());
+    }
+    return text;
+}
+
+void collectFiles(const Settings& settings, Options& options) {
+    options.config = settings.file();
+    options.tiles = settings.path("--tiles", "Map.tiles");
+    options.font = settings.path("--font", "Map.font");
+    options.route = settings.path("--route", "Map.route");
+    options.airspace = settings.path("--airspace", "Map.airspace", "none");
+    options.mapImage = settings.path("--map-image", "Map.image");
+    options.mapBounds = settings.value("--map-bounds", "Map.imageBounds", boundsText);
+    options.mapShare = settings.number("--map-share", "Map.imageShare", 0.0, 1.0);
+}
+
+void collectStyle(const Settings& settings, Style& style) {
+    Units& units = style.units;
+    units.distance = unitOf(settings, "--distances", "Units.distance", DistanceUnit::nauticalMiles,
+                            DistanceUnit::kilometres);
+    units.altitude =
+        unitOf(settings, "--altitudes", "Units.altitude", AltitudeUnit::feet, AltitudeUnit::metres);
+    Palette& colours = style.colours;
+    settings.colour("Colours.route", colours.route);
+    settings.colour("Colours.flown", colours.flown);
+    settings.colour("Colours.ownShip", colours.ownShip);
+    settings.colour("Colours.traffic", colours.traffic);
+    settings.colour("Colours.rings", colours.rings);
+    settings.colour("Colours.controlled", colours.controlled);
+    settings.colour("Colours.prohibited", colours.prohibited);
+    settings.colour("Colours.training", colours.training);
+}
+
+// A place of the aircraft on the command line is to be seen.
+void collectView(const Settings& settings, Options& options) {
+    const CmdLine& line = CmdLine::instance();
+    options.centre = settings.value("--centre", "View.centre", parseCentre);
+    if (!line.getSwitch("--centre") && (line.getSwitch("--lat") || line.getSwitch("--along"))) {
+        options.centre.reset();
+    }
+    options.rangeM = settings.number("--range", "View.range", 0.1, 500.0) *
+                     metresPer(options.style.units.distance);
+    options.headingUp = settings.toggle("--headingup", "--northup", "View.headingUp");
+}
+
 Options collect() {
     const CmdLine& line = CmdLine::instance();
+    const Settings settings(textOf("--config"));
     Options options;
-    options.tiles = textOf("--tiles");
-    options.route = textOf("--route");
-    options.airspace = textOf("--airspace");
-    options.mapImage = textOf("--map-image");
-    options.mapBounds = textOf("--map-bounds");
-    options.mapShare = numberOf("--map-share", 0.0, 1.0);
+    collectFiles(settings, options);
+    collectStyle(settings, options.style);
+    collectView(settings, options);
     if (line.getSwitch("--feed")) {
         options.feed = parseFeedUrl(textOf("--feed"));
     }
     options.feedSeconds = numberOf("--feed-seconds", 0.0, 86400.0);
     options.feedOldS = numberOf("--feed-old", 0.1, 60.0);
-    options.font = textOf("--font");
     options.out = textOf("--out");
     options.frames = numberOf("--frames", 0, 99999);
     options.window = line.getSwitch("--window");
@@ -75,10 +151,8 @@ Options collect() {
     options.headingDeg = optionalNumberOf("--heading", 0.0, 360.0);
     const std::optional<double> along = optionalNumberOf("--along", 0.0, 10000.0);
     options.alongMiles = along.value_or(options.route.empty() ? builtInPlaceMiles : 0.0);
-    options.rangeMiles = numberOf("--range", 0.1, 500.0);
     options.altitudeFt = numberOf("--altitude", -1500.0, 99999.0);
     options.speedKt = numberOf("--speed", 10.0, 3000.0);
-    options.headingUp = line.getSwitch("--headingup") && !line.getSwitch("--northup");
     options.width = numberOf("--width", 320, 8192);
     options.height = numberOf("--height", 240, 8192);
     options.scale = numberOf("--scale", 0.5, 3.0);

@@ -7,10 +7,14 @@
 
 #include "FeedUrl.h"
 #include "Fetch.h"
+#include "Position.h"
+#include "Style.h"
 
 namespace MovingMap {
 
 struct Options {
+    std::string config;  ///< Where the settings are kept; empty: nowhere.
+    Style style;
     std::string tiles;
     std::string route;     ///< Empty: the default route.
     std::string airspace;  ///< Empty: the default airspace; "none": none.
@@ -29,7 +33,8 @@ struct Options {
     std::optional<double> lon;
     std::optional<double> headingDeg;
     double alongMiles = 0.0;
-    double rangeMiles = 0.0;
+    std::optional<Position> centre;  ///< Of the map; nothing: it follows the aircraft.
+    double rangeM = 0.0;
     double altitudeFt = 0.0;
     double speedKt = 0.0;
     bool headingUp = false;
@@ -38,8 +43,9 @@ struct Options {
     double scale = 1.0;
 };
 
-/// Reads the program's arguments. Returns nothing when only the usage was asked for (it is then
-/// printed). Throws std::runtime_error with one line that says what is wrong.
+/// Reads the program's arguments and the settings of their --config file. Returns nothing when only
+/// the usage was asked for (it is then printed). Throws std::runtime_error with one line that says
+/// what is wrong.
 std::optional<Options> readOptions(int argc, char** argv);
 
 }  // namespace MovingMap

@@ -19,7 +19,7 @@ void drawOwnShip(Canvas& canvas, const MapView& view, const Scene& scene) {
     canvas.stroke.segment(place(0.0, 13.0), place(0.0, -15.0));
     canvas.stroke.segment(place(-15.0, 2.0), place(15.0, 2.0));
     canvas.stroke.segment(place(-7.0, -12.0), place(7.0, -12.0));
-    canvas.stroke.draw({.colour = old ? grey : yellow,
+    canvas.stroke.draw({.colour = old ? grey : canvas.style.colours.ownShip,
                         .width = 4.0 * canvas.unit,
                         .rim = black,
                         .rimWidth = 1.6 * canvas.unit});

@@ -78,11 +78,12 @@ RouteLine projectRoute(const RoutePath& path, const MapView& view, double alongM
 
 void drawRoute(Canvas& canvas, const MapView& view, const Route& route, const RouteLine& line,
                std::size_t nextWaypoint) {
-    drawLine(canvas, line.flown, flownMagenta);
-    drawLine(canvas, line.ahead, magenta);
+    const Palette& colours = canvas.style.colours;
+    drawLine(canvas, line.flown, colours.flown);
+    drawLine(canvas, line.ahead, colours.route);
     for (std::size_t i = 0; i < route.size(); ++i) {
         drawSymbol(canvas, view.toScreen(route[i].position), route[i].flyOver,
-                   i == nextWaypoint ? magenta : white);
+                   i == nextWaypoint ? colours.route : white);
     }
 }
 

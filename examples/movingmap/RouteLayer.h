@@ -19,7 +19,7 @@ struct RouteLine {
 RouteLine projectRoute(const RoutePath& path, const MapView& view, double alongM);
 
 /// Draws the path as flown and the waypoints' symbols: a star, with a circle around it where the
-/// route flies over the point. The next waypoint is magenta.
+/// route flies over the point. The next waypoint has the route's colour.
 void drawRoute(Canvas& canvas, const MapView& view, const Route& route, const RouteLine& line,
                std::size_t nextWaypoint);
 

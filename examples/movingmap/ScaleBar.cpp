@@ -3,9 +3,6 @@
 
 #include <cmath>
 
-#include "Format.h"
-#include "Position.h"
-
 namespace MovingMap {
 
 namespace {
@@ -13,8 +10,9 @@ namespace {
 constexpr double pad = 10.0;
 constexpr double longest = 170.0;
 
-double barMiles(const Canvas& canvas, const MapView& view) {
-    return roundLength(longest * canvas.unit * view.metresPerPixel() / metresPerMile);
+double barM(const Canvas& canvas, const MapView& view) {
+    const double unitM = metresPer(canvas.style.units.distance);
+    return roundLength(longest * canvas.unit * view.metresPerPixel() / unitM) * unitM;
 }
 
 }  // namespace
@@ -26,7 +24,7 @@ double roundLength(double most) {
 }
 
 Box scaleBarBox(const Canvas& canvas, const MapView& view, Point at) {
-    const double width = barMiles(canvas, view) * metresPerMile / view.metresPerPixel();
+    const double width = barM(canvas, view) / view.metresPerPixel();
     return {at, Point(at.x + width + 2.0 * pad * canvas.unit, at.y + 38.0 * canvas.unit)};
 }
 
@@ -41,8 +39,8 @@ void drawScaleBar(Canvas& canvas, const MapView& view, const Box& box) {
     canvas.stroke.polyline({left + up, left, right, right + up});
     canvas.stroke.segment(middle, Point(middle.x, middle.y + 4.0 * unit));
     canvas.stroke.draw({.colour = white, .width = 1.6 * unit});
-    canvas.small.add(milesText(barMiles(canvas, view)), Point(middle.x, middle.y + 10.0 * unit),
-                     Align::centre, white);
+    canvas.small.add(lengthText(barM(canvas, view), canvas.style.units.distance),
+                     Point(middle.x, middle.y + 10.0 * unit), Align::centre, white);
 }
 
 }  // namespace MovingMap

@@ -20,9 +20,9 @@ double baseline(const Box& box, const PlateText& text) {
     return (box.low.y + box.high.y - text.capHeight()) / 2.0;
 }
 
-std::string modeText(const Scene& scene) {
+std::string modeText(const Scene& scene, DistanceUnit unit) {
     return std::string(scene.headingUp ? "HEADING UP" : "NORTH UP") + "   " +
-           milesText(scene.rangeM / metresPerMile);
+           lengthText(scene.rangeM, unit);
 }
 
 }  // namespace
@@ -41,7 +41,7 @@ void drawHeading(Canvas& canvas, const Box& box, const Scene& scene) {
     const bool known = scene.ownState != OwnShipState::unknown;
     canvas.large.add(known ? direction(scene.headingDeg) : "---",
                      Point(right, baseline(box, canvas.large)), Align::right,
-                     scene.ownState == OwnShipState::current ? yellow : red);
+                     scene.ownState == OwnShipState::current ? canvas.style.colours.ownShip : red);
 }
 
 Box modeBox(const Canvas& canvas, Point size) {
@@ -52,7 +52,7 @@ Box modeBox(const Canvas& canvas, Point size) {
 void drawMode(Canvas& canvas, const Box& box, const Scene& scene) {
     const Point middle((box.low.x + box.high.x) / 2.0, baseline(box, canvas.small));
     canvas.fill.rect(box.low, box.high, plate);
-    canvas.small.add(modeText(scene), middle, Align::centre, white);
+    canvas.small.add(modeText(scene, canvas.style.units.distance), middle, Align::centre, white);
 }
 
 }  // namespace MovingMap

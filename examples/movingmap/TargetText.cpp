@@ -16,14 +16,15 @@ constexpr double trendFpm = 500.0;
 
 }  // namespace
 
-std::string altitudeText(const TargetMessage& target, const Scene& scene) {
+std::string altitudeText(const TargetMessage& target, const Scene& scene, AltitudeUnit unit) {
+    const double step = unit == AltitudeUnit::metres ? 10.0 / metresPerFoot : 100.0;
     char text[16];
     if (scene.ownState == OwnShipState::unknown) {
-        std::snprintf(text, sizeof text, "%03ld", std::lround(target.altitudeFt / 100.0));
+        std::snprintf(text, sizeof text, "%03ld", std::lround(target.altitudeFt / step));
         return text;
     }
-    const long hundreds = std::lround((target.altitudeFt - scene.altitudeFt) / 100.0);
-    std::snprintf(text, sizeof text, hundreds == 0 ? "%02ld" : "%+03ld", hundreds);
+    const long steps = std::lround((target.altitudeFt - scene.altitudeFt) / step);
+    std::snprintf(text, sizeof text, steps == 0 ? "%02ld" : "%+03ld", steps);
     return text;
 }
 

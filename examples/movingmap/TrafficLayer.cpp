@@ -20,16 +20,16 @@ constexpr std::size_t trailPieces = 3;
 constexpr double arrowWidth = 11.0;
 
 Colour faded(const Colour& colour, double alpha) {
-    return Colour(colour.x, colour.y, colour.z, static_cast<float>(alpha));
+    return withAlpha(colour, static_cast<float>(alpha));
 }
 
 bool isOld(const LiveTarget& target, const Live& live) {
     return target.ageS > live.oldS;
 }
 
-Colour colourOf(const LiveTarget& target, const Live& live) {
+Colour colourOf(const Canvas& canvas, const LiveTarget& target, const Live& live) {
     if (!isOld(target, live)) {
-        return cyan;
+        return canvas.style.colours.traffic;
     }
     const double share = (target.ageS - live.oldS) / (live.goneS - live.oldS);
     return faded(grey, 1.0 - 0.4 * std::clamp(share, 0.0, 1.0));
@@ -90,9 +90,9 @@ public:
     Label(Canvas& canvas, const LiveTarget& target, const Scene& scene)
         : mCanvas(canvas),
           mName(target.last.name()),
-          mAltitude(altitudeText(target.last, scene)),
+          mAltitude(altitudeText(target.last, scene, canvas.style.units.altitude)),
           mTrend(verticalTrend(target.last)),
-          mColour(colourOf(target, *scene.live)) {
+          mColour(colourOf(canvas, target, *scene.live)) {
         if (isOld(target, *scene.live)) {
             mAge = "  " + wholeNumber(target.ageS) + " S";
         }
@@ -139,7 +139,7 @@ void drawTrails(Canvas& canvas, const MapView& view, const Live& live) {
                 }
             }
             const double alpha = 0.45 + 0.22 * static_cast<double>(piece);
-            canvas.stroke.draw({.colour = faded(old ? grey : cyan, alpha),
+            canvas.stroke.draw({.colour = faded(old ? grey : canvas.style.colours.traffic, alpha),
                                 .width = 2.2 * canvas.unit,
                                 .rim = faded(black, 0.4 * alpha),
                                 .rimWidth = canvas.unit});
@@ -149,8 +149,8 @@ void drawTrails(Canvas& canvas, const MapView& view, const Live& live) {
 
 void drawTargets(Canvas& canvas, const MapView& view, const Scene& scene) {
     for (const LiveTarget& target : scene.live->targets) {
-        drawSymbol(canvas, arrowhead(canvas, view, target.last), colourOf(target, *scene.live),
-                   isNear(target.last, scene));
+        drawSymbol(canvas, arrowhead(canvas, view, target.last),
+                   colourOf(canvas, target, *scene.live), isNear(target.last, scene));
     }
 }
 

@@ -23,6 +23,7 @@ void blockRoute(const Canvas& canvas, const MapView& view, const Route& route,
 void addWaypointLabels(Canvas& canvas, const MapView& view, const Route& route,
                        std::size_t nextWaypoint, LabelPlacer& placer, const Box& area) {
     LabelText& text = canvas.label;
+    const Colour ahead = paler(canvas.style.colours.route, 0.58F);
     for (std::size_t i = 0; i < route.size(); ++i) {
         const Point at = view.toScreen(route[i].position);
         if (!area.contains(around(at, 0.0))) {
@@ -30,7 +31,7 @@ void addWaypointLabels(Canvas& canvas, const MapView& view, const Route& route,
         }
         const Box box =
             placer.place(at, Point(text.width(route[i].name), text.capHeight()), canvas.unit);
-        text.add(route[i].name, box.low, Align::left, i == nextWaypoint ? magentaText : white);
+        text.add(route[i].name, box.low, Align::left, i == nextWaypoint ? ahead : white);
     }
 }
 

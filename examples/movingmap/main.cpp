@@ -36,7 +36,10 @@ void run(Options options) {
         live.emplace(options, flight);
     }
     if (options.window) {
-        showWindow(options, flight, terrain, charts, live ? &*live : nullptr);
+        const LastView view = showWindow(options, flight, terrain, charts, live ? &*live : nullptr);
+        if (!options.config.empty()) {
+            saveSettings(options.config, view, options.style.units.distance);
+        }
     } else {
         drawPictures(options, flight, terrain, charts, live ? &*live : nullptr);
     }

@@ -20,11 +20,10 @@ inline std::string textOf(const char* name) {
     return value;
 }
 
-/// The value of a registered option as a number.
+/// The number that a text spells; @p name is that of the value in messages.
 /// Throws std::runtime_error "name: 'text' is no number from low to high".
 template <typename Number>
-Number numberOf(const char* name, Number low, Number high) {
-    const std::string text = textOf(name);
+Number numberIn(const std::string& name, const std::string& text, Number low, Number high) {
     const auto value = parseNumber(text, low, high);
     if (!value) {
         std::ostringstream message;
@@ -32,6 +31,12 @@ Number numberOf(const char* name, Number low, Number high) {
         throw std::runtime_error(message.str());
     }
     return *value;
+}
+
+/// The value of a registered option as a number; throws like numberIn.
+template <typename Number>
+Number numberOf(const char* name, Number low, Number high) {
+    return numberIn(name, textOf(name), low, high);
 }
 
 /// The same; nothing when the value is empty.

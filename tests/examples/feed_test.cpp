@@ -96,11 +96,14 @@ TEST(TargetText, isThatOfACockpitDisplay) {
         TargetMessage message = target(1, 36.09);
         message.altitudeFt = row.altitudeFt;
         message.verticalFpm = row.verticalFpm;
-        EXPECT_EQ(altitudeText(message, scene), row.text);
+        EXPECT_EQ(altitudeText(message, scene, AltitudeUnit::feet), row.text);
         EXPECT_EQ(verticalTrend(message), row.trend) << row.text;
         EXPECT_EQ(isNear(message, scene), row.near) << row.text;
         message.lat = 36.11;
         EXPECT_FALSE(isNear(message, scene)) << "6.6 NM away";
+        if (row.trend > 0 && row.altitudeFt > 5500) {
+            EXPECT_EQ(altitudeText(message, scene, AltitudeUnit::metres), "+17");
+        }
     }
 }
 

@@ -3,56 +3,19 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <array>
 #include <set>
 #include <string>
 
-#include "Png.h"
+#include "MovingMapRun.h"
 #include "support/DataDir.h"
-#include "support/TempDir.h"
 
 namespace {
 
 using OrlekSupport::Image;
+using OrlekTest::MovingMapRun;
+using OrlekTest::Outcome;
 using Colour = std::array<int, 4>;
-
-struct Outcome {
-    int status = 0;
-    std::string out;
-    std::string err;
-};
-
-std::string contents(const std::string& path) {
-    std::ifstream file(path);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-class MovingMapRun : public testing::Test {
-protected:
-    MovingMapRun() { std::filesystem::create_directory(mDir.path("tiles")); }
-
-    Outcome run(const std::string& arguments, const std::string& before = "") const {
-        const std::string command = before + " '" PROGRAM "' " + arguments + " >" +
-                                    mDir.path("out") + " 2>" + mDir.path("err");
-        const int status = std::system(command.c_str());
-        return {WEXITSTATUS(status), contents(mDir.path("out")), contents(mDir.path("err"))};
-    }
-
-    // Draws a picture of 640 x 480 and reads it.
-    Image draw(const std::string& arguments) const {
-        const std::string path = mDir.path("map.png");
-        const Outcome outcome = run("--width 640 --height 480 --out " + path + " " + arguments);
-        EXPECT_EQ(outcome.status, 0) << outcome.err;
-        EXPECT_NE(outcome.out.find(path), std::string::npos) << outcome.out;
-        return OrlekSupport::readPng(path);
-    }
-
-    const OrlekTest::TempDir mDir;
-    const std::string mNoTiles = " --tiles " + mDir.path("tiles") + " ";
-};
 
 class OverTheBuiltTile : public MovingMapRun {
 protected:
@@ -209,12 +172,10 @@ TEST_F(MovingMapRun, saysInOneLineWhatIsMissing) {
 }
 
 TEST_F(MovingMapRun, opensAWindow) {
-    if (std::system("command -v xvfb-run >/dev/null && command -v xauth >/dev/null") != 0) {
+    if (!hasScreen()) {
         GTEST_SKIP() << "no xvfb-run (packages xvfb, xauth): the window is not opened";
     }
-    const Outcome outcome = run("--window --frames 5 --width 400 --height 300" + mNoTiles,
-                                // The GLX libraries that GLFW unloads at the end keep some bytes.
-                                "ASAN_OPTIONS=detect_leaks=0 timeout 60 xvfb-run -a");
+    const Outcome outcome = runInWindow("--frames 5" + mNoTiles);
     EXPECT_EQ(outcome.status, 0) << outcome.err << outcome.out;
 }
 

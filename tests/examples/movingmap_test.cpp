@@ -22,6 +22,7 @@
 #include "RouteLayer.h"
 #include "RoutePath.h"
 #include "ScaleBar.h"
+#include "Units.h"
 #include "Voids.h"
 
 namespace {
@@ -317,11 +318,17 @@ TEST(Format, roundsBeforeItSplits) {
         {direction(359.7), "360\260"},
         {direction(0.2), "360\260"},
         {direction(-10.0), "350\260"},
-        {miles(1852.0 * 99.96), "100"},
-        {miles(1852.0 * 3.44), "3.4"},
+        {distanceText(1852.0 * 99.96, DistanceUnit::nauticalMiles), "100 NM"},
+        {distanceText(1852.0 * 3.44, DistanceUnit::nauticalMiles), "3.4 NM"},
+        {lengthText(2500.0, DistanceUnit::kilometres), "2.5 KM"},
+        {speedText(110.0, DistanceUnit::kilometres), "204 KM/H"},
+        {heightText(-30.48, AltitudeUnit::feet), "-100 FT"},
+        {heightText(1676.4, AltitudeUnit::metres), "1676 M"},
+        {limitText("4500", AltitudeUnit::metres), "1372"},
+        {limitText("4500", AltitudeUnit::feet) + limitText("FL95", AltitudeUnit::metres),
+         "4500FL95"},
         {duration(59.6), "01:00"},
         {duration(3661.0), "1:01:01"},
-        {feet(-30.48), "-100"},
     };
     for (const auto& [text, expected] : cases) {
         EXPECT_EQ(text, expected);
