@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <numbers>
+#include <random>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -57,6 +59,36 @@ TEST(PolygonCut, isThatOfSetsWhereRingsTouchOrContainEachOther) {
     for (const auto& row : rows) {
         EXPECT_NEAR(areaOf(partsInside(row.outline, row.other)), row.inside, 3.0) << row.what;
         EXPECT_NEAR(areaOf(partsOutside(row.outline, row.other)), row.outside, 3.0) << row.what;
+    }
+}
+
+// Stars on a grid of whole pixels: corners and edges of several coincide.
+Polyline star(std::mt19937& random) {
+    std::uniform_int_distribution<int> place(60, 140);
+    std::uniform_int_distribution<int> corners(3, 24);
+    std::uniform_int_distribution<int> radius(20, 60);
+    const Point centre(place(random), place(random));
+    const int count = corners(random);
+    Polyline outline;
+    for (int i = 0; i < count; ++i) {
+        const double angle = i * 2.0 * std::numbers::pi / count;
+        const double r = radius(random);
+        outline.emplace_back(std::round(centre.x + r * std::sin(angle)),
+                             std::round(centre.y + r * std::cos(angle)));
+    }
+    return outline;
+}
+
+TEST(PolygonCut, losesAndGainsNothing) {
+    std::mt19937 random(1);
+    for (int i = 0; i < 3000; ++i) {
+        const Polyline one = star(random);
+        const Polyline other = i % 2 == 0 ? star(random) : square(70, 130);
+        const double area = areaOf({one});
+        const double inside = areaOf(partsInside(one, other));
+        const double outside = areaOf(partsOutside(one, other));
+        EXPECT_NEAR(inside + outside, area, 10.0) << i;
+        EXPECT_NEAR(inside, areaOf(partsInside(other, one)), 10.0) << i;
     }
 }
 
