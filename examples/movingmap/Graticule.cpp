@@ -60,6 +60,8 @@ public:
         }
     }
 
+    const std::vector<Box>& places() const { return mPlaces; }
+
 private:
     void add(const std::string& label, Point at) {
         const Box box{at, Point(at.x + mText.width(label), at.y + mText.capHeight())};
@@ -68,6 +70,7 @@ private:
                                          [&](const Box& other) { return other.overlaps(spaced); });
         if (mArea.contains(box) && !covered) {
             mText.add(label, at, Align::left, white);
+            mPlaces.push_back(box);
         }
     }
 
@@ -75,6 +78,7 @@ private:
     const Box& mArea;
     const std::vector<Box>& mBlocked;
     double mPad;
+    std::vector<Box> mPlaces;
 };
 
 }  // namespace
@@ -86,8 +90,8 @@ double graticuleMinutes(double leastMinutes) {
     return *found;
 }
 
-void drawGraticule(Canvas& canvas, const MapView& view, const Box& area,
-                   const std::vector<Box>& blocked) {
+std::vector<Box> drawGraticule(Canvas& canvas, const MapView& view, const Box& area,
+                               const std::vector<Box>& blocked) {
     EdgeLabels labels(canvas, area, blocked);
     const double leastPixels = 150.0 * canvas.unit;
     const double step =
@@ -107,6 +111,7 @@ void drawGraticule(Canvas& canvas, const MapView& view, const Box& area,
         labels.addFor(a, b, longitudeLabel(lon));
     }
     canvas.stroke.draw({.colour = Colour(1.0F, 1.0F, 1.0F, 0.38F), .width = canvas.unit});
+    return labels.places();
 }
 
 }  // namespace MovingMap

@@ -90,8 +90,9 @@ void MapPicture::drawMap(const Scene& scene, const Layout& layout) {
     const std::vector<AirspaceShape> airspace =
         projectAirspace(mCharts.airspace, mView, layout.map.grown(airspaceMargin * mCanvas.unit));
     drawAirspace(mCanvas, airspace);
-    drawGraticule(mCanvas, mView, layout.map, layout.plates());
-    const std::vector<Box> figures = drawCompassRose(mCanvas, mView, scene);
+    std::vector<Box> figures = drawGraticule(mCanvas, mView, layout.map, layout.plates());
+    const std::vector<Box> rose = drawCompassRose(mCanvas, mView, scene);
+    figures.insert(figures.end(), rose.begin(), rose.end());
     const RouteLine line = projectRoute(mPath, mView, scene.alongM);
     drawRoute(mCanvas, mView, mRoute, line, scene.next.index);
     if (scene.live) {
