@@ -15,11 +15,12 @@ function(orlek_fuzz name)
       set(use_dictionary "-dict=${dictionary}")
     endif()
     add_test(NAME fuzz_${name} COMMAND fuzz_${name} ${use_dictionary} -runs=20000
-      -max_total_time=10 -timeout=10 -rss_limit_mb=2048
+      -max_total_time=5 -timeout=10 -rss_limit_mb=2048
       "${CMAKE_CURRENT_BINARY_DIR}/found/${name}" "${corpus}")
     file(MAKE_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/found/${name}")
   else()
     target_sources(fuzz_${name} PRIVATE replay_main.cpp)
+    target_compile_options(fuzz_${name} PRIVATE -O0)
     add_test(NAME fuzz_${name} COMMAND fuzz_${name} "${corpus}")
     add_dependencies(orlek_tests fuzz_${name})
   endif()
