@@ -42,7 +42,7 @@ public:
     /// Replaces the document by the content of a file.
     ///
     /// Only regular files are opened. Refused before they are parsed are files of more than 64 MiB,
-    /// with zero bytes, with elements nested more than 256 deep, and with more than 1,024
+    /// with zero bytes, with elements nested more than 256 deep, and with more than 256
     /// attributes of one element. What memory a file takes is in proportion to its size: about 10
     /// times as much for usual ones, at most some 100 times. A byte order mark or the declaration
     /// tells whether the bytes are UTF-8; others are taken one by one.

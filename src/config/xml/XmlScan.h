@@ -15,8 +15,8 @@
 namespace Orlek::Detail {
 
 struct XmlLimits {
-    int depth = 256;        ///< of an element, the root's being 1
-    int attributes = 1024;  ///< of one element
+    int depth = 256;       ///< of an element, the root's being 1
+    int attributes = 256;  ///< of one element
 };
 
 class XmlScan {

@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <climits>
 #include <span>
+#include <tuple>
 #include <utility>
 
 #include "platform/posix/WriteAll.h"
@@ -62,28 +63,38 @@ std::string makeNamed(const std::string& directory, Make make) {
     return {};
 }
 
-int createUnnamed(const std::string& directory, mode_t mode) {
 #ifdef O_TMPFILE
+constexpr int unnamed = O_TMPFILE;
+#else
+constexpr int unnamed = -1;
+#endif
+
+// -1 where the system cannot.
+int createUnnamed(const std::string& directory, mode_t mode) {
+    if (unnamed == -1) {
+        return -1;
+    }
     const char* where = directory.empty() ? "." : directory.c_str();
-    const int descriptor = ::open(where, O_TMPFILE | O_WRONLY | O_CLOEXEC, mode);
+    const int descriptor = ::open(where, unnamed | O_WRONLY | O_CLOEXEC, mode);
     // The name is given through /proc later on.
     if (descriptor >= 0 && ::access(descriptorPath(descriptor).c_str(), F_OK) != 0) {
         ::close(descriptor);
         return -1;
     }
     return descriptor;
-#else
-    return -1;
-#endif
 }
 
-// The owner stays where the system lets it, the mode always.
+// The owner stays where the system lets it, the mode always; but a file that is another's now must
+// not lend that one's rights to whoever runs it.
 bool takeOver(int descriptor, const struct stat& old) {
-    if (::fchown(descriptor, old.st_uid, old.st_gid) != 0 &&
-        ::fchown(descriptor, static_cast<uid_t>(-1), old.st_gid) != 0) {
-        // The file is this user's then.
+    constexpr mode_t lending = S_ISUID | S_ISGID;
+    mode_t mode = old.st_mode & 07777U;
+    if (::fchown(descriptor, old.st_uid, old.st_gid) != 0) {
+        mode &= ~lending;
+        // The group alone, if that is possible: those who could read the file still can.
+        std::ignore = ::fchown(descriptor, static_cast<uid_t>(-1), old.st_gid);
     }
-    return ::fchmod(descriptor, old.st_mode & 07777U) == 0;
+    return ::fchmod(descriptor, mode) == 0;
 }
 
 bool sync(int descriptor) {
