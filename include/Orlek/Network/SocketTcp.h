@@ -33,8 +33,11 @@ namespace Orlek::Network {
 /// Copies share the descriptor, not the queue and the received bytes: let one of them read and one
 /// write. The descriptor is closed once, by whichever of them closes it first, and the others are
 /// not connected any more. The destructor does not close: call closeConnection().
-/// Neither does connecting an object that is connected already. One thread at a time may use an
-/// object.
+/// Neither does connecting an object that is connected already.
+///
+/// One thread at a time may use an object. Two copies may be used by two threads as long as no
+/// third opens files or sockets: when one of them finds the connection closed, a call of the other
+/// that is under way may reach what was opened under the same number.
 ///
 /// @code
 /// Orlek::Network::SocketTcp link;

@@ -21,6 +21,7 @@ namespace Orlek::OpenGL {
 /// The first render() creates the GL objects. Copies share GL objects until one of them changes.
 /// render() and clear() need the thread whose GL context is current; construction, assignment and
 /// destruction make no GL call (what they leave is deleted at the next upload of any drawable).
+/// Once drawn, the object and its copies belong to that thread in all.
 ///
 /// @code
 /// Orlek::OpenGL::Circle disc;

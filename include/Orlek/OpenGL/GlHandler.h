@@ -56,7 +56,8 @@ class ORLEK_EXPORT GlHandler {
 public:
     /// @return the one object. The first call loads the GL entry points, switches the driver's
     /// error messages on (they go to the standard error stream), builds the standard programs and
-    /// prints the GL and GLSL versions; it needs the context current.
+    /// prints the GL and GLSL versions; it needs the context current, and nothing draws for the
+    /// life of the process when it is made without.
     ///
     /// When the loader complains, one line "GlHandler::GlHandler Error: text" is printed. Its
     /// complaint about a missing GLX display (EGL, Wayland) is harmless; after any other the GL

@@ -29,7 +29,8 @@ namespace Orlek::OpenGL {
 ///
 /// load(), createTexture(), clear() and render() belong to the thread whose GL context is current.
 /// The destructor makes no GL call: call clear() before the context goes away, or what is left is
-/// deleted at the next upload of any drawable. Copies share GL objects until one of them changes.
+/// deleted at the next upload of any drawable. Once loaded or drawn, the object and its copies
+/// belong to that thread in all. Copies share GL objects until one of them changes.
 ///
 /// @code
 /// Orlek::OpenGL::Texture aircraft;

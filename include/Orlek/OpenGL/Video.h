@@ -24,8 +24,9 @@ namespace Orlek::OpenGL {
 ///
 /// init(), putFrame(), clear() and render() belong to the thread whose GL context is current. The
 /// destructor makes no GL call: call clear() before the context goes away, or what is left is
-/// deleted at the next upload of any drawable. Copies share the picture, also frames put later
-/// into any of them, until one of them calls init().
+/// deleted at the next upload of any drawable. After init() the object and its copies belong to
+/// that thread in all. Copies share the picture, also frames put later into any of them, until one
+/// of them calls init().
 ///
 /// @code
 /// Orlek::OpenGL::Video camera;
