@@ -24,6 +24,13 @@ constexpr unsigned int longestAnswer = 1048576;
 constexpr unsigned int firstWaitMs = 1000;
 constexpr unsigned int pauseMs = 50;  // ends an answer
 
+/// A connection that ends with the scope, whatever ends that.
+struct Connection {
+    SocketTcp socket;
+
+    ~Connection() { socket.closeConnection(); }
+};
+
 /// Never waits: a request that the system cannot take at once is longer than servers accept.
 void sendRequest(int socket, const std::string& request) {
     Detail::sendBytes(socket, std::as_bytes(std::span(request)), {}, Detail::Patience::none);
@@ -106,7 +113,8 @@ bool Network::getFileHttp(const std::string& url, const std::string& fileName) {
         return false;
     }
     const Detail::HttpTarget target = Detail::splitUrl(url);
-    SocketTcp socket;
+    Connection connection;
+    SocketTcp& socket = connection.socket;
     if (!socket.createTcpClientSocket(getHostAddress(target.host), httpPort)) {
         return false;
     }
@@ -121,7 +129,6 @@ bool Network::getFileHttp(const std::string& url, const std::string& fileName) {
             saveFile(fileName, body);
         }
     }
-    socket.closeConnection();
     return answered;
 }
 

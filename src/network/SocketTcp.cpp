@@ -22,6 +22,9 @@ constexpr int noPackage = -1;
 constexpr int noConnection = -2;
 
 int openClient(unsigned long address, int port) {
+    if (address == 0) {
+        return noSocket;
+    }
     const int socket = openSocket(SocketKind::stream);
     if (socket == noSocket) {
         reportSystemError("socket");
@@ -70,25 +73,25 @@ SocketTcp& SocketTcp::operator=(const SocketTcp& other) {
 SocketTcp::~SocketTcp() = default;
 
 bool SocketTcp::createTcpClientSocket(unsigned long address, int port) {
-    const int socket = address == 0 ? noSocket : openClient(address, port);
-    return socket != noSocket && adopt(socket, address, connectSocket(socket, {address, port}));
+    NewSocket socket(openClient(address, port));
+    return socket.isOpen() && adopt(socket, address, connectSocket(socket.get(), {address, port}));
 }
 
 bool SocketTcp::createTcpClientSocketNonBlock(unsigned long address, int port,
                                               unsigned int timeoutMs) {
-    const int socket = address == 0 ? noSocket : openClient(address, port);
-    return socket != noSocket &&
+    NewSocket socket(openClient(address, port));
+    return socket.isOpen() &&
            adopt(socket, address,
-                 connectSocket(socket, {address, port}, timeoutMs) == Outcome::done);
+                 connectSocket(socket.get(), {address, port}, timeoutMs) == Outcome::done);
 }
 
-/// Takes a client's socket over when it is connected, otherwise closes it.
-bool SocketTcp::adopt(int socket, unsigned long address, bool connected) {
+/// Takes a client's socket over when it is connected.
+bool SocketTcp::adopt(NewSocket& socket, unsigned long address, bool connected) {
     if (connected) {
-        setDescriptor(static_cast<std::uint64_t>(socket));
+        setDescriptor(static_cast<std::uint64_t>(socket.get()));
+        socket.handedOn();
         mConnectionName = dottedAddress(address);
     } else {
-        closeSocket(socket);
         mConnected = false;
     }
     return connected;

@@ -47,30 +47,30 @@ SocketTcpServer& SocketTcpServer::operator=(const SocketTcpServer& other) = defa
 SocketTcpServer::~SocketTcpServer() = default;
 
 bool SocketTcpServer::init(int port) {
-    const int socket = openSocket(SocketKind::stream);
-    const char* failed = socket == noSocket ? "socket" : startListening(socket, port);
+    NewSocket socket(openSocket(SocketKind::stream));
+    const char* failed = socket.isOpen() ? startListening(socket.get(), port) : "socket";
     if (failed != nullptr) {
         reportSystemError(failed);
-        closeSocket(socket);
         return false;
     }
-    setNoDelay(socket);
-    mSocket = std::make_shared<SharedSocket>(socket);
+    setNoDelay(socket.get());
+    mSocket = socket.shared<SharedSocket>();
     return true;
 }
 
 bool SocketTcpServer::acceptConnection(SocketTcp& client) {
     Endpoint peer;
-    const int socket = acceptSocket(mSocket->get(), peer);
-    if (socket == noSocket) {
+    NewSocket socket(acceptSocket(mSocket->get(), peer));
+    if (!socket.isOpen()) {
         reportSystemError("accept");
         return false;
     }
-    client.setDescriptor(static_cast<std::uint64_t>(socket));
+    client.setDescriptor(static_cast<std::uint64_t>(socket.get()));
+    const int accepted = socket.handedOn();
     client.setName(dottedAddress(peer.address));
     client.setAddress(firstOctetLowest(peer.address));
-    enlargeBuffers(socket);
-    if (!setSendTimeout(socket, sendTimeoutUs)) {
+    enlargeBuffers(accepted);
+    if (!setSendTimeout(accepted, sendTimeoutUs)) {
         reportSystemError("setsockopt");
     }
     return true;

@@ -40,8 +40,8 @@ bool failed(const char* step) {
 }
 
 Socket openDatagramSocket() {
-    return std::make_shared<Detail::DatagramSocket>(
-        Detail::openSocket(Detail::SocketKind::datagram));
+    return Detail::NewSocket(Detail::openSocket(Detail::SocketKind::datagram))
+        .shared<Detail::DatagramSocket>();
 }
 
 int result(const Detail::Transfer& transfer) {
@@ -75,8 +75,9 @@ bool SocketUdp::openReceiveSocket(unsigned long address, int port, int blocking)
     if (!socket->isOpen()) {
         return failed("Opening recv socket");
     }
-    if (blocking == 0) {
-        Detail::setBlocking(socket->get(), false);
+    // A socket that waits although it must not would stop the caller's frame.
+    if (blocking == 0 && !Detail::setBlocking(socket->get(), false)) {
+        return failed("Opening recv socket");
     }
     if (!Detail::setReuseAddress(socket->get())) {
         return failed("setsockopt");

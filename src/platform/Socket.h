@@ -7,7 +7,9 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
+#include <utility>
 
 namespace Orlek::Detail {
 
@@ -95,6 +97,32 @@ public:
 
 private:
     std::atomic<int> mSocket = noSocket;
+};
+
+/// A socket on its way to whoever will close it; until it is handed on, it is closed with the
+/// object, as when memory runs out.
+class NewSocket {
+public:
+    explicit NewSocket(int socket) : mSocket(socket) {}
+    NewSocket(const NewSocket&) = delete;
+    NewSocket& operator=(const NewSocket&) = delete;
+    ~NewSocket() { closeSocket(mSocket); }
+
+    int get() const { return mSocket; }
+    bool isOpen() const { return mSocket >= 0; }
+    /// Leaves the socket to another owner.
+    int handedOn() { return std::exchange(mSocket, noSocket); }
+
+    /// Hands the socket on to a new object.
+    template <typename Owner>
+    std::shared_ptr<Owner> shared() {
+        auto owner = std::make_shared<Owner>(mSocket);
+        handedOn();
+        return owner;
+    }
+
+private:
+    int mSocket;
 };
 
 }  // namespace Orlek::Detail

@@ -10,6 +10,7 @@
 #include <string>
 
 namespace Orlek::Detail {
+class NewSocket;
 class PackageFraming;
 class SendQueue;
 class SharedSocket;
@@ -136,7 +137,7 @@ public:
     void setAddress(unsigned long address) { mAddress = address; }
 
 private:
-    bool adopt(int socket, unsigned long address, bool connected);
+    bool adopt(Detail::NewSocket& socket, unsigned long address, bool connected);
     std::optional<int> takePackage(void* payload, MsgHeader& header);
 
     std::shared_ptr<Detail::SharedSocket> mSocket;

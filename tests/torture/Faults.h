@@ -1,0 +1,24 @@
+// Lets one allocation or one system call of the program fail, whoever makes it. The functions of
+// the C library that allocate or enter the system are replaced in Faults.cpp.
+#pragma once
+
+namespace OrlekTest {
+
+enum class FaultKind {
+    allocation,  ///< malloc and its relatives, and with them operator new
+    system,      ///< files, directories, sockets, host names
+};
+
+/// From now on the call of that number (from 1) fails, once, in whatever thread.
+void armFault(FaultKind kind, long number);
+
+/// @return whether as many calls came.
+bool disarmFault();
+
+/// The name of the system call that failed last.
+const char* failedCall();
+
+/// Blocks of memory that are in use; always 0 where a sanitizer counts them.
+long liveBlocks();
+
+}  // namespace OrlekTest

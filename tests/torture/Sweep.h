@@ -1,0 +1,71 @@
+// Runs a scenario again and again while one call of it after the other fails.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <new>
+#include <string>
+
+#include "Faults.h"
+#include "support/Capture.h"
+#include "support/OpenFiles.h"
+
+namespace OrlekTest {
+
+/// What a scenario does while a call fails.
+struct Scenario {
+    const char* name;
+    void (*before)();  ///< makes what the scenario needs; nothing fails yet
+    /// Gives false when a result is neither right nor the failure that the call names. Keeps
+    /// nothing that it allocates.
+    bool (*act)();
+    bool (*after)();       ///< whether what is left on the disk is whole
+    bool mayLose = false;  ///< memory, where a library below does
+};
+
+/// One run, the call of that number failing. The first run may keep what is made once.
+/// @return whether there was a call of that number.
+inline bool runWithFault(const Scenario& scenario, FaultKind kind, long number,
+                         bool isFirst = false) {
+    scenario.before();
+    const auto files = openFiles();
+    const long blocks = liveBlocks();
+    bool right = true;
+    armFault(kind, number);
+    try {
+        right = scenario.act();
+    } catch (const std::bad_alloc&) {  // NOLINT(bugprone-empty-catch): a failure it may name
+    }
+    const bool struck = disarmFault();
+    const long lost = liveBlocks() - blocks;
+    const char* const call = kind == FaultKind::system && struck ? failedCall() : "";
+    EXPECT_TRUE(right) << scenario.name << ": call " << number << " " << call;
+    EXPECT_TRUE(scenario.after()) << scenario.name << ": call " << number << " " << call;
+    EXPECT_EQ(openFiles(), files) << scenario.name << ": call " << number << " " << call;
+    if (!isFirst && !scenario.mayLose) {
+        EXPECT_LE(lost, 0) << scenario.name << ": call " << number << " " << call;
+    }
+    return struck;
+}
+
+/// Fails each call of a scenario in turn, and ends with a run in which none fails. What the library
+/// prints meanwhile is shown only if a check fails.
+/// @return how many calls there are.
+inline long sweep(const Scenario& scenario, FaultKind kind) {
+    constexpr long never = 1'000'000'000;
+    long number = 0;
+    const std::string printed = captureStdout([&] {
+        captureStderr([&] {
+            runWithFault(scenario, kind, never, true);
+            while (!testing::Test::HasFailure() && runWithFault(scenario, kind, ++number)) {
+            }
+        });
+    });
+    if (testing::Test::HasFailure()) {
+        std::fputs(printed.c_str(), stdout);
+    }
+    return number - 1;
+}
+
+}  // namespace OrlekTest
