@@ -3,6 +3,7 @@ include(CMakePackageConfigHelpers)
 
 install(TARGETS orlek EXPORT OrlekTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
   FILE_SET public_headers DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/Orlek")
 install(EXPORT OrlekTargets NAMESPACE Orlek:: DESTINATION "${package_dir}")
@@ -11,11 +12,15 @@ configure_package_config_file(cmake/OrlekConfig.cmake.in OrlekConfig.cmake
 write_basic_package_version_file(OrlekConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(FILES "${CMAKE_CURRENT_BINARY_DIR}/OrlekConfig.cmake"
               "${CMAKE_CURRENT_BINARY_DIR}/OrlekConfigVersion.cmake"
+              $<$<NOT:$<BOOL:${BUILD_SHARED_LIBS}>>:${PROJECT_SOURCE_DIR}/cmake/FindTinyXML.cmake>
   DESTINATION "${package_dir}")
 
 # Paths relative to the .pc file, so that an installed tree may be moved.
 file(RELATIVE_PATH ORLEK_PC_PREFIX "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
 string(REGEX REPLACE "/$" "" ORLEK_PC_PREFIX "${ORLEK_PC_PREFIX}")
+if(BUILD_SHARED_LIBS)
+  set(ORLEK_PC_NEEDS_PRIVATE ".private")
+endif()
 configure_file(cmake/orlek.pc.in orlek.pc @ONLY)
 install(FILES "${CMAKE_CURRENT_BINARY_DIR}/orlek.pc"
   DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 
 int main() {
     const double bearing = Orlek::Geodetic::calcBearing(0.0, 0.0, 0.0, 1.0);
@@ -14,9 +15,10 @@ int main() {
     const Orlek::XML::XmlElement none = Orlek::XML::XmlDocument().root();
     auto& settings = Orlek::Misc::Property::instance();
     settings.setInt("View.range", 20);
-    std::printf("Orlek %s %.0f %.0f %s\n", ORLEK_VERSION, bearing, distance, section.c_str());
+    std::printf("Orlek %s %.0f %.0f %s\n", Orlek::version(), bearing, distance, section.c_str());
     return std::abs(bearing - 90.0) < 1e-9 && std::abs(distance - 111120.0) < 1e-6 &&
-                   section == "b" && !none.valid() && settings.getInt("View.range", 0) == 20 &&
+                   std::strcmp(Orlek::version(), ORLEK_VERSION) == 0 && section == "b" &&
+                   !none.valid() && settings.getInt("View.range", 0) == 20 &&
                    !Orlek::FileSystem::Directory::exists("no such directory")
                ? 0
                : 1;
