@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <Orlek/OpenGL/GlHandler.h>
+#include <Orlek/OpenGL/Lines.h>
 #include <Orlek/OpenGL/MatrixStack.h>
 
 #include <array>
@@ -21,13 +22,25 @@ namespace OrlekTest {
 
 using Pixel = std::array<int, 4>;
 
-/// Names of vertex arrays, buffers and textures that exist among the first few hundred.
+// Names are not given twice, so that a program with many tests gets that far.
+inline constexpr GLuint mostNames = 5000;
+
+/// Names of vertex arrays, buffers and textures that exist.
 inline int liveNames() {
     int count = 0;
-    for (GLuint name = 1; name < 500; ++name) {
+    for (GLuint name = 1; name < mostNames; ++name) {
         count += glIsVertexArray(name) + glIsBuffer(name) + glIsTexture(name);
     }
     return count;
+}
+
+/// Draws whatever there is to draw.
+void draw(auto& drawable) {
+    if constexpr (requires { drawable.render(); }) {
+        drawable.render();
+    } else {
+        drawable.render(-1);
+    }
 }
 
 class GlTest : public testing::Test {
@@ -49,11 +62,27 @@ protected:
         mNamesBefore = liveNames();
     }
 
-    /// Every test ends without a pending GL error, with no program and no vertex array in use.
+    /// Every test ends without a pending GL error, with nothing in use or left switched on.
     void TearDown() override {
         EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
-        EXPECT_EQ(integer(GL_CURRENT_PROGRAM), 0);
-        EXPECT_EQ(integer(GL_VERTEX_ARRAY_BINDING), 0);
+        for (const GLenum name :
+             {GL_CURRENT_PROGRAM, GL_VERTEX_ARRAY_BINDING, GL_PIXEL_UNPACK_BUFFER_BINDING,
+              GL_PRIMITIVE_RESTART, GL_LINE_STIPPLE, GL_POLYGON_STIPPLE}) {
+            EXPECT_EQ(integer(name), 0) << name;
+        }
+    }
+
+    /// No name outlives the objects of a test.
+    ~GlTest() override {
+        deleteParked();
+        EXPECT_EQ(newNames(), 0);
+    }
+
+    /// Any upload deletes the names that destructors have left behind.
+    static void deleteParked() {
+        Orlek::OpenGL::Lines lines;
+        lines.setRect(1, 1);
+        lines.render();
     }
 
     /// Units of the matrix become pixels, the origin the lower left corner.
@@ -110,6 +139,13 @@ protected:
             count += bytes[i] + bytes[i + 1] + bytes[i + 2] > 0 ? 1 : 0;
         }
         return count;
+    }
+
+    /// The number of pixels that these drawables draw on black, printing nothing.
+    static int pixelsOf(auto&... drawables) {
+        wipe();
+        silently([&] { (draw(drawables), ...); });
+        return drawnPixels();
     }
 
     /// Runs a function that must print nothing.

@@ -8,25 +8,21 @@
 namespace {
 
 using namespace Orlek::OpenGL;
-using Matrix = Orlek::Math::Matrix4<float>;
+
+const auto atLoad = MatrixGet();
 
 /// Where the present matrix puts the point (1, 0, 0).
 void expectPoint(const std::array<double, 3>& expected) {
-    const Matrix m = MatrixGet();
+    const auto m = MatrixGet();
     for (std::size_t i = 0; i < 3; ++i) {
         EXPECT_NEAR(m.m[i] + m.m[12 + i], expected[i], 1e-6) << i;
     }
 }
 
-// Runs first: nothing in this program has loaded a matrix before.
-TEST(MatrixStack, StartsAsZero) {
-    const Matrix atLoad = MatrixGet();
+TEST(MatrixStack, StartsAsZeroAndAppliesTheLastTransformationFirst) {
     for (const float element : atLoad.m) {
         EXPECT_EQ(element, 0.0F);
     }
-}
-
-TEST(MatrixStack, AppliesTheLastTransformationFirst) {
     MatrixLoadIdent();
     MatrixTranslate(10, 20, 30);
     MatrixScale(2, 3, 4);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <GL/glew.h>
+#include <Orlek/OpenGL/GlHandler.h>
 #include <dlfcn.h>
 
 #include <string_view>
@@ -60,32 +61,52 @@ private:
     static inline std::remove_reference_t<decltype(Pointer)> mOriginal = nullptr;
 };
 
+/// Steps of a draw leave errors behind while the scope lasts.
+class FailingSteps {
+public:
+    explicit FailingSteps(std::string_view function) {
+        glDisable(GL_DEBUG_OUTPUT);  // which would print each of them
+        glCalls().failing = function;
+    }
+    ~FailingSteps() {
+        glCalls().failing = {};
+        Orlek::OpenGL::GlHandler::clearError();
+        glEnable(GL_DEBUG_OUTPUT);
+    }
+
+private:
+    Fronted<__glewGenVertexArrays, GLsizei, GLuint*> mGenArrays{"glGenVertexArrays"};
+    Fronted<__glewBindVertexArray, GLuint> mBindArray{"glBindVertexArray"};
+    Fronted<__glewGenBuffers, GLsizei, GLuint*> mGenBuffers{"glGenBuffers"};
+    Fronted<__glewBindBuffer, GLenum, GLuint> mBindBuffer{"glBindBuffer"};
+    Fronted<__glewBufferData, GLenum, GLsizeiptr, const void*, GLenum> mBufferData{"glBufferData"};
+    Fronted<__glewVertexAttribPointer, GLuint, GLint, GLenum, GLboolean, GLsizei, const void*>
+        mPointer{"glVertexAttribPointer"};
+    Fronted<__glewEnableVertexAttribArray, GLuint> mEnableArray{"glEnableVertexAttribArray"};
+};
+
 }  // namespace OrlekTest
 
 extern "C" {
 
 inline __attribute__((used)) void glDrawArrays(GLenum mode, GLint first, GLsizei count) {
-    static auto* const own = OrlekTest::driversOwn<decltype(glDrawArrays)>("glDrawArrays");
     OrlekTest::glCalls().draws.push_back({mode, first, count});
-    own(mode, first, count);
+    OrlekTest::driversOwn<decltype(glDrawArrays)>("glDrawArrays")(mode, first, count);
     OrlekTest::failOnDemand("glDrawArrays");
 }
 
 inline __attribute__((used)) void glEnable(GLenum state) {
-    static auto* const own = OrlekTest::driversOwn<decltype(glEnable)>("glEnable");
-    own(state);
+    OrlekTest::driversOwn<decltype(glEnable)>("glEnable")(state);
     OrlekTest::failOnDemand("glEnable");
 }
 
 inline __attribute__((used)) void glBlendFunc(GLenum source, GLenum destination) {
-    static auto* const own = OrlekTest::driversOwn<decltype(glBlendFunc)>("glBlendFunc");
-    own(source, destination);
+    OrlekTest::driversOwn<decltype(glBlendFunc)>("glBlendFunc")(source, destination);
     OrlekTest::failOnDemand("glBlendFunc");
 }
 
 inline __attribute__((used)) void glDisable(GLenum state) {
-    static auto* const own = OrlekTest::driversOwn<decltype(glDisable)>("glDisable");
-    own(state);
+    OrlekTest::driversOwn<decltype(glDisable)>("glDisable")(state);
     OrlekTest::failOnDemand("glDisable");
 }
 

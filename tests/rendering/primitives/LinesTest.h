@@ -1,8 +1,8 @@
-// Fixture of the tests of lines: pictures drawn anew, without a word printed.
+// Points of the tests of lines. Coordinates are pixels (the fixture's matrix); centres of pixels
+// lie at .5.
 #pragma once
 
-#include <Orlek/OpenGL/LineLoops.h>
-#include <Orlek/OpenGL/Lines.h>
+#include <Orlek/Math/Vector4.h>
 
 #include <vector>
 
@@ -12,32 +12,8 @@ namespace OrlekTest {
 
 using Point = Orlek::Math::Vector2<float>;
 using Points = std::vector<Point>;
-
-class LinesTest : public GlTest {
-protected:
-    static void render(Orlek::OpenGL::Lines& lines) {
-        silently([&] { lines.render(); });
-    }
-    static void render(Orlek::OpenGL::LineLoops& loops, double scale = 1.0) {
-        silently([&] { loops.render(scale); });
-    }
-
-    /// The number of pixels that these drawables draw on black.
-    template <typename... Drawables>
-    static int pixelsOf(Drawables&... drawables) {
-        wipe();
-        (render(drawables), ...);
-        return drawnPixels();
-    }
-
-    static Orlek::OpenGL::Lines horizontal(float from, float to, float y) {
-        Orlek::OpenGL::Lines lines;
-        lines.setAntiAlias(false);
-        lines.addVertex(Point(from, y));
-        lines.addVertex(Point(to, y));
-        return lines;
-    }
-};
+using Vertex = Orlek::Math::Vector3<float>;
+using Color = Orlek::Math::Vector4<float>;
 
 inline const Points square{{20.5F, 20.5F}, {60.5F, 20.5F}, {60.5F, 50.5F}, {20.5F, 50.5F}};
 

@@ -1,7 +1,9 @@
 // Closed outlines on pixels read back, and their lengths in pixels.
+#include <Orlek/OpenGL/LineLoops.h>
+
 #include <cmath>
 #include <optional>
-#include <vector>
+#include <string>
 
 #include "LinesTest.h"
 
@@ -10,17 +12,26 @@ namespace {
 using namespace Orlek::OpenGL;
 using namespace OrlekTest;
 
-TEST_F(LinesTest, LoopsAreClosedAndNotJoined) {
-    std::vector<Point> second;
-    std::vector<Orlek::Math::Vector3<float>> third;
-    std::vector<Orlek::Math::Vector4<float>> fourth;
+class LoopsTest : public GlTest {
+protected:
+    LoopsTest() { loops.setAntiAlias(false); }
+
+    LineLoops loops;
+};
+
+TEST_F(LoopsTest, AreClosedAndNotJoined) {
+    EXPECT_EQ(pixelsOf(loops), 0);
+    loops.addLineLoop(Points());
+    EXPECT_EQ(pixelsOf(loops), 0);
+    EXPECT_EQ(newNames(), 0);
+    Points second;
+    std::vector<Vertex> third;
+    std::vector<Color> fourth;
     for (const Point& p : square) {
         second.emplace_back(p.x + 80, p.y);
         third.emplace_back(p.x, p.y + 35, 0.0F);
         fourth.emplace_back(p.x + 80, p.y + 35, 0.0F, 3.0F);
     }
-    LineLoops loops;
-    loops.setAntiAlias(false);
     loops.addLineLoop(square);
     EXPECT_EQ(pixelsOf(loops), squarePixels);
     EXPECT_EQ(row(20, 19, 63), "." + std::string(41, '#') + "..");
@@ -30,24 +41,22 @@ TEST_F(LinesTest, LoopsAreClosedAndNotJoined) {
     loops.addLineLoop(third);
     loops.addLineLoop(fourth);
     EXPECT_EQ(pixelsOf(loops), 4 * squarePixels);
+    loops.setColor({0, 1, 0, 1});
+    loops.setLineWidth(3);
+    pixelsOf(loops);
+    EXPECT_EQ(column(40, 18, 24), ".###..");
+    EXPECT_EQ(pixel(40, 20), (Pixel{0, 255, 0, 255}));
 }
 
-TEST_F(LinesTest, LoopsBuiltVertexByVertexAreClosedWhenDrawn) {
-    LineLoops loops;
-    loops.setAntiAlias(false);
-    for (const Point& p : {square[0], square[1], square[2]}) {
-        loops.addVertex(p);
-    }
+TEST_F(LoopsTest, BuiltVertexByVertexAreClosedWhenDrawn) {
+    loops.addVertex(square[0]);
+    EXPECT_EQ(pixelsOf(loops), 0);
+    loops.addVertex(square[1]);
+    loops.addVertex(Vertex(square[2].x, square[2].y, 0));
     EXPECT_EQ(pixelsOf(loops), 40 + 30 + 40) << "the diagonal takes a pixel a column";
     // What closed the loop for that picture is no vertex of the loop.
-    loops.addVertex(Orlek::Math::Vector4<float>(square[3].x, square[3].y, 0, 1));
+    loops.addVertex(Color(square[3].x, square[3].y, 0, 1));
     EXPECT_EQ(pixelsOf(loops), squarePixels);
-}
-
-TEST_F(LinesTest, SetRectAlwaysGivesTheClosedOutline) {
-    LineLoops loops;
-    loops.setAntiAlias(false);
-    loops.addLineLoop(square);
     MatrixTranslate(20.5, 20.5, 0);
     for (int i = 0; i < 2; ++i) {
         loops.setRect(40, 30);
@@ -62,18 +71,18 @@ TEST_F(LinesTest, SetRectAlwaysGivesTheClosedOutline) {
 
 // The lengths in pixels are vertex attribute 5; they are measured at an upload, and with a stipple
 // when the view scale has changed.
-class MeasuredLoops : public LinesTest {
+class MeasuredLoops : public LoopsTest {
 protected:
     void SetUp() override {
-        LinesTest::SetUp();
+        LoopsTest::SetUp();
         MatrixLoadIdent();
         loops.addLineLoop(Points{{0, 0}, {0.1F, 0}, {0.1F, 0.2F}});
         loops.setStipple(0x00FF);
     }
 
-    static void renderWide(LineLoops& picture, float viewportWidth, double scale) {
+    static void render(LineLoops& picture, float viewportWidth, double scale) {
         GlHandler::instance().setViewPort({viewportWidth, 100});
-        render(picture, scale);
+        silently([&] { picture.render(scale); });
     }
 
     static std::vector<float> positions() {
@@ -91,8 +100,6 @@ protected:
         glBindBuffer(GL_ARRAY_BUFFER, 0);
         return values;
     }
-
-    LineLoops loops;
 };
 
 TEST_F(MeasuredLoops, AreMeasuredAnewWhenTheScaleChanges) {
@@ -106,24 +113,23 @@ TEST_F(MeasuredLoops, AreMeasuredAnewWhenTheScaleChanges) {
                 {"same scale", 600, 1.0, 20},
                 {"within 0.001", 600, 1.0005, 20},
                 {"beyond 0.001", 600, 1.002, 30},
-                {"back", 800, 1.0, 40}};
+                {"back", 800, 1.0, 40},
+                {"solid lines need no lengths", 200, 5.0, 40}};
     for (const auto& row : rows) {
-        renderWide(loops, row.viewportWidth, row.scale);
+        loops.setStipple(row.scale < 5.0 ? 0x00FF : 0);
+        render(loops, row.viewportWidth, row.scale);
         const std::vector<float> lengths = positions();
         EXPECT_FLOAT_EQ(lengths[1], row.firstLength) << row.what;
         EXPECT_FLOAT_EQ(lengths[2], row.firstLength + 10) << row.what;
         EXPECT_FLOAT_EQ(lengths[3], lengths[2] + std::hypot(row.firstLength, 10.0F)) << row.what;
     }
-    loops.setStipple(0);
-    renderWide(loops, 200, 5.0);
-    EXPECT_FLOAT_EQ(positions()[1], 40) << "solid lines need no lengths";
 }
 
 TEST_F(MeasuredLoops, PartFromACopyThatMeasures) {
-    renderWide(loops, 200, 0.0);
+    render(loops, 200, 0.0);
     const int names = newNames();
     std::optional<LineLoops> copy(loops);
-    renderWide(*copy, 400, 2.0);
+    render(*copy, 400, 2.0);
     EXPECT_EQ(newNames(), 2 * names);
     EXPECT_FLOAT_EQ(positions()[1], 10);
     copy.reset();

@@ -132,7 +132,7 @@ TEST(Tesselator, CoversEachInsidePointOnce) {
     EXPECT_GT(inside, 1000);
 }
 
-TEST(Tesselator, NumbersTheVerticesAndKeepsTheOutline) {
+TEST(Tesselator, NumbersTheVerticesAndKeepsOutlineAndPlane) {
     Tesselator tesselator =
         outline(ring(200, std::numbers::pi / 100, [](int i) { return i % 3 + 1.0; }));
     const Tesselator::TessPolygon polygon = tesselator.tesselate();
@@ -148,17 +148,14 @@ TEST(Tesselator, NumbersTheVerticesAndKeepsTheOutline) {
     tesselator.clearVertex();
     EXPECT_TRUE(tesselator.tesselate().primitives.empty());
     EXPECT_EQ(area(copy.tesselate()), area(polygon));
-}
 
-TEST(Tesselator, KeepsThePlaneOfTheOutline) {
-    Tesselator tesselator;
     tesselator.addVertex(Point(0, 0));
     tesselator.addVertex(Vertex(4, 0, 8));
     tesselator.addVertex(Orlek::Math::Vector4<float>(4, 4, 8, 9));
     tesselator.addVertex(Vertex(0, 4, 0));
-    const Tesselator::TessPolygon polygon = tesselator.tesselate();
-    EXPECT_EQ(area(polygon), 16);
-    for (const auto& vertex : polygon.primitives.at(0).vertices) {
+    const Tesselator::TessPolygon sloping = tesselator.tesselate();
+    EXPECT_EQ(area(sloping), 16);
+    for (const auto& vertex : sloping.primitives.at(0).vertices) {
         EXPECT_EQ(vertex.z, vertex.x * 2);
     }
 }
@@ -166,9 +163,7 @@ TEST(Tesselator, KeepsThePlaneOfTheOutline) {
 TEST(Tesselator, RefusesWhatIsNotFinite) {
     using Limits = std::numeric_limits<float>;
     for (const float bad : {Limits::infinity(), -Limits::infinity(), Limits::quiet_NaN()}) {
-        for (int axis = 0; axis < 3; ++axis) {
-            Vertex corner(1, 1, 0);
-            (axis == 0 ? corner.x : axis == 1 ? corner.y : corner.z) = bad;
+        for (const Vertex& corner : {Vertex(bad, 1, 0), Vertex(1, bad, 0), Vertex(1, 1, bad)}) {
             Tesselator tesselator = outline({{0, 0}, {2, 0}});
             tesselator.addVertex(corner);
             EXPECT_TRUE(tesselator.tesselate().primitives.empty());

@@ -55,11 +55,12 @@ protected:
         return text.data();
     }
 
-    static float uniform(ShaderProgram& program, const std::string& name, std::size_t component) {
-        std::array<float, 4> values{};
+    using Four = std::array<float, 4>;
+    static Four uniform(ShaderProgram& program, const std::string& name) {
+        Four values{};
         glGetUniformfv(program.handle(), glGetUniformLocation(program.handle(), name.c_str()),
                        values.data());
-        return values[component];
+        return values;
     }
 };
 
@@ -68,38 +69,35 @@ TEST_F(ShaderTest, PassesTheBytesGivenAndTheLinesOfFiles) {
     Shader shader(Shader::VERTEX_SHADER);
     load(shader, vertexText + "this is not GLSL", vertexText.size());
     EXPECT_EQ(sourceOf(shader), vertexText);
-    EXPECT_TRUE(shader.loadSource(dir.write("with.vert", "a\n\nb\n")));
-    EXPECT_EQ(sourceOf(shader), "a\n\nb\n");
-    EXPECT_TRUE(shader.loadSource(dir.write("without.vert", "c\nd")));
-    EXPECT_EQ(sourceOf(shader), "c\nd\n");
-    silently([&] {
-        EXPECT_FALSE(shader.loadSource(dir.path("missing.vert")));
-        EXPECT_FALSE(shader.loadSource(dir.path()));
-        EXPECT_FALSE(shader.loadSource(std::string("/dev/zero")));
-    });
-    EXPECT_EQ(sourceOf(shader), "c\nd\n");
-    EXPECT_TRUE(shader.loadSource(dir.write("empty.vert", "")));
-    EXPECT_EQ(sourceOf(shader), "");
+    const std::pair<std::string, std::string> rows[] = {
+        {"a\n\nb\n", "a\n\nb\n"}, {"", ""}, {"c\nd", "c\nd\n"}};
+    for (const auto& [file, source] : rows) {
+        EXPECT_TRUE(shader.loadSource(dir.write("source.vert", file)));
+        EXPECT_EQ(sourceOf(shader), source);
+    }
+    for (const std::string& path :
+         {dir.path("missing.vert"), dir.path(), std::string("/dev/zero")}) {
+        silently([&] { EXPECT_FALSE(shader.loadSource(path)); });
+        EXPECT_EQ(sourceOf(shader), rows[2].second);
+    }
 }
 
 TEST_F(ShaderTest, PrintsEachLogOnce) {
+    const auto expectLog = [](const char* word, auto build, auto& built) {
+        const std::string log = captureStdout([&] { EXPECT_FALSE(build()); });
+        EXPECT_NE(log.find(word), std::string::npos) << log;
+        EXPECT_EQ(captureStdout([&] { built.info(); }), log);
+    };
     const std::string text = version + "void main() { gl_FragDepth = nonsense; }\n";
     Shader shader(Shader::FRAGMENT_SHADER);
     load(shader, text, text.size());
-    bool good = true;
-    std::string log = captureStdout([&] { good = shader.compile(); });
-    EXPECT_FALSE(good);
-    EXPECT_NE(log.find("nonsense"), std::string::npos) << log;
-    EXPECT_EQ(captureStdout([&] { shader.info(); }), log);
-
+    expectLog(
+        "nonsense", [&] { return shader.compile(); }, shader);
     ShaderProgram program = attached(
         version + "out float between;\nvoid main() { gl_Position = vec4(between = 1.0); }\n",
         version + "in vec4 between; out vec4 color;\nvoid main() { color = between; }\n");
-    good = true;
-    log = captureStdout([&] { good = program.link(); });
-    EXPECT_FALSE(good);
-    EXPECT_NE(log.find("between"), std::string::npos) << log;
-    EXPECT_EQ(captureStdout([&] { program.info(); }), log);
+    expectLog(
+        "between", [&] { return program.link(); }, program);
 }
 
 TEST_F(ShaderTest, BindsLocationsAndSetsUniforms) {
@@ -123,13 +121,13 @@ TEST_F(ShaderTest, BindsLocationsAndSetsUniforms) {
         program.setStippleVar("pattern", nullptr);
         program.use(false);
     });
-    EXPECT_EQ(uniform(program, "a", 0), 2.0F);
-    EXPECT_EQ(uniform(program, "b", 1), 6.0F);
-    EXPECT_EQ(uniform(program, "c", 2), 12.0F);
-    EXPECT_EQ(uniform(program, "d", 3), 20.0F);
-    EXPECT_EQ(uniform(program, "i", 0), 2.0F);
+    EXPECT_EQ(uniform(program, "a"), (Four{2}));
+    EXPECT_EQ(uniform(program, "b"), (Four{4, 6}));
+    EXPECT_EQ(uniform(program, "c"), (Four{8, 10, 12}));
+    EXPECT_EQ(uniform(program, "d"), (Four{14, 16, 18, 20}));
+    EXPECT_EQ(uniform(program, "i"), (Four{2}));
     for (int k = 0; k < 33; ++k) {
-        EXPECT_EQ(uniform(program, "pattern[" + std::to_string(k) + "]", 0), k < 32 ? 7.0F : 0.0F);
+        EXPECT_EQ(uniform(program, "pattern[" + std::to_string(k) + "]"), (Four{k < 32 ? 7.F : 0}));
     }
 }
 
@@ -186,8 +184,8 @@ TEST_F(ShaderTest, LooksNamesUpAnewAfterAnotherLink) {
         program.setFloatVar("b", 6);
         program.use(false);
     });
-    EXPECT_EQ(uniform(program, "b", 0), 6.0F);
-    EXPECT_EQ(uniform(program, "z", 0), 0.0F);
+    EXPECT_EQ(uniform(program, "b"), (Four{6}));
+    EXPECT_EQ(uniform(program, "z"), (Four{}));
 }
 
 }  // namespace
