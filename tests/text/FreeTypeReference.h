@@ -5,23 +5,16 @@
 #include FT_FREETYPE_H
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
+#include <numeric>
 #include <stdexcept>
 #include <string>
+
+#include "support/WholeText.h"
 
 namespace OrlekTest {
 
 inline const char* const sansFont = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
-
-inline std::string readFont(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::string bytes{std::istreambuf_iterator<char>(file), {}};
-    if (bytes.empty()) {
-        throw std::runtime_error("cannot read " + path);
-    }
-    return bytes;
-}
+inline const std::string oddFonts = ORLEK_SOURCE_DIR "/fuzz/corpus/font_load/";
 
 class ReferenceFont {
 public:
@@ -58,13 +51,20 @@ public:
         return static_cast<int>(sum);
     }
 
-    /// Height of the highest of the characters 32 to 255.
-    int lineHeight() const {
+    /// Height of the highest of these characters.
+    int lineHeight(const std::string& text) const {
         unsigned int height = 0;
-        for (int code = 32; code < 256; ++code) {
-            height = std::max(height, glyph(static_cast<char>(code)).bitmap.rows);
+        for (const char byte : text) {
+            height = std::max(height, glyph(byte).bitmap.rows);
         }
         return static_cast<int>(height);
+    }
+
+    /// Height of the highest of the characters 32 to 255.
+    int lineHeight() const {
+        std::string all(224, '\0');
+        std::iota(all.begin(), all.end(), ' ');
+        return lineHeight(all);
     }
 
 private:

@@ -91,6 +91,15 @@ inline Orlek::Math::Matrix4<float> placedAt(float x, float y) {
     return {{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, x, y, 0, 1}};
 }
 
+/// How far an anchor lies to the right of a text's left end and above its lower one, as shares of
+/// its width and height. Anchors run from top left downwards; what is no anchor is the lower left.
+inline double shareLeftOf(int anchor) {
+    return anchor < 9 ? anchor / 3 / 2.0 : 0.0;
+}
+inline double shareBelow(int anchor) {
+    return anchor < 9 ? 1.0 - anchor % 3 / 2.0 : 0.0;
+}
+
 class FontTest : public GlTest {
 protected:
     /// The picture that a function draws on black.

@@ -46,7 +46,7 @@ std::vector<std::uint8_t> coverage(const std::string& bytes) {
 }
 
 TEST(AtlasMemory, LacksTheAtlasOrKeepsPlainCoverage) {
-    const std::string bytes = OrlekTest::readFont(OrlekTest::sansFont);
+    const std::string bytes = OrlekTest::wholeText(OrlekTest::sansFont);
     const Outcome whole = build(bytes, 0);
     ASSERT_TRUE(whole.built);
     int refused = 0;

@@ -11,8 +11,9 @@
 namespace Orlek::Detail {
 namespace {
 
-using OrlekTest::readFont;
+using OrlekTest::oddFonts;
 using OrlekTest::sansFont;
+using OrlekTest::wholeText;
 
 struct BuiltAtlas {
     int error = 0;
@@ -35,7 +36,7 @@ BuiltAtlas build(const std::string& bytes, int pixelSize) {
 }
 
 TEST(GlyphRaster, CutsGlyphsOffAtTheAtlasInsteadOfOverwriting) {
-    const BuiltAtlas built = build(readFont(sansFont), 256);
+    const BuiltAtlas built = build(wholeText(sansFont), 256);
     EXPECT_EQ(built.atlas.width, 256);
     EXPECT_EQ(built.atlas.height, 4096);
     int missing = 0;
@@ -50,21 +51,21 @@ TEST(GlyphRaster, CutsGlyphsOffAtTheAtlasInsteadOfOverwriting) {
 }
 
 TEST(GlyphRaster, SurvivesFontsThatAreCutAnywhere) {
-    const std::string bytes = readFont(sansFont);
+    const std::string bytes = wholeText(sansFont);
     int opened = 0;
     for (std::size_t cut = 1; cut < bytes.size(); cut += cut / 4 + 1) {
         OrlekTest::captureStdout(
             [&] { opened += build(bytes.substr(0, bytes.size() - cut), 16).error == 0 ? 1 : 0; });
     }
     EXPECT_GT(opened, 0);
-    EXPECT_EQ(build(readFont(ORLEK_SOURCE_DIR "/fuzz/corpus/font_load/lying.woff"), 16).error,
+    EXPECT_EQ(build(wholeText(oddFonts + "lying.woff"), 16).error,
               static_cast<int>(FT_Err_Out_Of_Memory))
         << "claims more memory than any font needs";
 }
 
 TEST(GlyphRaster, ReportsEachCharacterThatCannotBeMeasured) {
     // The font has two outlines: that of missing characters, spoilt here, and the A.
-    std::string bytes = readFont(ORLEK_SOURCE_DIR "/fuzz/corpus/font_load/a.ttf");
+    std::string bytes = wholeText(oddFonts + "a.ttf");
     const std::size_t entry = bytes.find("glyf");
     const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(bytes.at(at)); };
     bytes.replace(byte(entry + 10) * 256U + byte(entry + 11), 2, "\x7f\xff");

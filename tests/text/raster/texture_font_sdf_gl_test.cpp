@@ -113,26 +113,23 @@ TEST_F(TextureFontSdfTest, SizeScalesBothWaysOfDrawing) {
 
 TEST_F(TextureFontSdfTest, PlacesNineAnchors) {
     const std::string text = "Mxg";
-    const ReferenceFont reference(readFont(sansFont), 50);
-    const float w = static_cast<float>(reference.width(text));
-    const auto lineHeight = static_cast<float>(reference.lineHeight());
-    float textHeight = 0.0F;
-    for (const char byte : text) {
-        textHeight = std::max(textHeight, static_cast<float>(reference.glyph(byte).bitmap.rows));
-    }
-    constexpr float scale = 0.5F;
+    const ReferenceFont reference(wholeText(sansFont), 50);
+    const double w = reference.width(text);
+    const double lineHeight = reference.lineHeight();
+    const double textHeight = reference.lineHeight(text);
+    constexpr double scale = 0.5;
     font.setSize(25);
     const Box origin(atOnce(text, 100, 50));
     for (int i = 0; i < 10; ++i) {
         const auto align = static_cast<TextureFontSdf::Alignment>(i);
-        const float across = i < 9 ? static_cast<float>(i / 3) / 2.0F : 0.0F;
-        const float down = i < 9 ? 1.0F - static_cast<float>(i % 3) / 2.0F : 0.0F;
+        const double across = shareLeftOf(i);
+        const double down = shareBelow(i);
         const Box once(atOnce(text, 100, 50, align));
-        EXPECT_NEAR(static_cast<float>(once.left - origin.left), -across * w * scale, 1.0F) << i;
-        EXPECT_NEAR(static_cast<float>(once.top - origin.top), -down * lineHeight * scale, 1.0F);
+        EXPECT_NEAR(once.left - origin.left, -across * w * scale, 1) << i;
+        EXPECT_NEAR(once.top - origin.top, -down * lineHeight * scale, 1);
         const Box batch(batched(text, 100, 50, align));
         EXPECT_EQ(batch.left, once.left) << i;
-        EXPECT_NEAR(static_cast<float>(batch.top - origin.top), -down * textHeight * scale, 1.0F);
+        EXPECT_NEAR(batch.top - origin.top, -down * textHeight * scale, 1);
     }
 }
 

@@ -46,20 +46,12 @@ protected:
 TEST_F(VectorFontTest, PlacesNineAnchorsInBothWays) {
     const double w = 3 * advance;
     const double h = size;
-    const struct {
-        int align;
-        double x, y;
-    } rows[] = {{VectorFont::TOP_LEFT, 0, -h},        {VectorFont::CENTER_LEFT, 0, -h / 2},
-                {VectorFont::BOTTOM_LEFT, 0, 0},      {VectorFont::TOP_CENTER, -w / 2, -h},
-                {VectorFont::CENTER, -w / 2, -h / 2}, {VectorFont::BOTTOM_CENTER, -w / 2, 0},
-                {VectorFont::TOP_RIGHT, -w, -h},      {VectorFont::CENTER_RIGHT, -w, -h / 2},
-                {VectorFont::BOTTOM_RIGHT, -w, 0},    {9, 0, 0}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.align);
-        const auto align = static_cast<VectorFont::Alignment>(row.align);
+    for (int i = 0; i < 10; ++i) {
+        SCOPED_TRACE(i);
+        const auto align = static_cast<VectorFont::Alignment>(i);
         // The anchor is chosen so that the text comes to lie at (10, 20).
-        const double x = 10 - row.x;
-        const double y = 20 - row.y;
+        const double x = 10 + w * shareLeftOf(i);
+        const double y = 20 + h * shareBelow(i);
         const FontPicture picture = atOnce(font, "AHA", x, y, align);
         expectBox(picture, 10, 20, 10 + 2 * advance + 8.924760 * unit, 20 + 13.692291 * unit);
         font.clearVertex();
