@@ -117,6 +117,7 @@ TEST_F(GlHandlerTest, KeepsTrackOfTheProgramInUse) {
         handler.activateViewPort();
         MatrixActivate();
     });
+    handler.activateShader(2);
     silently([&] { handler.initStandardShaders(); });
     handler.activateShader(2);
     EXPECT_NE(handler.activeShaderHandle(), second) << "all programs are built anew";

@@ -1,5 +1,6 @@
 // Closed outlines on pixels read back, and their lengths in pixels.
 #include <Orlek/OpenGL/LineLoops.h>
+#include <Orlek/OpenGL/LineStrips.h>
 
 #include <cmath>
 #include <optional>
@@ -123,6 +124,15 @@ TEST_F(MeasuredLoops, AreMeasuredAnewWhenTheScaleChanges) {
         EXPECT_FLOAT_EQ(lengths[2], row.firstLength + 10) << row.what;
         EXPECT_FLOAT_EQ(lengths[3], lengths[2] + std::hypot(row.firstLength, 10.0F)) << row.what;
     }
+}
+
+TEST_F(MeasuredLoops, StripsAreMeasuredOnceTheyHaveAStipple) {
+    LineStrips strips;
+    strips.addLineStrip(Points{{0, 0}, {0.1F, 0}, {0.1F, 0.2F}, {0, 0}});
+    pixelsOf(strips);
+    strips.setStipple(0x00FF);
+    pixelsOf(strips);
+    EXPECT_FLOAT_EQ(positions()[1], 10);
 }
 
 TEST_F(MeasuredLoops, PartFromACopyThatMeasures) {
