@@ -24,11 +24,13 @@ struct FirstEntry {
 inline FirstEntry readFirstEntry(const std::string& path) {
     FirstEntry first{path, {}, {}};
     Orlek::Detail::RegularFile file;
-    if (!file.open(path) || !Orlek::Detail::readWholeFile(path, first.bytes)) {
+    Orlek::Detail::WalkedEntry entry;
+    if (!file.open(path) || !Orlek::Detail::readWholeFile(path, first.bytes) ||
+        Orlek::Detail::readEntry(file, 0, entry) != Orlek::Detail::ReadFault::none) {
         std::perror(path.c_str());
         std::exit(1);
     }
-    first.entry = Orlek::Detail::readEntry(file, 0).value().data;
+    first.entry = entry.data;
     return first;
 }
 

@@ -29,12 +29,13 @@ void check(bool held) {
 // Whether the first entry, read piece by piece, is `whole`, or broken when there is none.
 void checkPieces(const std::string& path, const unsigned char* whole, std::size_t size) {
     Orlek::Detail::InflateStream stream;
-    const auto promised = Orlek::Detail::openFirstEntry(path, stream);
-    if (!promised) {
+    std::uint32_t promised = 0;
+    const auto fault = Orlek::Detail::openFirstEntry(path, stream, promised);
+    if (fault != Orlek::Detail::ReadFault::none) {
         check(whole == nullptr);
         return;
     }
-    std::vector<std::byte> pieces(*promised);
+    std::vector<std::byte> pieces(promised);
     std::size_t done = 0;
     while (done < pieces.size()) {
         const std::size_t asked = std::min<std::size_t>(pieces.size() - done, 1 + done % 61);
@@ -46,8 +47,8 @@ void checkPieces(const std::string& path, const unsigned char* whole, std::size_
     }
     check(stream.atEnd() == (whole != nullptr));
     check(whole == nullptr ||
-          (size == *promised && std::equal(pieces.begin(), pieces.begin() + std::ptrdiff_t(done),
-                                           reinterpret_cast<const std::byte*>(whole))));
+          (size == promised && std::equal(pieces.begin(), pieces.begin() + std::ptrdiff_t(done),
+                                          reinterpret_cast<const std::byte*>(whole))));
 }
 
 }  // namespace

@@ -1,52 +1,14 @@
 #include <Orlek/FileSystem/Directory.h>
 
-#include <set>
-#include <utility>
+#include <algorithm>
+#include <iterator>
 
+#include "files/TreeListing.h"
 #include "platform/DirectorySearch.h"
-#include "platform/Report.h"
 
 namespace Orlek::FileSystem {
 
-namespace {
-
 using Detail::FileKind;
-
-// Walks one tree. It recurses, but no deeper than the system resolves paths: 4096 bytes on Linux.
-class TreeListing {
-public:
-    explicit TreeListing(std::vector<std::string>& files) : mFiles(files) {}
-
-    void list(const std::string& path, bool recursive) {
-        Detail::DirectorySearch search;
-        if (!search.read(path)) {
-            Detail::report("Property::readAllFiles: could not open path <%s>\n",
-                           (path + "\\*").c_str());
-        }
-        mVisited.insert(search.identity());
-        for (const Detail::DirectoryEntry& entry : search.entries()) {
-            std::string entryPath = path + "/" + entry.name;
-            if (entry.kind == FileKind::regular) {
-                mFiles.push_back(std::move(entryPath));
-            } else if (recursive && entry.kind == FileKind::directory &&
-                       !(entry.isLink && wasVisited(entryPath))) {
-                list(entryPath, true);
-            }
-        }
-    }
-
-private:
-    // Directories form a tree, so only links can lead back to where the listing has been. Entering
-    // each target once bounds the work even where links cross each other in many ways.
-    bool wasVisited(const std::string& path) const {
-        return mVisited.contains(Detail::directoryIdentity(path));
-    }
-
-    std::vector<std::string>& mFiles;
-    std::set<Detail::DirectoryIdentity> mVisited;
-};
-
-}  // namespace
 
 Directory::Directory(const std::string& path) : mPath(path) {}
 
@@ -57,7 +19,9 @@ std::vector<std::string> Directory::entryList(bool recursive) {
 }
 
 void Directory::readDirectory(const std::string& path, bool recursive) {
-    TreeListing(mEntries).list(path, recursive);
+    Detail::TreeListing listing;
+    listing.list(path, recursive);
+    std::move(listing.files.begin(), listing.files.end(), std::back_inserter(mEntries));
 }
 
 bool Directory::exists() const {

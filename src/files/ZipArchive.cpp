@@ -1,12 +1,13 @@
 // Walking the local headers of a ZIP archive.
 #include "files/ZipArchive.h"
 
+#include <algorithm>
 #include <array>
 #include <limits>
+#include <optional>
 #include <span>
 #include <utility>
 
-#include "files/ZipHeaders.h"
 #include "platform/Report.h"
 
 namespace Orlek::Detail {
@@ -14,6 +15,19 @@ namespace Orlek::Detail {
 namespace {
 
 using FileSystem::ZipFile;
+
+// The header at an offset of a file that may end anywhere in it. Zeros stand for what is missing,
+// so that a header that is cut is still told from none.
+ReadFault readHeader(const RegularFile& archive, std::uint64_t offset, LocalHeader& header) {
+    std::array<std::byte, localHeaderSize> bytes{};
+    const bool whole = archive.readAt(offset, bytes) == bytes.size();
+    const std::optional<LocalHeader> parsed = parseLocalHeader(bytes);
+    if (!parsed) {
+        return ReadFault::noHeader;
+    }
+    header = *parsed;
+    return whole ? ReadFault::none : ReadFault::headerCut;
+}
 
 // Reads the name, up to its first zero byte. False when the file ends first.
 bool readName(const RegularFile& archive, std::uint64_t offset, std::size_t length,
@@ -37,46 +51,53 @@ bool openArchive(const std::string& path, RegularFile& archive) {
     return false;
 }
 
-std::optional<WalkedEntry> readEntry(const RegularFile& archive, std::uint64_t offset) {
-    std::array<std::byte, localHeaderSize> bytes{};
-    if (archive.readAt(offset, bytes) != bytes.size()) {
-        return std::nullopt;
+ReadFault readEntry(const RegularFile& archive, std::uint64_t offset, WalkedEntry& entry) {
+    const ReadFault fault = readHeader(archive, offset, entry.header);
+    if (fault != ReadFault::none) {
+        return fault;
     }
-    const std::optional<LocalHeader> header = parseLocalHeader(bytes);
-    if (!header) {
-        return std::nullopt;
+    const LocalHeader& header = entry.header;
+    const std::uint64_t dataOffset = offset + header.dataOffset();
+    if (dataOffset > archive.size()) {
+        return ReadFault::headerCut;
     }
-    const std::uint64_t dataOffset = offset + header->dataOffset();
-    if (dataOffset > archive.size() || dataOffset > std::numeric_limits<std::uint32_t>::max()) {
-        return std::nullopt;
+    if (dataOffset > std::numeric_limits<std::uint32_t>::max()) {
+        return ReadFault::impossibleHeader;
     }
-    WalkedEntry entry;
     entry.data.headerOffset = static_cast<std::uint32_t>(offset);
     entry.data.dataOffset = static_cast<std::uint32_t>(dataOffset);
-    entry.data.uncompressedSize = header->uncompressedSize;
-    entry.data.compressedSize = header->compressedSize;
-    entry.nextOffset = offset + header->nextOffset();
-    if (!readName(archive, offset + localHeaderSize, header->nameLength, entry.data.fileName)) {
-        return std::nullopt;
+    entry.data.uncompressedSize = header.uncompressedSize;
+    entry.data.compressedSize = header.compressedSize;
+    entry.nextOffset = offset + header.nextOffset();
+    return readName(archive, offset + localHeaderSize, header.nameLength, entry.data.fileName)
+               ? ReadFault::none
+               : ReadFault::headerCut;
+}
+
+ReadFault openEntry(RegularFile archive, const ZipFile::FileData& entry, InflateStream& content) {
+    if (entry.dataOffset + std::uint64_t{entry.compressedSize} > archive.size()) {
+        return ReadFault::dataCut;
     }
-    return entry;
+    if (!deflateCanHold(entry.compressedSize, entry.uncompressedSize)) {
+        return ReadFault::impossibleHeader;
+    }
+    return content.open(std::move(archive), entry.dataOffset, entry.compressedSize)
+               ? ReadFault::none
+               : ReadFault::noMemory;
 }
 
-bool openEntry(RegularFile archive, const ZipFile::FileData& entry, InflateStream& content) {
-    return deflateCanHold(entry.compressedSize, entry.uncompressedSize) &&
-           content.open(std::move(archive), entry.dataOffset, entry.compressedSize);
-}
-
-std::optional<std::uint32_t> openFirstEntry(const std::string& path, InflateStream& content) {
+ReadFault openFirstEntry(const std::string& path, InflateStream& content, std::uint32_t& size) {
     RegularFile archive;
     if (!openArchive(path, archive)) {
-        return std::nullopt;
+        return ReadFault::unreadable;
     }
-    const std::optional<WalkedEntry> first = readEntry(archive, 0);
-    if (!first || !openEntry(std::move(archive), first->data, content)) {
-        return std::nullopt;
+    WalkedEntry first;
+    const ReadFault fault = readEntry(archive, 0, first);
+    if (fault != ReadFault::none) {
+        return fault;
     }
-    return first->data.uncompressedSize;
+    size = first.data.uncompressedSize;
+    return openEntry(std::move(archive), first.data, content);
 }
 
 }  // namespace Orlek::Detail

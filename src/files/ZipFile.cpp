@@ -61,9 +61,10 @@ bool ZipFile::readAllHeaders() {
         return false;
     }
     std::uint64_t offset = 0;
-    while (auto entry = Detail::readEntry(archive, offset)) {
-        mFiles.push_back(std::move(entry->data));
-        offset = entry->nextOffset;
+    Detail::WalkedEntry entry;
+    while (Detail::readEntry(archive, offset, entry) == Detail::ReadFault::none) {
+        mFiles.push_back(std::move(entry.data));
+        offset = entry.nextOffset;
     }
     return true;
 }
@@ -73,7 +74,7 @@ unsigned char* ZipFile::readFileContent(const FileData& entry, unsigned int& siz
     Detail::RegularFile archive;
     Detail::InflateStream stream;
     if (!Detail::openArchive(mFileName, archive) ||
-        !Detail::openEntry(std::move(archive), entry, stream)) {
+        Detail::openEntry(std::move(archive), entry, stream) != Detail::ReadFault::none) {
         return nullptr;
     }
     const std::size_t length = entry.uncompressedSize;

@@ -34,8 +34,12 @@ std::optional<LocalHeader> parseLocalHeader(std::span<const std::byte, localHead
     if (wordAt(bytes, 0) != ZipFile::ZIP_SIGNATURE) {
         return std::nullopt;
     }
+    constexpr unsigned encryptedBit = 1;
     LocalHeader header;
+    header.encrypted = (shortAt(bytes, 6) & encryptedBit) != 0;
     header.hasDataDescriptor = (shortAt(bytes, 6) & ZipFile::ZIP_BIT_DATA_DESC) != 0;
+    header.method = shortAt(bytes, 8);
+    header.crc = wordAt(bytes, 14);
     header.compressedSize = wordAt(bytes, 18);
     header.uncompressedSize = wordAt(bytes, 22);
     header.nameLength = shortAt(bytes, 26);

@@ -18,8 +18,14 @@ namespace Orlek::Detail {
 
 inline constexpr std::size_t localHeaderSize = 30;
 
+inline constexpr std::uint16_t zipMethodStored = 0;
+inline constexpr std::uint16_t zipMethodDeflated = 8;
+
 struct LocalHeader {
+    bool encrypted = false;
     bool hasDataDescriptor = false;  ///< 12 bytes follow the data
+    std::uint16_t method = 0;
+    std::uint32_t crc = 0;
     std::uint32_t compressedSize = 0;
     std::uint32_t uncompressedSize = 0;
     std::uint16_t nameLength = 0;

@@ -30,6 +30,9 @@ public:
     /// Adds to the content; not buffered. False, with errno set, when not all of it fits.
     bool write(std::string_view bytes);
 
+    /// A path under which what has been written so far can be read as long as it is not committed.
+    [[nodiscard]] std::string draftPath() const;
+
     /// Forces the content to the disk and gives it the path. False, with errno set, when that
     /// failed: the path has its old content then, unless it was the very last step that failed,
     /// forcing the name to the disk. To be called only when all else went well.

@@ -170,6 +170,10 @@ bool AtomicFile::write(std::string_view bytes) {
     return writeAll(mDescriptor, std::as_bytes(std::span(bytes)));
 }
 
+std::string AtomicFile::draftPath() const {
+    return mName.empty() ? descriptorPath(mDescriptor) : mName;
+}
+
 bool AtomicFile::giveName() {
     if (mName.empty()) {
         const std::string file = descriptorPath(mDescriptor);

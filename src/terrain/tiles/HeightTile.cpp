@@ -26,14 +26,18 @@ void reportUnusable(const std::string& path) {
     report("could not open data file <%s>\n", path.c_str());
 }
 
-/// The grid of an opened DTED file that is long enough for it.
-std::optional<TileGrid> readDtedHeader(const RegularFile& file) {
+ReadFault readDtedHeader(const RegularFile& file, TileGrid& grid) {
     std::array<char, dtedLabelSize> label{};
     if (file.size() < dtedHeaderSize ||
         file.readAt(0, std::as_writable_bytes(std::span(label))) != label.size()) {
-        return std::nullopt;
+        return ReadFault::headerCut;
     }
-    return parseDtedHeader({label.data(), label.size()});
+    const std::optional<TileGrid> parsed = parseDtedHeader({label.data(), label.size()});
+    if (!parsed) {
+        return ReadFault::impossibleHeader;
+    }
+    grid = *parsed;
+    return ReadFault::none;
 }
 
 /// So many that their bytes stay in the cache from reading to decoding.
@@ -55,21 +59,21 @@ bool readDtedRecords(const RegularFile& file, const TileGrid& grid, std::byte* b
 }
 
 /// Inflates and places all rows. The stream must end exactly after the last one.
-bool readSrtmRows(InflateStream& content, const TileGrid& grid, std::int16_t* samples) {
+ReadFault readSrtmRows(InflateStream& content, const TileGrid& grid, std::int16_t* samples) {
     const std::size_t rowSize = std::size_t{grid.numLon} * 2;
     const auto band = mallocArray<std::byte>(srtmBandRows * rowSize);
     if (!band) {
-        return false;
+        return ReadFault::noMemory;
     }
     for (std::uint32_t row = 0; row < grid.numLat; row += srtmBandRows) {
         const std::uint32_t rows = std::min(srtmBandRows, grid.numLat - row);
         const std::span bytes(band.get(), rows * rowSize);
         if (content.read(bytes) != bytes.size()) {
-            return false;
+            return ReadFault::damaged;
         }
         placeSrtmRows(bytes.data(), row, rows, grid, samples);
     }
-    return content.atEnd();
+    return content.atEnd() ? ReadFault::none : ReadFault::damaged;
 }
 
 }  // namespace
@@ -78,11 +82,11 @@ bool HeightTile::openHeader(const std::string& path) {
     mPath = path;
     mType = Type::dted;
     RegularFile file;
-    if (!openDted(file)) {
+    mFault = openDted(file);
+    if (mFault != ReadFault::none) {
         reportUnusable(path);
-        return false;
     }
-    return true;
+    return mFault == ReadFault::none;
 }
 
 bool HeightTile::parseName(const std::string& path) {
@@ -100,58 +104,68 @@ bool HeightTile::parseName(const std::string& path) {
 
 void HeightTile::load() {
     if (mType == Type::srtm) {
-        loadSrtm();
-    } else if (!mFailed && !loadDted()) {
-        reportUnusable(mPath);
-        mFailed = true;
+        mFault = loadSrtm();
+    } else if (!mFailed) {
+        mFault = loadDted();
+        mFailed = mFault != ReadFault::none && mFault != ReadFault::noMemory;
+        if (mFailed) {
+            reportUnusable(mPath);
+        }
     }
 }
 
 /// Opens the file and takes the grid from its header.
-bool HeightTile::openDted(RegularFile& file) {
-    const std::optional<TileGrid> grid =
-        file.open(mPath) ? readDtedHeader(file) : std::optional<TileGrid>();
-    if (grid) {
-        mGrid = *grid;
-    }
-    return grid.has_value();
+ReadFault HeightTile::openDted(RegularFile& file) {
+    return file.open(mPath) ? readDtedHeader(file, mGrid) : ReadFault::unreadable;
 }
 
-/// False when the file cannot be used.
-bool HeightTile::loadDted() {
+ReadFault HeightTile::loadDted() {
     RegularFile file;
-    if (!openDted(file) || file.size() < dtedFileSize(mGrid)) {
-        return false;
+    const ReadFault fault = openDted(file);
+    if (fault != ReadFault::none) {
+        return fault;
+    }
+    if (file.size() < dtedFileSize(mGrid)) {
+        return ReadFault::dataCut;
     }
     auto samples = mallocArray<std::int16_t>(mGrid.sampleCount());
     const auto records = mallocArray<std::byte>(dtedLinesAtOnce * dtedRecordSize(mGrid.numLat));
     if (!samples || !records) {
-        return true;
+        return ReadFault::noMemory;
     }
     if (!readDtedRecords(file, mGrid, records.get(), samples.get())) {
-        return false;
+        return ReadFault::dataCut;
     }
     takeSamples(std::move(samples));
-    return true;
+    return ReadFault::none;
 }
 
-void HeightTile::loadSrtm() {
+ReadFault HeightTile::loadSrtm() {
     if (fileKind(mPath) != FileKind::regular) {
-        return;
+        return ReadFault::unreadable;
     }
     InflateStream content;
-    const std::optional<std::uint32_t> size = openFirstEntry(mPath, content);
-    std::optional<TileGrid> grid = size ? srtmGrid(*size) : std::nullopt;
+    std::uint32_t size = 0;
+    const ReadFault opened = openFirstEntry(mPath, content, size);
+    if (opened != ReadFault::none) {
+        return opened;
+    }
+    std::optional<TileGrid> grid = srtmGrid(size);
     if (!grid) {
-        return;
+        return ReadFault::unknownSize;
     }
     grid->latOrigin = mGrid.latOrigin;
     grid->lonOrigin = mGrid.lonOrigin;
     auto samples = mallocArray<std::int16_t>(grid->sampleCount());
-    if (samples && readSrtmRows(content, *grid, samples.get())) {
+    if (!samples) {
+        return ReadFault::noMemory;
+    }
+    const ReadFault read = readSrtmRows(content, *grid, samples.get());
+    if (read == ReadFault::none) {
         mGrid = *grid;
         takeSamples(std::move(samples));
     }
+    return read;
 }
 
 void HeightTile::takeSamples(MallocArray<std::int16_t> samples) {

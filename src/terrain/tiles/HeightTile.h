@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "files/ReadFault.h"
 #include "platform/MallocArray.h"
 #include "terrain/tiles/TileGrid.h"
 #include "terrain/tiles/TileKey.h"
@@ -26,6 +27,10 @@ public:
     [[nodiscard]] TileKey key() const { return originKey(mGrid.latOrigin, mGrid.lonOrigin); }
     [[nodiscard]] bool lowRes() const { return mLowRes; }
     [[nodiscard]] bool loaded() const { return mData != nullptr; }
+    /// An SRTM tile has no more than its origin before it was loaded.
+    [[nodiscard]] const TileGrid& grid() const { return mGrid; }
+    /// What came of the last attempt to read the file.
+    [[nodiscard]] ReadFault fault() const { return mFault; }
 
     /// Reads the samples. The tile stays unloaded when there is no memory, or its file is missing,
     /// is no tile or is shorter than its header says. A DTED file that fails so prints a line and
@@ -51,14 +56,15 @@ public:
 private:
     enum class Type : std::uint8_t { dted, srtm };
 
-    bool openDted(RegularFile& file);
-    bool loadDted();
-    void loadSrtm();
+    ReadFault openDted(RegularFile& file);
+    ReadFault loadDted();
+    ReadFault loadSrtm();
     void takeSamples(MallocArray<std::int16_t> samples);
 
     MallocArray<std::int16_t> mData;
     TileSurface mSurface;  ///< sees mData
     Type mType = Type::dted;
+    ReadFault mFault = ReadFault::none;
     bool mFailed = false;
     bool mLowRes = false;
     TileGrid mGrid;

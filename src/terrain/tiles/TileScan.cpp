@@ -4,7 +4,6 @@
 #include <Orlek/FileSystem/Directory.h>
 
 #include <exception>
-#include <string_view>
 
 #include "platform/Report.h"
 
@@ -34,16 +33,24 @@ void registerSrtm(const std::string& file, TileMaps& maps) {
 
 }  // namespace
 
+TileFormat tileFormat(std::string_view path) {
+    const std::size_t dot = path.rfind('.');
+    const std::string_view extension =
+        dot != std::string_view::npos ? path.substr(dot) : std::string_view();
+    if (extension == ".DT1") {
+        return TileFormat::dted;
+    }
+    return extension == ".zip" ? TileFormat::srtm : TileFormat::none;
+}
+
 void scanDirectory(const std::string& path, TileMaps& maps) {
     const std::vector<std::string> entries = FileSystem::Directory(path).entryList(true);
     report("basePath <%s> size %d\n", path.c_str(), static_cast<int>(entries.size()));
     for (const std::string& entry : entries) {
-        const std::size_t dot = entry.rfind('.');
-        const auto extension =
-            dot != std::string::npos ? std::string_view(entry).substr(dot) : std::string_view();
-        if (extension == ".DT1") {
+        const TileFormat format = tileFormat(entry);
+        if (format == TileFormat::dted) {
             registerDted(entry, maps.high);
-        } else if (extension == ".zip") {
+        } else if (format == TileFormat::srtm) {
             registerSrtm(entry, maps);
         }
     }

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <thread>
 
 #include "terrain/tiles/TileSet.h"
@@ -15,6 +16,11 @@ struct TileMaps {
     TileMap high;
     TileMap low;  ///< 30 arc second tiles
 };
+
+enum class TileFormat : std::uint8_t { none, dted, srtm };
+
+/// The format that the extension of a file promises, compared as it stands.
+TileFormat tileFormat(std::string_view path);
 
 /// Registers every tile below `path`: DTED files by their header, SRTM archives by their name. A
 /// tile already there under the same key is replaced.

@@ -1,0 +1,33 @@
+#include "files/TreeListing.h"
+
+#include <utility>
+
+#include "platform/Report.h"
+
+namespace Orlek::Detail {
+
+void TreeListing::list(const std::string& path, bool recursive) {
+    DirectorySearch search;
+    if (!search.read(path)) {
+        report("Property::readAllFiles: could not open path <%s>\n", (path + "\\*").c_str());
+        unreadable.push_back(path);
+    }
+    mVisited.insert(search.identity());
+    for (const DirectoryEntry& entry : search.entries()) {
+        std::string entryPath = path + "/" + entry.name;
+        if (entry.kind == FileKind::regular) {
+            files.push_back(std::move(entryPath));
+        } else if (recursive && entry.kind == FileKind::directory &&
+                   !(entry.isLink && wasVisited(entryPath))) {
+            list(entryPath, true);
+        }
+    }
+}
+
+// Directories form a tree, so only links can lead back to where the listing has been. Entering each
+// target once bounds the work even where links cross each other in many ways.
+bool TreeListing::wasVisited(const std::string& path) const {
+    return mVisited.contains(directoryIdentity(path));
+}
+
+}  // namespace Orlek::Detail
