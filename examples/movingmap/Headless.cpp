@@ -33,12 +33,12 @@ void noteMissingTerrain(const MapPicture& picture) {
 }
 
 void saveFrames(const Options& options, const Flight& flight, MapPicture& picture) {
-    ProgressBar progress(options.frames);
+    OrlekSupport::ProgressBar progress(static_cast<std::size_t>(options.frames));
     for (int i = 0; i < options.frames; ++i) {
         const double share = options.frames > 1 ? i / (options.frames - 1.0) : 0.0;
         save(options, numberedPath(options.out, i + 1, options.frames), picture,
              flight.sceneAt(share * flight.path().lengthM()));
-        progress.show(i + 1);
+        progress.show(static_cast<std::size_t>(i) + 1);
     }
 }
 

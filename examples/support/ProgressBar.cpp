@@ -1,37 +1,48 @@
-// Drawn over itself with a carriage return.
+// Drawn over itself with a carriage return, and not more often than eyes follow.
 #include "ProgressBar.h"
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 
-namespace MovingMap {
+namespace OrlekSupport {
 
-ProgressBar::ProgressBar(int total) : mTotal(total), mTerminal(isatty(STDERR_FILENO) == 1) {
+ProgressBar::ProgressBar(std::size_t total)
+    : mTotal(std::max<std::size_t>(total, 1)), mTerminal(isatty(STDERR_FILENO) == 1) {
     show(0);
 }
 
 ProgressBar::~ProgressBar() {
-    if (mTerminal) {
+    if (mShown) {
         std::fputc('\n', stderr);
     }
 }
 
-void ProgressBar::show(int done) {
-    if (mTerminal) {
+void ProgressBar::show(std::size_t done) {
+    const Clock::time_point now = Clock::now();
+    if (mTerminal && (now >= mNext || done >= mTotal)) {
         std::fprintf(stderr, "\r%s", progressText(done, mTotal).c_str());
+        mShown = true;
+        mNext = now + std::chrono::milliseconds(50);
     }
 }
 
-std::string progressText(int done, int total) {
-    constexpr int width = 40;
-    const int filled = width * done / total;
+void ProgressBar::hide() {
+    if (mShown) {
+        std::fputs("\r\033[K", stderr);
+        mShown = false;
+        mNext = {};
+    }
+}
+
+std::string progressText(std::size_t done, std::size_t total) {
+    constexpr std::size_t width = 40;
+    const std::size_t filled = width * done / total;
     char text[128];
-    std::snprintf(text, sizeof text, "[%s%s] %3d %%  %d of %d",
-                  std::string(static_cast<std::size_t>(filled), '#').c_str(),
-                  std::string(static_cast<std::size_t>(width - filled), ' ').c_str(),
-                  100 * done / total, done, total);
+    std::snprintf(text, sizeof text, "[%s%s] %3zu %%  %zu of %zu", std::string(filled, '#').c_str(),
+                  std::string(width - filled, ' ').c_str(), 100 * done / total, done, total);
     return text;
 }
 
-}  // namespace MovingMap
+}  // namespace OrlekSupport
