@@ -52,7 +52,7 @@ run() {  # preset, ctest options
 
 style() {
   echo "== style"
-  find include src tests fuzz examples bench -name '*.h' -o -name '*.cpp' |
+  find include src tests tools fuzz examples bench -name '*.h' -o -name '*.cpp' |
     xargs clang-format --dry-run -Werror
 }
 
