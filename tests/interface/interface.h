@@ -1,5 +1,5 @@
-// What the tables of this program are written with: a line names one public operation with its
-// documented type, and does not compile, link or run where the library has another.
+// What the tables of this program are written with: a line names public operations with their
+// documented type, and does not compile, link or run where the library has others.
 #pragma once
 
 #include <Orlek/Orlek.h>
@@ -23,16 +23,17 @@ void keep(Address address) {
                                                                                 : data);
 }
 
-/// A free function or a static member function.
-template <typename Function>
-void function(Function* address) {
+/// Free functions or static member functions of one type.
+template <typename Function, typename... More>
+void function(Function* address, More*... addresses) {
     keep(address);
+    (function<Function>(addresses), ...);
 }
 
-/// A member function, or a public field.
-template <typename Member, typename Class>
-void member(Member Class::*address) {
-    keep(address);
+/// Member functions, or public fields, of one type.
+template <typename Member, typename... Classes>
+void member(Member Classes::*... addresses) {
+    (keep(addresses), ...);
 }
 
 template <typename Type>
@@ -67,12 +68,12 @@ void copied() {
     ++operations;
 }
 
-/// A class of values: made without arguments and copied, without virtual operations.
-template <typename Type>
+/// Classes of values: made without arguments and copied, without virtual operations.
+template <typename... Types>
 void value() {
-    static_assert(!std::is_polymorphic_v<Type>);
-    made<Type>();
-    copied<Type>();
+    static_assert((!std::is_polymorphic_v<Types> && ...));
+    (made<Types>(), ...);
+    (copied<Types>(), ...);
 }
 
 /// A class with one instance, that nobody else may make.
@@ -84,15 +85,10 @@ void singleton() {
 }
 
 void math();
-void polygons();
 void geodetic();
-void core();
-void lines();
-void fills();
-void text();
+void shared();
+void drawing();
 void network();
-void files();
-void misc();
-void xml();
+void storage();
 
 }  // namespace interface

@@ -3,16 +3,11 @@
 
 int main() {
     interface::math();
-    interface::polygons();
     interface::geodetic();
-    interface::core();
-    interface::lines();
-    interface::fills();
-    interface::text();
+    interface::shared();
+    interface::drawing();
     interface::network();
-    interface::files();
-    interface::misc();
-    interface::xml();
+    interface::storage();
     std::printf("%d public operations, %d fields and constants\n", interface::operations,
                 interface::data);
     return interface::wrong == 0 ? 0 : 1;
