@@ -5,18 +5,16 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
 #include <string>
+
+#include "FuzzTarget.h"
 
 class MemoryFile {
 public:
     MemoryFile(const std::uint8_t* data, std::size_t size)
         : mDescriptor(memfd_create("input", MFD_CLOEXEC)) {
-        if (mDescriptor < 0 || pwrite(mDescriptor, data, size, 0) != static_cast<ssize_t>(size)) {
-            std::abort();
-        }
+        require(mDescriptor >= 0);
+        require(pwrite(mDescriptor, data, size, 0) == static_cast<ssize_t>(size));
     }
     ~MemoryFile() { close(mDescriptor); }
     MemoryFile(const MemoryFile&) = delete;

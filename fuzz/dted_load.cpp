@@ -1,9 +1,7 @@
 // Whole DTED files: registering, loading and querying whatever bytes come.
-#include <cstddef>
-#include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 
+#include "FuzzTarget.h"
 #include "MemoryFile.h"
 #include "TileQueries.h"
 #include "terrain/tiles/DtedHeader.h"
@@ -20,9 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     const auto grid = parseDtedHeader({reinterpret_cast<const char*>(data), size});
     tile.load();
-    if (!grid || tile.loaded() != (size >= dtedFileSize(*grid))) {
-        std::abort();
-    }
+    require(grid && tile.loaded() == (size >= dtedFileSize(*grid)));
     queryTile(tile, grid->latOrigin, grid->lonOrigin);
     tile.unload();
     tile.load();

@@ -1,23 +1,14 @@
 // Font files: opening, measuring, laying out and drawing all characters of whatever bytes come, as
 // coverage, and every fourth input as a distance field too.
-#include <cstddef>
-#include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 
+#include "FuzzTarget.h"
 #include "text/raster/FieldAtlas.h"
 #include "text/raster/FontFace.h"
 
 using namespace Orlek::Detail;
 
 namespace {
-
-/// Ends the run unless the condition holds.
-void require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
-}
 
 /// FreeType, started once; the lines about bad glyphs go nowhere.
 FT_LibraryRec_* library() {

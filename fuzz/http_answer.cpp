@@ -1,33 +1,25 @@
 // The first line as a URL, the rest as the answer of a server. A clean URL gives a request of four
 // lines, whatever stands in it; the body is what follows the first empty line of the answer.
 #include <algorithm>
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
+#include "FuzzTarget.h"
 #include "network/Http.h"
 
 namespace {
 
 using namespace Orlek::Detail;
 
-void check(bool held) {
-    if (!held) {
-        std::abort();
-    }
-}
-
 void checkRequest(const std::string& url) {
     const HttpTarget target = splitUrl(url);
-    check(url.ends_with(target.path) && target.host.find('/') == std::string::npos);
-    check(target.path == url || url.ends_with(target.host + target.path));
+    require(url.ends_with(target.path) && target.host.find('/') == std::string::npos);
+    require(target.path == url || url.ends_with(target.host + target.path));
     const std::string request = httpRequest(target);
-    check(request.find("\r\nHost: " + target.host + "\r\n") == target.path.size() + 13);
+    require(request.find("\r\nHost: " + target.host + "\r\n") == target.path.size() + 13);
     if (isCleanUrl(url)) {
-        check(std::ranges::count(request, '\r') == 5 && std::ranges::count(request, '\n') == 5);
-        check(request.find("\r\n\r\n") == request.size() - 4);
+        require(std::ranges::count(request, '\r') == 5 && std::ranges::count(request, '\n') == 5);
+        require(request.find("\r\n\r\n") == request.size() - 4);
     }
 }
 
@@ -37,8 +29,8 @@ void checkBody(std::string_view answer) {
     while (start < answer.size() && !answer.substr(0, start).ends_with("\r\n\r\n")) {
         ++start;
     }
-    check(body.size() == answer.size() - start);
-    check(body.empty() || body.data() == answer.data() + start);
+    require(body.size() == answer.size() - start);
+    require(body.empty() || body.data() == answer.data() + start);
 }
 
 }  // namespace

@@ -1,24 +1,12 @@
 // Any bytes as a stream, put in by cuts: the first byte seeds the sizes of the cuts. Whatever
 // comes, each package handed out is exactly the bytes of the stream that stood there.
 #include <algorithm>
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
 #include <cstring>
 
+#include "FuzzTarget.h"
 #include "network/PackageFraming.h"
 
-namespace {
-
 using Orlek::Detail::PackageFraming;
-
-void check(bool held) {
-    if (!held) {
-        std::abort();
-    }
-}
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size == 0) {
@@ -29,7 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::size_t start = 1;  // of the bytes that wait
     for (std::size_t at = 1; at < size;) {
         const auto room = framing.room();
-        check(room.size() == PackageFraming::capacity - (at - start));
+        require(room.size() == PackageFraming::capacity - (at - start));
         seed = seed * 1664525U + 1013904223U;
         const std::size_t cut = std::min<std::size_t>(1 + (seed >> 16) % 64, size - at);
         std::memcpy(room.data(), data + at, cut);
@@ -41,13 +29,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                 start = at;
                 continue;
             }
-            check(std::memcmp(&found.header, data + start, sizeof(found.header)) == 0);
-            check(found.payload.size() == found.header.length);
-            check(found.payload.empty() ||
-                  std::memcmp(found.payload.data(), data + start + sizeof(found.header),
-                              found.payload.size()) == 0);
+            require(std::memcmp(&found.header, data + start, sizeof(found.header)) == 0);
+            require(found.payload.size() == found.header.length);
+            require(found.payload.empty() ||
+                    std::memcmp(found.payload.data(), data + start + sizeof(found.header),
+                                found.payload.size()) == 0);
             start += sizeof(found.header) + found.payload.size();
-            check(start <= at);
+            require(start <= at);
         }
     }
     return 0;

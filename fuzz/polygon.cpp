@@ -6,14 +6,12 @@
 #include <Orlek/Math/Polygon2D.h>
 
 #include <cmath>
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <iterator>
 #include <limits>
 #include <span>
 
+#include "FuzzTarget.h"
 #include "math/PolygonRules.h"
 #include "math/polygon2d/EdgeCrossings.h"
 
@@ -26,12 +24,6 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double values[] = {0.0,    -0.0,   1.0,   -1.0,   3.0,      1e-14,     1e-200, -1e-201,
                              5e-324, 1e-310, 1e15,  -1e16,  1e99,     2e100,     1e154,  -1e160,
                              1e295,  1e308,  1e-99, 1e-153, infinity, -infinity, NAN,    0.1};
-
-void require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
-}
 
 bool same(const Ring& a, const Ring& b) {
     return a.size() == b.size() &&

@@ -1,20 +1,17 @@
 // Any keys and values, as the bytes between zero bytes give them, or with \x01 for them where the
 // input begins with one: all that is written must come back from the file.
 #include <Orlek/XML/XmlDocument.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <filesystem>
 #include <map>
 #include <string>
 #include <string_view>
 
+#include "FuzzTarget.h"
 #include "config/property/PropertyFile.h"
 #include "config/property/PropertyTree.h"
 #include "config/xml/XmlText.h"
+#include "support/TempDir.h"
 #include "support/WholeText.h"
 
 namespace {
@@ -22,12 +19,6 @@ namespace {
 using Orlek::XML::XmlDocument;
 using Orlek::XML::XmlElement;
 using Settings = std::map<std::string, std::string>;
-
-void check(bool held) {
-    if (!held) {
-        std::abort();
-    }
-}
 
 // Pieces of the input, key and value by turns.
 Settings settingsOf(std::string_view input) {
@@ -51,16 +42,11 @@ void readBelow(const XmlElement& parent, const std::string& prefix, Settings& se
     for (XmlElement e = parent.firstElement(); e.valid(); e = e.nextElement()) {
         if (e.name() == Orlek::Detail::leafName) {
             const auto [key, value] = Orlek::Detail::readLeaf(e);
-            check(settings.emplace(prefix + key, value).second);
+            require(settings.emplace(prefix + key, value).second);
         } else {
             readBelow(e, prefix + e.name() + ".", settings);
         }
     }
-}
-
-std::string filePath() {
-    const auto name = "orlek-fuzz-" + std::to_string(getpid()) + ".xml";
-    return (std::filesystem::temp_directory_path() / name).string();
 }
 
 }  // namespace
@@ -71,18 +57,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const auto& [key, value] : settings) {
         writer.add(key, value);
     }
-    const std::string path = filePath();
+    static const OrlekTest::TempDir dir;
+    const std::string path = dir.path("settings.xml");
     writer.finish();
     const std::string written = writer.text();
-    check(Orlek::Detail::XmlOutput(path).finish(written));
+    require(Orlek::Detail::XmlOutput(path).finish(written));
     XmlDocument back;
-    check(back.read(path));
-    check(back.write(path));
-    check(OrlekTest::wholeText(path) == written);  // a document writes it the same way
-    std::filesystem::remove(path);
-    check(Orlek::Detail::keysInProportion(back.root()));
+    require(back.read(path));
+    require(back.write(path));
+    require(OrlekTest::wholeText(path) == written);  // a document writes it the same way
+    require(Orlek::Detail::keysInProportion(back.root()));
     Settings read;
     readBelow(back.root(), {}, read);
-    check(read == settings);
+    require(read == settings);
     return 0;
 }

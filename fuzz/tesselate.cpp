@@ -4,21 +4,13 @@
 #include <Orlek/OpenGL/Tesselator.h>
 
 #include <cmath>
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
 #include <cstring>
+
+#include "FuzzTarget.h"
 
 namespace {
 
 constexpr std::size_t mostCorners = 300;
-
-/// Ends the run unless the condition holds.
-void require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
-}
 
 float floatAt(const std::uint8_t* data) {
     float value = 0.0F;

@@ -1,10 +1,8 @@
 // Names of SRTM tiles: what is accepted has a position of whole degrees.
 #include <cmath>
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
 #include <string>
 
+#include "FuzzTarget.h"
 #include "terrain/tiles/TileKey.h"
 #include "terrain/tiles/TileName.h"
 
@@ -16,10 +14,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     const double highest = name->lowRes ? 49.0 : 99.0;
     const double lowest = name->lowRes ? -149.0 : -99.0;
-    if (size < 7 || !(name->latOrigin >= lowest && name->latOrigin <= highest) ||
-        !(std::fabs(name->lonOrigin) <= 999.0) || name->latOrigin != std::trunc(name->latOrigin)) {
-        std::abort();
-    }
+    require(size >= 7 && name->latOrigin >= lowest && name->latOrigin <= highest &&
+            std::fabs(name->lonOrigin) <= 999.0 && name->latOrigin == std::trunc(name->latOrigin));
     Orlek::Detail::originKey(name->latOrigin, name->lonOrigin);
     return 0;
 }

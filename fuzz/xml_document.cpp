@@ -6,11 +6,9 @@
 #include <tinyxml.h>
 
 #include <algorithm>
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
 #include <string>
 
+#include "FuzzTarget.h"
 #include "MemoryFile.h"
 #include "config/xml/XmlScan.h"
 #include "config/xml/XmlText.h"
@@ -19,12 +17,6 @@ namespace {
 
 using Orlek::Detail::XmlLimits;
 using Orlek::Detail::XmlScan;
-
-void check(bool held) {
-    if (!held) {
-        std::abort();
-    }
-}
 
 XmlLimits extentOf(const TiXmlNode& node) {
     XmlLimits extent{0, 0};
@@ -48,18 +40,18 @@ void checkScan(const std::string& text, XmlLimits limits) {
     const std::string padded = text + std::string(XmlScan::padding, '\0');
     XmlScan scan({padded.data(), text.size()}, limits);
     if (!scan.run()) {
-        check(scan.fault() != nullptr && scan.faultOffset() <= text.size());
+        require(scan.fault() != nullptr && scan.faultOffset() <= text.size());
         return;
     }
     TiXmlDocument document;
     document.Parse(padded.c_str());
     const XmlLimits parsed = extentOf(document);
-    check(parsed.depth <= scan.extent().depth && scan.extent().depth <= limits.depth);
-    check(parsed.attributes <= scan.extent().attributes);
-    check(scan.extent().attributes <= limits.attributes);
+    require(parsed.depth <= scan.extent().depth && scan.extent().depth <= limits.depth);
+    require(parsed.attributes <= scan.extent().attributes);
+    require(scan.extent().attributes <= limits.attributes);
     if (!document.Error()) {
-        check(parsed.depth == scan.extent().depth);
-        check(parsed.attributes == scan.extent().attributes);
+        require(parsed.depth == scan.extent().depth);
+        require(parsed.attributes == scan.extent().attributes);
     }
 }
 
@@ -72,7 +64,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Orlek::XML::XmlElement root = document.root();
     std::string printed;
     document.print(root, printed);
-    check(read || printed.empty());
+    require(read || printed.empty());
 
     const std::string text(reinterpret_cast<const char*>(data), size);
     if (text.find('\0') == std::string::npos) {

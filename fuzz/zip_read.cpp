@@ -3,13 +3,11 @@
 #include <Orlek/FileSystem/ZipFile.h>
 
 #include <algorithm>
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
 #include <span>
 #include <string>
 #include <vector>
 
+#include "FuzzTarget.h"
 #include "MemoryFile.h"
 #include "files/InflateStream.h"
 #include "files/ZipArchive.h"
@@ -20,19 +18,13 @@ namespace {
 using Orlek::FileSystem::ZipFile;
 using Content = Orlek::Detail::MallocArray<unsigned char>;
 
-void check(bool held) {
-    if (!held) {
-        std::abort();
-    }
-}
-
 // Whether the first entry, read piece by piece, is `whole`, or broken when there is none.
 void checkPieces(const std::string& path, const unsigned char* whole, std::size_t size) {
     Orlek::Detail::InflateStream stream;
     std::uint32_t promised = 0;
     const auto fault = Orlek::Detail::openFirstEntry(path, stream, promised);
     if (fault != Orlek::Detail::ReadFault::none) {
-        check(whole == nullptr);
+        require(whole == nullptr);
         return;
     }
     std::vector<std::byte> pieces(promised);
@@ -45,10 +37,10 @@ void checkPieces(const std::string& path, const unsigned char* whole, std::size_
             break;
         }
     }
-    check(stream.atEnd() == (whole != nullptr));
-    check(whole == nullptr ||
-          (size == promised && std::equal(pieces.begin(), pieces.begin() + std::ptrdiff_t(done),
-                                          reinterpret_cast<const std::byte*>(whole))));
+    require(stream.atEnd() == (whole != nullptr));
+    require(whole == nullptr ||
+            (size == promised && std::equal(pieces.begin(), pieces.begin() + std::ptrdiff_t(done),
+                                            reinterpret_cast<const std::byte*>(whole))));
 }
 
 }  // namespace
@@ -56,11 +48,11 @@ void checkPieces(const std::string& path, const unsigned char* whole, std::size_
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const MemoryFile file(data, size);
     ZipFile zip(file.path());
-    check(zip.exists());
+    require(zip.exists());
     unsigned int length = 0;
     for (const std::string& name : zip.getFiles()) {
         const Content content(zip.readFile(name, length));
-        check(content != nullptr || length == 0);
+        require(content != nullptr || length == 0);
     }
     const Content first(zip.readFirstFile(length));
     checkPieces(file.path(), first.get(), length);
