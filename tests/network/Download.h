@@ -4,13 +4,12 @@
 #include <Orlek/Network/Network.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <ostream>
 #include <string>
 
 #include "support/OwnNetwork.h"
 #include "support/TempDir.h"
+#include "support/WholeText.h"
 
 namespace OrlekTest {
 
@@ -23,11 +22,6 @@ void onPort80(Function&& test) {
 }
 
 inline const std::string untouched = "what the file held before";
-
-inline std::string contentOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// What a plain HTTP/1.1 client would send.
 inline std::string requestFor(const std::string& host, const std::string& path) {
@@ -57,7 +51,7 @@ Downloaded downloadedBy(Download&& download, const TempDir& dir, const Downloade
     for (int attempt = 0; attempt < 5; ++attempt) {
         const std::string target = dir.write("target", untouched);
         got.answered = download(target);
-        got.content = contentOf(target);
+        got.content = wholeText(target);
         const bool isCut = got.content == untouched || expected.content.starts_with(got.content);
         if (got == expected || !isCut) {
             break;

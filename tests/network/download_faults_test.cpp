@@ -146,9 +146,7 @@ TEST(Download, SaysWhyAFileIsNotWritten) {
         const std::string file = dir.write("plain", "x");
         const PlainPeer pipe = fullPipe(dir.path("pipe"));
         struct Row {
-            std::string target;
-            const char* verb;
-            const char* reason;
+            std::string target, verb, reason;
         };
         const Row rows[] = {
             {file + "/below/file", "open", "Not a directory"},
@@ -158,7 +156,7 @@ TEST(Download, SaysWhyAFileIsNotWritten) {
             {dir.path("zero") + '\0' + "/below/file", "open", "Invalid argument"},
             {"/dev/full", "write", "No space left on device"},  // as a full disk
             {dir.path("pipe"), "write", "Resource temporarily unavailable"},
-            {dir.path("a/b.c/d/file"), nullptr, nullptr},  // folders are made
+            {dir.path("a/b.c/d/file"), "", ""},  // folders are made
         };
         const Server server = {"", [](auto& peer) { sendThenStay(peer, fine + "body"); }, true,
                                "body"};
@@ -169,14 +167,13 @@ TEST(Download, SaysWhyAFileIsNotWritten) {
                 line = captureStdout(
                     [&] { EXPECT_TRUE(downloadFrom(listener, server, target)) << target; });
             });
-            const std::string word = verb == nullptr ? "" : verb;
-            EXPECT_EQ(line,
-                      verb == nullptr ? "" : "could not " + word + " <" + target.c_str() + ">\n");
-            EXPECT_EQ(error, verb == nullptr ? "" : "f" + word + ": " + reason + "\n");
+            const std::string shown = target.c_str();
+            EXPECT_EQ(line, verb.empty() ? "" : "could not " + verb + " <" + shown + ">\n");
+            EXPECT_EQ(error, verb.empty() ? "" : "f" + verb + ": " + reason + "\n");
         }
         EXPECT_EQ(openFiles(), before);
-        EXPECT_EQ(contentOf(dir.path("a/b.c/d/file")), "body");
-        EXPECT_EQ(contentOf(file), "x");
+        EXPECT_EQ(wholeText(dir.path("a/b.c/d/file")), "body");
+        EXPECT_EQ(wholeText(file), "x");
         EXPECT_FALSE(std::filesystem::exists(dir.path("zero")));
     });
 }
@@ -199,7 +196,7 @@ TEST(Download, FailsWithoutAServer) {
             EXPECT_FALSE(Hosts::getFileHttp("http://127.0.0.1/a" + odd, target)) << odd;
         }
         EXPECT_FALSE(comes(listener, 0)) << "an unclean URL was sent";
-        EXPECT_EQ(contentOf(target), untouched);
+        EXPECT_EQ(wholeText(target), untouched);
     });
 }
 
