@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "MapView.h"
 #include "Ortho.h"
 
 namespace MovingMap {

@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "NormalTable.h"
 #include "Position.h"
 
 namespace MovingMap {
@@ -14,15 +15,6 @@ namespace MovingMap {
 /// @param near a position that will be looked at
 void openTerrain(Orlek::Geodetic::HeightMap& terrain, const std::string& directory,
                  const Position& near);
-
-/// A surface normal (east, north, up) as the library packs it: 0 to 255 for -1 to 1.
-struct PackedNormal {
-    unsigned char x = 0;
-    unsigned char y = 0;
-    unsigned char z = 0;
-
-    bool operator==(const PackedNormal&) const = default;
-};
 
 /// The surface normal; its tile is loaded if need be.
 PackedNormal normalAt(Orlek::Geodetic::HeightMap& terrain, const Position& position);

@@ -6,6 +6,15 @@
 
 namespace MovingMap {
 
+/// A surface normal (east, north, up) as the library packs it: 0 to 255 for -1 to 1.
+struct PackedNormal {
+    unsigned char x = 0;
+    unsigned char y = 0;
+    unsigned char z = 0;
+
+    bool operator==(const PackedNormal&) const = default;
+};
+
 /// East, north and up, each from -1 to 1 in 0 to 65535.
 using NormalTexel = std::array<std::uint16_t, 3>;
 

@@ -5,7 +5,7 @@
 
 namespace MovingMap {
 
-void setPixelMatrix(Point size) {
+void setPixelMatrix(Orlek::Math::Vector2<double> size) {
     Orlek::OpenGL::GlHandler::instance().setViewPort(size);
     Orlek::OpenGL::MatrixLoadIdent();
     Orlek::OpenGL::MatrixTranslate(-1.0, -1.0, 0.0);

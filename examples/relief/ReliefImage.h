@@ -1,12 +1,8 @@
-// The terrain of a map view as texels, ready for the terrain shader.
+// The terrain of a picture as texels, ready for the terrain shader.
 #pragma once
-
-#include <Orlek/Geodetic.h>
 
 #include <cstdint>
 #include <vector>
-
-#include "MapView.h"
 
 namespace MovingMap {
 
@@ -24,13 +20,5 @@ struct ReliefImage {
     std::vector<std::uint8_t> map;
     bool complete = true;  ///< No terrain was missing.
 };
-
-/// Samples the terrain of a view, one texel for @p step x @p step pixels, into @p image, whose
-/// memory is used again from one view to the next.
-///
-/// The height map must be ready (see HeightMap::loadData). Tiles are loaded as the view needs
-/// them. Where a tile is missing the cover is hatched: nobody shall take it for sea.
-void sampleRelief(Orlek::Geodetic::HeightMap& terrain, const MapView& view, int step,
-                  ReliefImage& image);
 
 }  // namespace MovingMap
