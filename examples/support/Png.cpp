@@ -26,17 +26,34 @@ std::vector<std::uint8_t> withoutAlpha(const Image& image) {
     return rgb;
 }
 
+void setRgb(const Image& image, PngImage& png) {
+    png.width = static_cast<png_uint_32>(image.width);
+    png.height = static_cast<png_uint_32>(image.height);
+    png.format = PNG_FORMAT_RGB;
+}
+
 }  // namespace
 
 void writePng(const std::string& path, const Image& image) {
     PngImage png;
-    png.width = static_cast<png_uint_32>(image.width);
-    png.height = static_cast<png_uint_32>(image.height);
-    png.format = PNG_FORMAT_RGB;
+    setRgb(image, png);
     const std::vector<std::uint8_t> rgb = withoutAlpha(image);
     if (png_image_write_to_file(&png, path.c_str(), 0, rgb.data(), 0, nullptr) == 0) {
         throw std::runtime_error("cannot write " + path + ": " + png.message);
     }
+}
+
+std::string encodePng(const Image& image) {
+    PngImage png;
+    setRgb(image, png);
+    const std::vector<std::uint8_t> rgb = withoutAlpha(image);
+    std::string bytes(PNG_IMAGE_PNG_SIZE_MAX(png), '\0');
+    png_alloc_size_t size = bytes.size();
+    if (png_image_write_to_memory(&png, bytes.data(), &size, 0, rgb.data(), 0, nullptr) == 0) {
+        throw std::runtime_error(std::string("cannot make a PNG file: ") + png.message);
+    }
+    bytes.resize(size);
+    return bytes;
 }
 
 Image readPng(const std::string& path) {

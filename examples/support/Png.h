@@ -11,6 +11,9 @@ namespace OrlekSupport {
 /// Throws std::runtime_error naming the file when it cannot be written.
 void writePng(const std::string& path, const Image& image);
 
+/// The bytes of that file. Throws std::runtime_error when there is no memory for them.
+std::string encodePng(const Image& image);
+
 /// Reads a PNG file of any colour type as RGBA.
 /// Throws std::runtime_error naming the file when it is missing or no PNG file.
 Image readPng(const std::string& path);

@@ -22,6 +22,9 @@ Outcome check(const Arguments& arguments, Console& console);
 /// Zips raw .hgt files; a line for each archive.
 Outcome pack(const Arguments& arguments, Console& console);
 
+/// Draws the relief of an area into a PNG file; a line with its path and size.
+Outcome render(const Arguments& arguments, Console& console);
+
 /// The one directory that a command works on. Throws UsageError.
 std::string directoryOf(const Arguments& arguments);
 

@@ -83,15 +83,21 @@ std::optional<Reason> checkRecords(const std::string& path, const TileGrid& grid
 
 }  // namespace
 
+Reason loadReason(const TileFile& file) {
+    const ReadFault fault = file.tile->fault();
+    return file.format == TileFormat::dted ? dtedReason(file.path, fault)
+                                           : archiveReason(file.path, fault);
+}
+
 std::optional<Reason> examine(const TileFile& file) {
     HeightTile& tile = *file.tile;
-    const bool dted = file.format == TileFormat::dted;
     tile.load();
     if (!tile.loaded()) {
-        return dted ? dtedReason(file.path, tile.fault()) : archiveReason(file.path, tile.fault());
+        return loadReason(file);
     }
     tile.unload();
-    return dted ? checkRecords(file.path, tile.grid()) : checkCrc(file.path);
+    return file.format == TileFormat::dted ? checkRecords(file.path, tile.grid())
+                                           : checkCrc(file.path);
 }
 
 }  // namespace OrlekTiles

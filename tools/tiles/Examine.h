@@ -7,6 +7,9 @@
 
 namespace OrlekTiles {
 
+/// Why the library could not load a tile just now.
+Reason loadReason(const TileFile& file);
+
 /// Loads a registered tile with the library, compares its checksums and unloads it. Nothing when it
 /// is good.
 std::optional<Reason> examine(const TileFile& file);

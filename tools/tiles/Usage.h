@@ -18,6 +18,12 @@ SRTM tiles (.zip).
       --out DIR   put them there instead of beside the files
       --force     replace archives that are there already
 
+  render DIR  draws the shaded relief of an area; prints the picture's path and its size
+      --south DEG, --west DEG, --north DEG, --east DEG
+                  the area; a bound that is missing is that of all tiles
+      --width PIXELS   from west to east, 16 to 8192 (1600); the height follows
+      --out FILE  the PNG file to write (relief.png)
+
   --verbose   show the library's own lines on the standard error stream
   --help      print this text
   --version   print the version

@@ -25,6 +25,14 @@ const std::vector<Command> commands{
     {"list", {}, list},
     {"check", {}, check},
     {"pack", {{"--out", true}, {"--force", false}}, pack},
+    {"render",
+     {{"--south", true},
+      {"--west", true},
+      {"--north", true},
+      {"--east", true},
+      {"--width", true},
+      {"--out", true}},
+     render},
 };
 
 const Command& commandNamed(const std::string& name) {

@@ -1,0 +1,110 @@
+// Pictures that orlek-tiles draws, looked at pixel by pixel.
+#include "Png.h"
+#include "support/DataDir.h"
+#include "terrain/TileFiles.h"
+#include "tools/ToolRun.h"
+
+namespace {
+
+using namespace OrlekTest;
+using OrlekSupport::Image;
+using OrlekSupport::readPng;
+using Pixel = std::array<int, 4>;
+
+constexpr Pixel sea{118, 160, 196, 255};
+
+bool isHatch(const Pixel& pixel) {
+    return pixel == Pixel{112, 116, 124, 255} || pixel == Pixel{74, 78, 86, 255};
+}
+
+int brightness(const Pixel& pixel) {
+    return pixel[0] + pixel[1] + pixel[2];
+}
+
+/// A tile over a whole cell, with posts at its quarters.
+void writeTile(const TempDir& dir, int lat, int lon, const Elevation& elevation) {
+    DtedLabel label = dtedLabelAt(lat, lon);
+    label.numLat = label.numLon = "0005";
+    dir.write(std::to_string(lat) + "-" + std::to_string(lon) + ".DT1", dtedFile(label, elevation));
+}
+
+class TilesRender : public testing::Test {
+protected:
+    ToolRun render(const std::string& options) {
+        return runTiles("render " + dir.path() + " --out " + out + " " + options);
+    }
+
+    const TempDir dir;
+    const TempDir pictures;
+    const std::string out = pictures.path("a.png");
+};
+
+TEST_F(TilesRender, PutsEachTileWhereItLies) {
+    writeTile(dir, 1, 20, [](int, int) { return 600; });  // north-west
+    writeTile(dir, 0, 20, [](int, int) { return 0; });    // south-west
+    writeTile(dir, 0, 21, [](int, int j) { return 100 + 3000 * (2 - std::abs(j - 2)); });
+    const ToolRun run = render("--width 200");
+    EXPECT_EQ(run.code, 0) << run.err;
+    EXPECT_EQ(run.out, out + "\t200x200\n");
+    EXPECT_EQ(run.err, "orlek-tiles: where the picture is hatched there is no elevation data\n");
+    const Image all = readPng(out);
+    EXPECT_EQ(all.at(20, 30), all.at(80, 70)) << "one height, one colour";
+    EXPECT_NE(all.at(20, 30), sea);
+    EXPECT_EQ(all.at(20, 180), sea);
+    EXPECT_TRUE(isHatch(all.at(150, 50))) << "no tile is not sea";
+    EXPECT_GT(brightness(all.at(125, 150)), brightness(all.at(175, 150)) + 50)
+        << "the light comes from the north-west";
+
+    EXPECT_EQ(render("--south 0.5 --north 0.75 --west 20.5 --east=21 --width 64").code, 0);
+    const Image part = readPng(out);
+    EXPECT_EQ(std::pair(part.width, part.height), std::pair(64, 32));
+    EXPECT_EQ(part.at(1, 1), sea);
+}
+
+TEST_F(TilesRender, DrawsRealTerrain) {
+    if (terrainDir().empty()) {
+        GTEST_SKIP() << "no real elevation tiles: their picture is left out";
+    }
+    const ToolRun run = runTiles("render " + terrainDir() + " --out " + out +
+                                 " --south 43 --west 7 --north 44 --east 8 --width 300");
+    EXPECT_EQ(run.code, 0) << run.err;
+    const Image image = readPng(out);
+    EXPECT_EQ(std::pair(image.width, image.height), std::pair(300, 414));
+    EXPECT_EQ(image.at(200, 300), sea);
+    EXPECT_NE(image.at(100, 60), sea);
+    EXPECT_FALSE(isHatch(image.at(100, 60)));
+}
+
+TEST_F(TilesRender, SaysWhyThereIsNoPictureOrNotAllOfIt) {
+    writeTile(dir, 1, 20, [](int, int) { return 600; });
+    const std::pair<const char*, int> rows[] = {
+        {"--south nan", 2},
+        {"--west -181", 2},
+        {"--north 1e999", 2},
+        {"--south 2 --north 1", 2},
+        {"--east 20", 2},
+        {"--width 0", 2},
+        {"--width 9000", 2},
+        {"--width", 2},
+        {"--south 0 --north 0.9", 1},
+        {"--east 20.001", 1},  // a picture of a million rows
+        {"--out /dev/full", 1},
+        {"--out /nowhere/a.png", 1},
+        {"--out /", 1},
+    };
+    for (const auto& [options, code] : rows) {
+        const ToolRun run = render(options);
+        EXPECT_EQ(run.code, code) << options;
+        EXPECT_EQ(run.out, "") << options;
+        EXPECT_EQ(run.err.find("orlek-tiles: "), 0U) << options << run.err;
+    }
+    EXPECT_FALSE(std::filesystem::exists(out));
+
+    dir.write("N01E021.hgt.zip", archiveOf(std::string(2884802, '\0')).substr(0, 1000));
+    const ToolRun run = render("--width 200");
+    EXPECT_EQ(run.code, 1);
+    EXPECT_NE(run.err.find("N01E021.hgt.zip: truncated data: "), std::string::npos) << run.err;
+    EXPECT_TRUE(isHatch(readPng(out).at(150, 50)));
+}
+
+}  // namespace

@@ -1,0 +1,29 @@
+// Areas of the globe, and those that tiles cover.
+#pragma once
+
+#include <optional>
+
+#include "Arguments.h"
+#include "Inventory.h"
+
+namespace OrlekTiles {
+
+/// Between two parallels and two meridians, in degrees.
+struct Area {
+    double south = 0.0;
+    double west = 0.0;
+    double north = 0.0;
+    double east = 0.0;
+};
+
+/// What a tile covers of its cell.
+Area areaOf(const TileFile& file);
+
+bool overlap(const Area& a, const Area& b);
+
+/// The area of --south, --west, --north and --east; a bound that is not given is that of all tiles
+/// that the library takes. Throws UsageError when a bound is no number on the globe or they are the
+/// wrong way round, std::runtime_error when no tile lies within.
+Area chosenArea(const Arguments& arguments, const Inventory& inventory);
+
+}  // namespace OrlekTiles
