@@ -4,6 +4,7 @@
 #include <Orlek/Misc/Timer.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
 #include <climits>
 #include <cmath>
@@ -80,18 +81,21 @@ TEST(Mutex, IsRecursiveAndCopiesHaveLocksOfTheirOwn) {
     mutex.unlock();
     EXPECT_TRUE(freeForOthers(mutex));
 
-    int sum = 0;
-    const auto addUp = [&] {
-        for (int i = 0; i < 100'000; ++i) {
-            mutex.lock();
-            ++sum;
-            mutex.unlock();
-        }
-    };
-    std::thread other(addUp);
-    addUp();
+    mutex.lock();
+    std::atomic<int> step = 0;
+    std::thread other([&] {
+        ++step;
+        mutex.lock();
+        ++step;
+        mutex.unlock();
+    });
+    while (step == 0) {
+    }
+    sleepMs(20);
+    EXPECT_EQ(step, 1) << "the thread did not wait";
+    mutex.unlock();
     other.join();
-    EXPECT_EQ(sum, 200'000) << "a thread did not wait for the other";
+    EXPECT_EQ(step, 2);
 }
 
 TEST(StringHelpers, CountAndSections) {

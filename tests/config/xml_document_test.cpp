@@ -116,7 +116,7 @@ TEST(XmlDocument, ReadsAndWritesWhatTinyXmlDoes) {
         "<?xml version=\"1.0\"?>\r\n<a b='\"' c=\"&#x41;&#xE4;\xC3\xA4'\">\r\n x &amp; y\r</a>\n",
         "\xEF\xBB\xBF<a b='\xC3\xA4'>\xE2\x82\xAC</a>",
         "<?xml version='1.0' encoding='ISO-8859-1'?><a b='\xE4'>\xE4&#228;</a>",
-        "<?xml-stylesheet href='a'?><!DOCTYPE a><!-- \n <b> --><a><b/>text<b>one</b><![CDATA[<x>]]>"
+        "<?xml-stylesheet href='a'?><!DOCTYPE a><!-- \r <b> --><a><b/>text<b>one</b><![CDATA[<x>]]>"
         "<!-- c --><?php ?></a><b><![CDATA[]]></b>",
         "<a b=c d = 'e'  >&bogus; &lt;&#60;<b></b ></a >\n\n",
     };

@@ -85,6 +85,8 @@ TEST(ZipDamage, RefusesSizesThatCannotBeTrue) {
         EXPECT_EQ(captureStdout([&] { EXPECT_EQ(firstOf(path), row.content) << row.what; }), "");
         EXPECT_EQ(ZipFile(path).getFiles().size(), 1U) << row.what;
     }
+    const std::string two = archive(described) + std::string(12, 'd') + archive(entryOf());
+    EXPECT_EQ(ZipFile(dir.write("two.zip", two)).getFiles().size(), 2U) << "behind a descriptor";
 }
 
 TEST(ZipDamage, TakesNamesAndExtraFieldsOfAnyLength) {
