@@ -14,9 +14,9 @@ Usage: ./test.sh [release|asan|tsan|fuzz|style]...
 Without arguments all of them run, in this order:
   style    formatting, headers, who includes whom
   release  every test, optimised build
-  asan     every test under the address and undefined-behaviour sanitizers
+  asan     every test under the address and undefined-behaviour sanitizers (clang)
   tsan     the tests with threads under the thread sanitizer
-  fuzz     each fuzz target for some seconds, from its corpus (clang)
+  fuzz     each fuzz target for some seconds, from its corpus, in the build of asan
 ORLEK_DATA_DIR names the folder of real elevation tiles (default ../shared/data); without it the
 tests say which cases they leave out.
 TEXT
@@ -28,7 +28,8 @@ install_packages $run_packages $test_packages
 
 # The sanitizer guesses where the storage of threads lies that a driver's modules use, and crashes in
 # the search for leaks when it guesses wrong; it finds the leaks without.
-export ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1:intercept_tls_get_addr=0
+# addr2line, which comes with every compiler, names the lines where clang's own program is missing.
+export ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1:intercept_tls_get_addr=0:allow_addr2line=1
 export UBSAN_OPTIONS=print_stacktrace=1
 export LIBGL_ALWAYS_SOFTWARE=1
 mkdir -p build
@@ -61,9 +62,9 @@ for step in "$@"; do
   case "$step" in
     style) style ;;
     release) build release --target all all_verify_interface_header_sets; run release ;;
-    asan) build asan --target orlek_tests; run asan ;;
+    asan) build asan --target orlek_tests; run asan -LE fuzz ;;
     tsan) build tsan --target orlek_threads; run tsan -L threads ;;
-    fuzz) build fuzz; run fuzz ;;
+    fuzz) build asan --target orlek_fuzz_targets; run asan -L fuzz ;;
     *) echo "test.sh: unknown step $step (see ./test.sh --help)" >&2; exit 1 ;;
   esac
 done

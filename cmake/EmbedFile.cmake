@@ -7,10 +7,10 @@ file(WRITE "${OUTPUT}"
 
 namespace Orlek::Detail {
 namespace {
-constexpr char bytes[] = {
+constexpr char ${SYMBOL}_bytes[] = {
 ${bytes}
 };
 }  // namespace
-constinit const std::string_view ${SYMBOL}{bytes, sizeof bytes};
+constinit const std::string_view ${SYMBOL}{${SYMBOL}_bytes, sizeof ${SYMBOL}_bytes};
 }  // namespace Orlek::Detail
 ")

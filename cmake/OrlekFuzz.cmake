@@ -1,6 +1,8 @@
 # orlek_fuzz(name): fuzz/<name>.cpp with the corpus fuzz/corpus/<name> and, where there is one, the
 # dictionary fuzz/<name>.dict. With ORLEK_BUILD_FUZZ it is a libFuzzer program; otherwise the same
-# source is a test that replays the corpus.
+# source is a test that replays the corpus. The target orlek_fuzz_targets builds all of them.
+add_custom_target(orlek_fuzz_targets)
+
 function(orlek_fuzz name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LIBS")
   set(corpus "${CMAKE_CURRENT_SOURCE_DIR}/corpus/${name}")
@@ -9,6 +11,7 @@ function(orlek_fuzz name)
     "${PROJECT_SOURCE_DIR}/fuzz" "${PROJECT_SOURCE_DIR}/tests")
   target_link_libraries(fuzz_${name} PRIVATE orlek_compiler orlek_objects ${arg_LIBS})
   if(ORLEK_BUILD_FUZZ)
+    target_compile_options(fuzz_${name} PRIVATE -fsanitize=fuzzer-no-link)
     target_link_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
     set(dictionary "${CMAKE_CURRENT_SOURCE_DIR}/${name}.dict")
     if(EXISTS "${dictionary}")
@@ -24,5 +27,6 @@ function(orlek_fuzz name)
     add_test(NAME fuzz_${name} COMMAND fuzz_${name} "${corpus}")
     add_dependencies(orlek_tests fuzz_${name})
   endif()
+  add_dependencies(orlek_fuzz_targets fuzz_${name})
   set_tests_properties(fuzz_${name} PROPERTIES LABELS fuzz TIMEOUT 300)
 endfunction()

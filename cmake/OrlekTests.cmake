@@ -5,6 +5,27 @@ find_package(GTest REQUIRED)
 add_custom_target(orlek_tests)
 add_custom_target(orlek_threads)
 
+# What every test includes is compiled once, with the options of the tests. It takes longer than the
+# rest of most of them.
+file(CONFIGURE OUTPUT "${CMAKE_CURRENT_BINARY_DIR}/test_headers.cpp" CONTENT "")
+add_library(orlek_test_headers OBJECT "${CMAKE_CURRENT_BINARY_DIR}/test_headers.cpp")
+set_target_properties(orlek_test_headers PROPERTIES POSITION_INDEPENDENT_CODE OFF)
+target_compile_options(orlek_test_headers PRIVATE -fPIE -O0)
+target_link_libraries(orlek_test_headers PRIVATE orlek_compiler GTest::gtest)
+target_precompile_headers(orlek_test_headers PRIVATE <gtest/gtest.h> <algorithm> <array> <cmath>
+  <cstdint> <filesystem> <fstream> <functional> <map> <random> <sstream> <string> <vector>)
+
+# A source with options of its own, which do not fit the compiled headers, parses them itself.
+function(orlek_skip_test_headers name)
+  get_target_property(sources ${name} SOURCES)
+  foreach(source IN LISTS sources)
+    get_source_file_property(options "${source}" COMPILE_OPTIONS)
+    if(options)
+      set_source_files_properties("${source}" PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
+    endif()
+  endforeach()
+endfunction()
+
 function(orlek_add_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "GL" "" "SOURCES;LIBS;LABELS")
   add_executable(${name} ${arg_SOURCES})
@@ -14,6 +35,10 @@ function(orlek_add_test name)
   # The library is tested as it ships; optimising the tests themselves would only double the time
   # that they take to build.
   target_compile_options(${name} PRIVATE -O0)
+  target_precompile_headers(${name} REUSE_FROM orlek_test_headers)
+  cmake_language(EVAL CODE "cmake_language(DEFER CALL orlek_skip_test_headers ${name})")
+  # Tests of different things use the same short names.
+  set_target_properties(${name} PROPERTIES UNITY_BUILD OFF)
   if(arg_GL)
     target_link_libraries(${name} PRIVATE orlek_support)
     list(APPEND arg_LABELS gl)

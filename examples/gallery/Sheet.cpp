@@ -20,7 +20,7 @@ constexpr float captionHeight = 46.0F;
 constexpr float magnification = 6.0F;
 
 const Colour background(0.055F, 0.071F, 0.094F, 1.0F);
-const Colour frame(0.20F, 0.25F, 0.32F, 1.0F);
+const Colour frameColour(0.20F, 0.25F, 0.32F, 1.0F);
 
 void setClearColour(const Colour& colour) {
     glClearColor(colour.x, colour.y, colour.z, colour.w);
@@ -86,7 +86,7 @@ Sheet::Sheet(const std::string& title, const std::string& subtitle, int columns,
     load(mTitle, "DejaVuSans-Bold.ttf", 26, white);
     load(mCode, "DejaVuSansMono.ttf", 12, white);
     load(mNote, "DejaVuSans.ttf", 12, grey);
-    mFrames.setColor(frame);
+    mFrames.setColor(frameColour);
     mMarks.setColor(red);
     mRule.addVertex(Point(margin, pageHeight - 33.0F));
     mRule.addVertex(Point(margin + 6.0F, pageHeight - 33.0F));

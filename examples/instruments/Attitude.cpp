@@ -8,7 +8,7 @@ namespace Instruments {
 
 namespace {
 
-constexpr float unitsPerDegree = 9.0F;
+constexpr float unitsPerPitchDegree = 9.0F;
 constexpr double ladderReach = 17.0;  // degrees above and below the symbol
 constexpr float bankRadius = 196.0F;  // its ends stay between the tapes
 constexpr float beyond = 1200.0F;
@@ -39,7 +39,7 @@ float halfLength(int step) {
 void drawLadder(Canvas& canvas, double pitchDeg) {
     Points rungs;
     for (int step = -24; step <= 24; ++step) {
-        const float y = static_cast<float>(step) * 2.5F * unitsPerDegree;
+        const float y = static_cast<float>(step) * 2.5F * unitsPerPitchDegree;
         if (step == 0 || std::abs(step * 2.5 - pitchDeg) > ladderReach) {
             continue;
         }
@@ -102,7 +102,7 @@ void drawAttitude(Canvas& canvas, const FlightState& state, const Box& box, Poin
     canvas.clip(box);
     {
         const Placed tilted(centre, -bank);
-        const Placed shifted({0, -static_cast<float>(state.pitchDeg) * unitsPerDegree});
+        const Placed shifted({0, -static_cast<float>(state.pitchDeg) * unitsPerPitchDegree});
         drawSkyAndGround(canvas);
         drawLadder(canvas, state.pitchDeg);
     }

@@ -5,7 +5,6 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
-#include <numbers>
 
 namespace Instruments {
 
@@ -13,7 +12,6 @@ namespace {
 
 using Rgb = std::array<double, 3>;
 
-constexpr double radian = std::numbers::pi / 180.0;
 constexpr double fieldOfView = 56.0 * radian;
 constexpr double metresPerFoot = 0.3048;
 constexpr double groundFt = 900.0;

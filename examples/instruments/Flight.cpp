@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace Instruments {
 
@@ -16,7 +15,6 @@ constexpr double metresPerMile = 1852.0;
 constexpr double metresPerSecondOfKnot = metresPerMile / 3600.0;
 constexpr double gravity = 9.81;
 constexpr double feetPerMetre = 3.28084;
-constexpr double radian = std::numbers::pi / 180.0;
 constexpr double trackCourse = -1.0;
 
 struct Order {

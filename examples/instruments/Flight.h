@@ -1,9 +1,12 @@
 // A synthetic flight of five minutes: climb, turns, a course intercepted and tracked, descent.
 #pragma once
 
+#include <numbers>
 #include <vector>
 
 namespace Instruments {
+
+constexpr double radian = std::numbers::pi / 180.0;  ///< Of one degree.
 
 /// What the instruments show at one moment.
 struct FlightState {

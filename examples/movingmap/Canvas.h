@@ -10,6 +10,8 @@
 
 namespace MovingMap {
 
+constexpr double platePad = 10.0;  ///< From the edge of a plate to its text, for a unit of 1.
+
 /// Strokes, fills and texts for a picture of one size. Needs the GL context.
 struct Canvas {
     Canvas(const std::string& fontFile, double scale, const Style& wanted)

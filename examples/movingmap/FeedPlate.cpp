@@ -9,7 +9,6 @@ namespace MovingMap {
 namespace {
 
 constexpr double lineHeight = 20.0;
-constexpr double pad = 10.0;
 constexpr double gap = 6.0;
 
 }  // namespace
@@ -17,9 +16,9 @@ constexpr double gap = 6.0;
 Box feedBox(const Canvas& canvas, const Box& above, const Live& live) {
     const double unit = canvas.unit;
     double width = above.high.x - above.low.x;
-    double height = 1.5 * pad * unit;
+    double height = 1.5 * platePad * unit;
     for (const LiveNote& note : notesOf(live)) {
-        width = std::max(width, canvas.small.width(note.text) + 2.0 * pad * unit);
+        width = std::max(width, canvas.small.width(note.text) + 2.0 * platePad * unit);
         height += lineHeight * unit;
     }
     const double top = above.low.y - gap * unit;
@@ -28,9 +27,9 @@ Box feedBox(const Canvas& canvas, const Box& above, const Live& live) {
 
 void drawFeed(Canvas& canvas, const Box& box, const Live& live) {
     canvas.fill.rect(box.low, box.high, plate);
-    double y = box.high.y - pad * canvas.unit - canvas.small.capHeight();
+    double y = box.high.y - platePad * canvas.unit - canvas.small.capHeight();
     for (const LiveNote& note : notesOf(live)) {
-        canvas.small.add(note.text, Point(box.low.x + pad * canvas.unit, y), Align::left,
+        canvas.small.add(note.text, Point(box.low.x + platePad * canvas.unit, y), Align::left,
                          note.colour);
         y -= lineHeight * canvas.unit;
     }

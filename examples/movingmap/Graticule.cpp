@@ -11,16 +11,16 @@ namespace MovingMap {
 
 namespace {
 
-struct Bounds {
+struct Extremes {
     double low;
     double high;
 };
 
-Bounds boundsOf(const MapView& view, double Position::*axis) {
+Extremes boundsOf(const MapView& view, double Position::*axis) {
     const Point size = view.size();
     const std::array<Point, 4> corners = {Point(0.0, 0.0), Point(size.x, 0.0), size,
                                           Point(0.0, size.y)};
-    Bounds bounds{1e9, -1e9};
+    Extremes bounds{1e9, -1e9};
     for (const Point& corner : corners) {
         const double value = view.toPosition(corner).*axis;
         bounds.low = std::min(bounds.low, value);
@@ -96,8 +96,8 @@ std::vector<Box> drawGraticule(Canvas& canvas, const MapView& view, const Box& a
     const double leastPixels = 150.0 * canvas.unit;
     const double step =
         graticuleMinutes(leastPixels * view.metresPerPixel() / metresPerMile) / 60.0;
-    const Bounds lats = boundsOf(view, &Position::lat);
-    const Bounds lons = boundsOf(view, &Position::lon);
+    const Extremes lats = boundsOf(view, &Position::lat);
+    const Extremes lons = boundsOf(view, &Position::lon);
     for (double lat = std::ceil(lats.low / step) * step; lat <= lats.high; lat += step) {
         const Point a = view.toScreen({lat, lons.low});
         const Point b = view.toScreen({lat, lons.high});

@@ -7,7 +7,6 @@ namespace MovingMap {
 
 namespace {
 
-constexpr double pad = 10.0;
 constexpr double longest = 170.0;
 
 double barM(const Canvas& canvas, const MapView& view) {
@@ -25,14 +24,14 @@ double roundLength(double most) {
 
 Box scaleBarBox(const Canvas& canvas, const MapView& view, Point at) {
     const double width = barM(canvas, view) / view.metresPerPixel();
-    return {at, Point(at.x + width + 2.0 * pad * canvas.unit, at.y + 38.0 * canvas.unit)};
+    return {at, Point(at.x + width + 2.0 * platePad * canvas.unit, at.y + 38.0 * canvas.unit)};
 }
 
 void drawScaleBar(Canvas& canvas, const MapView& view, const Box& box) {
     const double unit = canvas.unit;
-    const Point left(std::round(box.low.x + pad * unit) + 0.5,
-                     std::round(box.low.y + pad * unit) + 0.5);
-    const Point right(std::round(box.high.x - pad * unit) + 0.5, left.y);
+    const Point left(std::round(box.low.x + platePad * unit) + 0.5,
+                     std::round(box.low.y + platePad * unit) + 0.5);
+    const Point right(std::round(box.high.x - platePad * unit) + 0.5, left.y);
     const Point middle((left.x + right.x) / 2.0, left.y);
     const Point up(0.0, 6.0 * unit);
     canvas.fill.rect(box.low, box.high, plate);

@@ -9,7 +9,6 @@ namespace {
 
 constexpr double plateHeight = 30.0;
 constexpr double margin = 10.0;
-constexpr double pad = 10.0;
 
 Box topBox(const Canvas& canvas, Point size, double left, double width) {
     const double top = size.y - margin * canvas.unit;
@@ -29,13 +28,13 @@ std::string modeText(const Scene& scene, DistanceUnit unit) {
 
 Box headingBox(const Canvas& canvas, Point size) {
     const double width =
-        canvas.small.width("HDG ") + canvas.large.width("000\xB0") + 2.0 * pad * canvas.unit;
+        canvas.small.width("HDG ") + canvas.large.width("000\xB0") + 2.0 * platePad * canvas.unit;
     return topBox(canvas, size, (size.x - width) / 2.0, width);
 }
 
 void drawHeading(Canvas& canvas, const Box& box, const Scene& scene) {
-    const double left = box.low.x + pad * canvas.unit;
-    const double right = box.high.x - pad * canvas.unit;
+    const double left = box.low.x + platePad * canvas.unit;
+    const double right = box.high.x - platePad * canvas.unit;
     canvas.fill.rect(box.low, box.high, plate);
     canvas.small.add("HDG", Point(left, baseline(box, canvas.large)), Align::left, grey);
     const bool known = scene.ownState != OwnShipState::unknown;
@@ -45,7 +44,7 @@ void drawHeading(Canvas& canvas, const Box& box, const Scene& scene) {
 }
 
 Box modeBox(const Canvas& canvas, Point size) {
-    const double width = canvas.small.width("HEADING UP   000.0 NM") + 2.0 * pad * canvas.unit;
+    const double width = canvas.small.width("HEADING UP   000.0 NM") + 2.0 * platePad * canvas.unit;
     return topBox(canvas, size, margin * canvas.unit, width);
 }
 

@@ -1,6 +1,7 @@
 #include <Orlek/OpenGL/TextureTerrain.h>
 
 #include "rendering/context/DrawPass.h"
+#include "rendering/context/ProgramNumbers.h"
 #include "rendering/geometry/ImageBlock.h"
 #include "rendering/geometry/Positions.h"
 #include "rendering/gl/Mesh.h"
@@ -11,8 +12,7 @@ namespace Orlek::OpenGL {
 
 namespace {
 
-constexpr const char* label = "TextureTerrain";
-constexpr unsigned terrainProgram = 4;
+constexpr const char* terrainLabel = "TextureTerrain";
 
 unsigned nameOf(const std::shared_ptr<Detail::Texture>& texture) {
     return texture == nullptr ? 0 : texture->name();
@@ -50,7 +50,7 @@ void TextureTerrain::clear() {
 void TextureTerrain::replaceTexture(std::shared_ptr<Detail::Texture>& texture,
                                     const Detail::TextureRecipe& recipe,
                                     const Detail::TextureImage& image) {
-    if (image.pixels == nullptr || !Detail::replaceTexture(texture, recipe, image, label)) {
+    if (image.pixels == nullptr || !Detail::replaceTexture(texture, recipe, image, terrainLabel)) {
         return;
     }
     mWidth = static_cast<unsigned>(image.width);
@@ -128,7 +128,7 @@ void TextureTerrain::render() {
     if (mMesh == nullptr) {
         return;
     }
-    Detail::DrawPass pass(label, terrainProgram);
+    Detail::DrawPass pass(terrainLabel, Detail::terrainProgram);
     pass.set("color", mColor);
     pass.set("shadingOn", mShading && mTextureNormal != nullptr ? 1 : 0);
     if (mShading) {

@@ -1,6 +1,7 @@
 #include <Orlek/OpenGL/Circle.h>
 
 #include "rendering/context/DrawPass.h"
+#include "rendering/context/ProgramNumbers.h"
 #include "rendering/geometry/Shapes.h"
 #include "rendering/gl/Mesh.h"
 #include "rendering/gl/Names.h"
@@ -9,9 +10,7 @@ namespace Orlek::OpenGL {
 
 namespace {
 
-constexpr unsigned oneColorProgram = 2;
-
-constexpr Detail::UploadLabels labels{
+constexpr Detail::UploadLabels circleLabels{
     .first = {.generate = "glGenVertexArrays",
               .bind = "glBindVertexArray",
               .streams = {{{"glGenBuffers", "glBindBuffer", "glBufferData", "glVertexAttribPointer",
@@ -49,7 +48,7 @@ void Circle::clear() {
 
 void Circle::setData() {
     const Detail::Stream streams[] = {Detail::streamOf(Detail::Attribute::Vertex, mVertices)};
-    Detail::syncMesh(mMesh, streams, {}, labels);
+    Detail::syncMesh(mMesh, streams, {}, circleLabels);
     mUploaded = mVertices.size();
     mDirty = false;
 }
@@ -64,7 +63,7 @@ void Circle::render() {
     if (mMesh == nullptr) {
         return;
     }
-    Detail::DrawPass pass("Circle", oneColorProgram, Detail::ErrorReports::EachStep);
+    Detail::DrawPass pass("Circle", Detail::oneColorProgram, Detail::ErrorReports::EachStep);
     pass.set("color", mColor);
     pass.bind(*mMesh);
     pass.blend();

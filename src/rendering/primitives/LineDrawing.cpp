@@ -3,6 +3,7 @@
 #include <Orlek/OpenGL/GlHandler.h>
 #include <Orlek/OpenGL/MatrixStack.h>
 
+#include "rendering/context/ProgramNumbers.h"
 #include "rendering/geometry/Adjacency.h"
 #include "rendering/geometry/LineMeasure.h"
 
@@ -67,8 +68,6 @@ void updatePositions(Mesh& mesh, const std::vector<Math::Vector3<float>>& vertic
 
 void drawLines(const LineRecipe& recipe, const LineStyle& style, const Mesh& mesh,
                std::size_t count, LineColor color) {
-    constexpr unsigned vertexColorProgram = 1;
-    constexpr unsigned oneColorProgram = 2;
     DrawPass pass(recipe.label,
                   color == LineColor::EachVertex ? vertexColorProgram : oneColorProgram);
     setUniforms(pass, recipe, style, color);

@@ -12,9 +12,9 @@ namespace Orlek::OpenGL {
 
 namespace {
 
-constexpr auto restartIndex = static_cast<std::uint32_t>(LineLoops::RESTART_INDEX);
-constexpr Detail::LineRecipe recipe{
-    .label = "LineLoops", .mode = Detail::DrawMode::LineStripAdjacency, .restart = restartIndex};
+constexpr auto loopRestart = static_cast<std::uint32_t>(LineLoops::RESTART_INDEX);
+constexpr Detail::LineRecipe loopRecipe{
+    .label = "LineLoops", .mode = Detail::DrawMode::LineStripAdjacency, .restart = loopRestart};
 
 // The change of the view scale from which on stippled lines are measured anew.
 constexpr double scaleStep = 0.001;
@@ -38,7 +38,7 @@ void LineLoops::appendLoop(const std::vector<Vector>& points) {
         mPoints.append(Detail::toPosition(point));
     }
     mPoints.append(Detail::toPosition(points.front()));
-    mPoints.restart(restartIndex);
+    mPoints.restart(loopRestart);
     mDirty = true;
     mLoopClosed = true;
 }
@@ -113,12 +113,12 @@ Detail::IndexedPoints LineLoops::closedPoints() const {
 
 void LineLoops::setData(double scale) {
     if (mDirty || mMesh == nullptr) {
-        Detail::uploadStrips(mMesh, recipe, closedPoints());
+        Detail::uploadStrips(mMesh, loopRecipe, closedPoints());
         mDirty = false;
     } else if (mStyle.stipple != 0 && std::abs(scale - mLastScale) > scaleStep) {
         mLastScale = scale;
         if (mMesh.use_count() > 1) {
-            Detail::uploadStrips(mMesh, recipe, closedPoints());
+            Detail::uploadStrips(mMesh, loopRecipe, closedPoints());
         } else {
             Detail::updatePositions(*mMesh, closedPoints().vertices);
         }
@@ -131,7 +131,7 @@ void LineLoops::render(double scale) {
     }
     setData(scale);
     if (mMesh != nullptr) {
-        Detail::drawLines(recipe, mStyle, *mMesh, mMesh->indexCount());
+        Detail::drawLines(loopRecipe, mStyle, *mMesh, mMesh->indexCount());
     }
 }
 

@@ -9,7 +9,7 @@ namespace Orlek::OpenGL {
 
 namespace {
 
-constexpr Detail::LineRecipe recipe{
+constexpr Detail::LineRecipe stripRecipe{
     .label = "LineStrips",
     .mode = Detail::DrawMode::LineStripAdjacency,
     .restart = static_cast<std::uint32_t>(LineStrips::RESTART_INDEX),
@@ -27,15 +27,15 @@ LineStrips::~LineStrips() {
 }
 
 void LineStrips::addLineStrip(std::vector<Math::Vector2<float>> points) {
-    mStrips.addStrip(recipe, points);
+    mStrips.addStrip(stripRecipe, points);
 }
 
 void LineStrips::addLineStrip(std::vector<Math::Vector3<float>> points) {
-    mStrips.addStrip(recipe, points);
+    mStrips.addStrip(stripRecipe, points);
 }
 
 void LineStrips::addLineStrip(std::vector<Math::Vector4<float>> points) {
-    mStrips.addStrip(recipe, points);
+    mStrips.addStrip(stripRecipe, points);
 }
 
 void LineStrips::addVertex(Math::Vector2<float> position) {
@@ -67,7 +67,7 @@ void LineStrips::setUseMultiColor(bool on) {
 }
 
 void LineStrips::setRect(unsigned int width, unsigned int height) {
-    mStrips.setRect(recipe, width, height);
+    mStrips.setRect(stripRecipe, width, height);
 }
 
 void LineStrips::clearVertex() {
@@ -95,7 +95,7 @@ void LineStrips::setStipple(unsigned short pattern) {
 }
 
 void LineStrips::render(int count) {
-    mStrips.render(recipe, count);
+    mStrips.render(stripRecipe, count);
 }
 
 }  // namespace Orlek::OpenGL

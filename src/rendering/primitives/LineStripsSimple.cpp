@@ -9,7 +9,7 @@ namespace Orlek::OpenGL {
 
 namespace {
 
-constexpr Detail::LineRecipe recipe{
+constexpr Detail::LineRecipe simpleStripRecipe{
     .label = "LineStripsSimple",
     .mode = Detail::DrawMode::LineStrip,
     .restart = static_cast<std::uint32_t>(LineStripsSimple::RESTART_INDEX),
@@ -27,15 +27,15 @@ LineStripsSimple::~LineStripsSimple() {
 }
 
 void LineStripsSimple::addLineStrip(std::vector<Math::Vector2<float>> points) {
-    mStrips.addStrip(recipe, points);
+    mStrips.addStrip(simpleStripRecipe, points);
 }
 
 void LineStripsSimple::addLineStrip(std::vector<Math::Vector3<float>> points) {
-    mStrips.addStrip(recipe, points);
+    mStrips.addStrip(simpleStripRecipe, points);
 }
 
 void LineStripsSimple::addLineStrip(std::vector<Math::Vector4<float>> points) {
-    mStrips.addStrip(recipe, points);
+    mStrips.addStrip(simpleStripRecipe, points);
 }
 
 void LineStripsSimple::addVertex(Math::Vector2<float> position) {
@@ -67,7 +67,7 @@ void LineStripsSimple::setUseMultiColor(bool on) {
 }
 
 void LineStripsSimple::setRect(unsigned int width, unsigned int height) {
-    mStrips.setRect(recipe, width, height);
+    mStrips.setRect(simpleStripRecipe, width, height);
 }
 
 void LineStripsSimple::clearVertex() {
@@ -95,7 +95,7 @@ void LineStripsSimple::setStipple(unsigned short pattern) {
 }
 
 void LineStripsSimple::render(int count) {
-    mStrips.render(recipe, count);
+    mStrips.render(simpleStripRecipe, count);
 }
 
 }  // namespace Orlek::OpenGL

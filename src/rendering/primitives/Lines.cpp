@@ -9,7 +9,7 @@ namespace Orlek::OpenGL {
 
 namespace {
 
-constexpr Detail::LineRecipe recipe{.label = "Lines", .mode = Detail::DrawMode::Lines};
+constexpr Detail::LineRecipe lineRecipe{.label = "Lines", .mode = Detail::DrawMode::Lines};
 
 }  // namespace
 
@@ -75,7 +75,7 @@ void Lines::render() {
         mDirty = false;
     }
     if (mMesh != nullptr) {
-        Detail::drawLines(recipe, mStyle, *mMesh, mVertices.size());
+        Detail::drawLines(lineRecipe, mStyle, *mMesh, mVertices.size());
     }
 }
 

@@ -1,5 +1,6 @@
 #include <Orlek/OpenGL/Polygon.h>
 
+#include "rendering/context/ProgramNumbers.h"
 #include "rendering/gl/Mesh.h"
 #include "rendering/gl/Names.h"
 #include "rendering/primitives/Fill.h"
@@ -8,8 +9,7 @@ namespace Orlek::OpenGL {
 
 namespace {
 
-constexpr const char* label = "Polygon";
-constexpr unsigned stippleProgram = 11;
+constexpr const char* polygonLabel = "Polygon";
 
 }  // namespace
 
@@ -61,7 +61,7 @@ void Polygon::render() {
     if (mMesh == nullptr) {
         return;
     }
-    Detail::DrawPass pass(label, stippleProgram);
+    Detail::DrawPass pass(polygonLabel, Detail::stippleProgram);
     Detail::setFill(pass, mColor, mStipple);
     pass.bind(*mMesh);
     pass.blend();

@@ -1,6 +1,7 @@
 #include <Orlek/OpenGL/Texture.h>
 
 #include "rendering/context/DrawPass.h"
+#include "rendering/context/ProgramNumbers.h"
 #include "rendering/geometry/ImageBlock.h"
 #include "rendering/geometry/Positions.h"
 #include "rendering/geometry/Shapes.h"
@@ -14,10 +15,9 @@ namespace Orlek::OpenGL {
 
 namespace {
 
-constexpr const char* label = "Texture";
-constexpr unsigned texturedProgram = 3;
+constexpr const char* textureLabel = "Texture";
 constexpr unsigned rgba = 0x1908;
-constexpr auto restartIndex = static_cast<std::uint32_t>(Texture::RESTART_INDEX);
+constexpr auto quadRestart = static_cast<std::uint32_t>(Texture::RESTART_INDEX);
 
 }  // namespace
 
@@ -30,7 +30,7 @@ void Texture::load(const unsigned char* pixels, unsigned width, unsigned height,
     const Detail::TextureRecipe recipe{
         .storage = Detail::Storage::CompressedRgba, .mipmaps = mUseMipMaps, .wrap = mWrapMode};
     if (pixels == nullptr ||
-        !Detail::replaceTexture(mTexture, recipe, {pixels, width, height, format}, label)) {
+        !Detail::replaceTexture(mTexture, recipe, {pixels, width, height, format}, textureLabel)) {
         return;
     }
     Detail::releaseShare(mMesh);
@@ -58,7 +58,7 @@ unsigned Texture::createTexture(const void* image) {
     Detail::clearErrors();
     std::shared_ptr<Detail::Texture> texture;
     Detail::replaceTexture(texture, {.wrap = Detail::repeat},
-                           {block.pixels, block.width, block.height, rgba}, label);
+                           {block.pixels, block.width, block.height, rgba}, textureLabel);
     Detail::clearErrors();
     return texture == nullptr ? 0 : texture->detach();
 }
@@ -70,7 +70,7 @@ void Texture::appendStrip(const std::vector<Vector>& positions,
         mPoints.append(Detail::toPosition(position));
     }
     mUVs.insert(mUVs.end(), uvs.begin(), uvs.end());
-    mPoints.restart(restartIndex);
+    mPoints.restart(quadRestart);
     mDirty = true;
 }
 
@@ -140,8 +140,8 @@ void Texture::render() {
     if (mDirty || mMesh == nullptr) {
         setData();
     }
-    Detail::DrawPass pass(label, texturedProgram);
-    pass.restart(restartIndex);
+    Detail::DrawPass pass(textureLabel, Detail::texturedProgram);
+    pass.restart(quadRestart);
     pass.set("color", mColor);
     pass.bind(*mMesh);
     pass.texture(mTexture->name());

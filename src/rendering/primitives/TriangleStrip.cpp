@@ -1,5 +1,6 @@
 #include <Orlek/OpenGL/TriangleStrip.h>
 
+#include "rendering/context/ProgramNumbers.h"
 #include "rendering/geometry/Positions.h"
 #include "rendering/geometry/Shapes.h"
 #include "rendering/gl/Mesh.h"
@@ -12,10 +13,7 @@ namespace {
 
 using Detail::Attribute;
 
-constexpr unsigned vertexColorProgram = 1;
-constexpr unsigned stippleProgram = 11;
-
-constexpr Detail::UploadLabels labels{
+constexpr Detail::UploadLabels stripLabels{
     .first = {.generate = "glGenVertexArrays",
               .bind = "glBindVertexArray",
               .streams = {{{.generate = "glGenBuffers",
@@ -90,7 +88,7 @@ void TriangleStrip::clear() {
 void TriangleStrip::setData() {
     const Detail::Stream streams[] = {Detail::streamOf(Attribute::Vertex, mVertices),
                                       Detail::streamOf(Attribute::Color, mColors)};
-    Detail::syncMesh(mMesh, streams, {}, labels);
+    Detail::syncMesh(mMesh, streams, {}, stripLabels);
     mDirty = false;
 }
 
@@ -105,7 +103,8 @@ void TriangleStrip::render() {
         return;
     }
     const bool multiColor = mUseMultiColor && mColors.size() == mVertices.size();
-    Detail::DrawPass pass("TriangleStrip", multiColor ? vertexColorProgram : stippleProgram,
+    Detail::DrawPass pass("TriangleStrip",
+                          multiColor ? Detail::vertexColorProgram : Detail::stippleProgram,
                           Detail::ErrorReports::EachStep);
     Detail::setFill(pass, mColor, mStipple);
     pass.bind(*mMesh);

@@ -1,6 +1,7 @@
 #include <Orlek/OpenGL/Video.h>
 
 #include "rendering/context/DrawPass.h"
+#include "rendering/context/ProgramNumbers.h"
 #include "rendering/geometry/Positions.h"
 #include "rendering/geometry/Shapes.h"
 #include "rendering/gl/Mesh.h"
@@ -12,8 +13,7 @@ namespace Orlek::OpenGL {
 
 namespace {
 
-constexpr const char* label = "Video";
-constexpr unsigned texturedProgram = 3;
+constexpr const char* videoLabel = "Video";
 constexpr unsigned rgb = 0x1907;
 
 // Room for a frame of four bytes a pixel: rows stay aligned for drivers that pad what they read.
@@ -28,7 +28,7 @@ Video::~Video() = default;
 
 void Video::init(unsigned width, unsigned height) {
     if (!Detail::replaceTexture(mTexture, Detail::imageRecipe, {nullptr, width, height, rgb},
-                                label)) {
+                                videoLabel)) {
         return;
     }
     Detail::releaseShare(mMesh);
@@ -97,7 +97,7 @@ void Video::render() {
     if (mDirty || mMesh == nullptr) {
         setData();
     }
-    Detail::DrawPass pass(label, texturedProgram);
+    Detail::DrawPass pass(videoLabel, Detail::texturedProgram);
     pass.set("color", mColor);
     pass.bind(*mMesh);
     pass.texture(mTexture->name());

@@ -55,7 +55,7 @@ private:
     Locations* mLast = nullptr;
 };
 
-Table& programs() {
+Table& programTable() {
     static Table table;
     return table;
 }
@@ -67,15 +67,15 @@ int askDriver(unsigned program, const std::string& name) {
 }  // namespace
 
 void rememberLocations(unsigned program) {
-    programs().add(program);
+    programTable().add(program);
 }
 
 void forgetLocations(unsigned program) {
-    programs().remove(program);
+    programTable().remove(program);
 }
 
 int uniformLocation(unsigned program, std::string_view name) {
-    Locations* const known = programs().find(program);
+    Locations* const known = programTable().find(program);
     if (known == nullptr) {
         return askDriver(program, std::string(name));
     }

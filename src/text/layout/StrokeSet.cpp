@@ -17,9 +17,9 @@ namespace {
 using OpenGL::CHARDEF_STRUCT;
 
 // The lines of the grid: four steps make the width of a capital, six its height.
-constexpr std::array columns{0.0F, 2.231190F, 4.462380F, 6.693570F, 8.924760F, 11.155950F};
-constexpr std::array rows{-4.564097F, -2.282048F, 0.0F,       2.282048F,  4.564097F,
-                          6.846146F,  9.128194F,  11.410242F, 13.692291F, 15.974339F};
+constexpr std::array gridColumns{0.0F, 2.231190F, 4.462380F, 6.693570F, 8.924760F, 11.155950F};
+constexpr std::array gridRows{-4.564097F, -2.282048F, 0.0F,       2.282048F,  4.564097F,
+                              6.846146F,  9.128194F,  11.410242F, 13.692291F, 15.974339F};
 constexpr int lowestRow = -2;
 
 constexpr std::array<CHARDEF_STRUCT, 5> box{
@@ -33,9 +33,9 @@ public:
     constexpr bool atEnd() const { return mText.empty(); }
 
     constexpr CHARDEF_STRUCT next() {
-        const float x = onLines(columns, quarters());
+        const float x = onLines(gridColumns, quarters());
         require(take(","));
-        const float y = onLines(rows, quarters() - 4 * lowestRow);
+        const float y = onLines(gridRows, quarters() - 4 * lowestRow);
         if (atEnd()) {
             return {x, y, 3};
         }

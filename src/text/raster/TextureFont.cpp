@@ -3,6 +3,7 @@
 #include "platform/Report.h"
 #include "rendering/context/DrawPass.h"
 #include "rendering/context/MatrixScope.h"
+#include "rendering/context/ProgramNumbers.h"
 #include "rendering/gl/Names.h"
 #include "rendering/gl/Texture.h"
 #include "text/layout/Anchor.h"
@@ -13,8 +14,7 @@
 namespace Orlek::OpenGL {
 namespace {
 
-constexpr const char* label = "TextureFont";
-constexpr unsigned glyphProgram = 5;
+constexpr const char* fontLabel = "TextureFont";
 constexpr Detail::ShelfRecipe shelves{.shelfWidth = 256, .gap = 3, .padding = 0};
 
 static_assert(TextureFont::MAX_CHAR == Detail::slotCount);
@@ -42,7 +42,7 @@ TextureFont::~TextureFont() {
 
 bool TextureFont::load(const char* fileName, int pixelSize) {
     std::vector<char> bytes;
-    return Detail::readFontFile(label, fileName, bytes) &&
+    return Detail::readFontFile(fontLabel, fileName, bytes) &&
            loadData(fileName, bytes.data(), static_cast<int>(bytes.size()), pixelSize);
 }
 
@@ -80,7 +80,7 @@ void TextureFont::render() {
     if (!Detail::prepareBatch(mText)) {
         return;
     }
-    Detail::DrawPass pass(label, glyphProgram);
+    Detail::DrawPass pass(fontLabel, Detail::glyphProgram);
     pass.set("color", mColor);
     Detail::drawBatch(pass, mText, texture());
 }
@@ -89,7 +89,7 @@ void TextureFont::renderFont(const std::string& text, Alignment align) {
     if (mText.atlasMesh == nullptr) {
         return;
     }
-    Detail::DrawPass pass(label, glyphProgram);
+    Detail::DrawPass pass(fontLabel, Detail::glyphProgram);
     pass.set("color", mColor);
     pass.matrix();
     const Detail::GlyphRun run(mGlyphs.glyphs, text);

@@ -8,6 +8,7 @@
 #include "platform/Report.h"
 #include "rendering/context/DrawPass.h"
 #include "rendering/context/MatrixScope.h"
+#include "rendering/context/ProgramNumbers.h"
 #include "rendering/gl/Names.h"
 #include "rendering/gl/Texture.h"
 #include "text/layout/Anchor.h"
@@ -18,8 +19,7 @@
 namespace Orlek::OpenGL {
 namespace {
 
-constexpr const char* label = "TextureFontSdf";
-constexpr unsigned fieldProgram = 6;
+constexpr const char* fieldFontLabel = "TextureFontSdf";
 
 static_assert(TextureFontSdf::MAX_CHAR == Detail::slotCount);
 static_assert(TextureFontSdf::RESTART_INDEX == Detail::glyphRestart);
@@ -77,7 +77,7 @@ TextureFontSdf::~TextureFontSdf() {
 
 bool TextureFontSdf::load(const char* fileName, int pixelSize) {
     std::vector<char> bytes;
-    return Detail::readFontFile(label, fileName, bytes) &&
+    return Detail::readFontFile(fieldFontLabel, fileName, bytes) &&
            loadData(fileName, bytes.data(), static_cast<int>(bytes.size()), pixelSize);
 }
 
@@ -156,7 +156,7 @@ void TextureFontSdf::render() {
     if (drawableFont() == nullptr || !Detail::prepareBatch(mText)) {
         return;
     }
-    Detail::DrawPass pass(label, fieldProgram);
+    Detail::DrawPass pass(fieldFontLabel, Detail::fieldProgram);
     setColors(pass);
     Detail::drawBatch(pass, mText, texture());
 }
@@ -167,7 +167,7 @@ void TextureFontSdf::renderFont(const std::string& text, Alignment align) {
         (mText.atlasMesh == nullptr && !Detail::uploadQuads(mText, font->mGlyphs))) {
         return;
     }
-    Detail::DrawPass pass(label, fieldProgram);
+    Detail::DrawPass pass(fieldFontLabel, Detail::fieldProgram);
     setColors(pass);
     {
         const Detail::MatrixScope scope;

@@ -4,6 +4,7 @@
 
 #include "rendering/context/DrawPass.h"
 #include "rendering/context/MatrixScope.h"
+#include "rendering/context/ProgramNumbers.h"
 #include "rendering/gl/Mesh.h"
 #include "rendering/gl/Names.h"
 #include "text/layout/BuiltInStrokeSet.h"
@@ -13,8 +14,7 @@
 namespace Orlek::OpenGL {
 namespace {
 
-constexpr const char* label = "VectorFont";
-constexpr unsigned strokeProgram = 7;
+constexpr const char* strokeFontLabel = "VectorFont";
 
 // Uploads the current matrix moved and scaled, and leaves the matrix as it was.
 void placeText(Detail::DrawPass& pass, double x, double y, double scale) {
@@ -83,7 +83,7 @@ void VectorFont::render() {
     if (mBatchMesh == nullptr) {
         return;
     }
-    Detail::DrawPass pass(label, strokeProgram);
+    Detail::DrawPass pass(strokeFontLabel, Detail::strokeProgram);
     pass.restart(RESTART_INDEX);
     pass.set("color", mColor);
     pass.set("offset", Math::Vector3<float>(0.0F, 0.0F, 0.0F));
@@ -102,7 +102,7 @@ void VectorFont::renderFont(double x, double y, const std::string& text, double 
     if (mPointMesh == nullptr) {
         return;
     }
-    Detail::DrawPass pass(label, strokeProgram);
+    Detail::DrawPass pass(strokeFontLabel, Detail::strokeProgram);
     pass.set("color", mColor);
     placeText(pass, x, y, Detail::strokeScale(size));
     pass.smoothLinesFromNowOn(static_cast<float>(mLineWidth));
