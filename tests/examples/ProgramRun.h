@@ -7,6 +7,8 @@
 #include <atomic>
 #include <cstdlib>
 #include <filesystem>
+#include <iterator>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -34,6 +36,11 @@ protected:
         const std::string said = mDir.path("said" + std::to_string(++mRuns));
         const int status = std::system((command + " >" + said + " 2>" + said + ".err").c_str());
         return {WEXITSTATUS(status), wholeText(said), wholeText(said + ".err")};
+    }
+
+    static std::vector<std::string> words(const std::string& line) {
+        std::istringstream stream(line);
+        return {std::istream_iterator<std::string>(stream), {}};
     }
 
     /// What a command draws that must succeed and have nothing to complain about.

@@ -5,19 +5,14 @@
 
 #include <algorithm>
 #include <array>
-#include <atomic>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <string>
 #include <thread>
 #include <vector>
 
-#include "Png.h"
+#include "ProgramRun.h"
 #include "support/OwnNetwork.h"
 #include "support/Process.h"
-#include "support/TempDir.h"
 
 namespace {
 
@@ -41,14 +36,13 @@ void serve(Orlek::Network::SocketTcpServer& server, const std::map<std::string, 
     }
 }
 
-TEST(Fetch, bringsAMapImageOrSaysWhyNot) {
-    const OrlekTest::TempDir dir;
-    std::filesystem::create_directory(dir.path("tiles"));
+using Fetch = OrlekTest::ProgramRun;
+
+TEST_F(Fetch, bringsAMapImageOrSaysWhyNot) {
     OrlekSupport::Image blue(1, 1);
     blue.rgba = {0, 0, 255, 255};
-    OrlekSupport::writePng(dir.path("blue.png"), blue);
-    std::ifstream file(dir.path("blue.png"), std::ios::binary);
-    const std::string png(std::istreambuf_iterator<char>(file), {});
+    OrlekSupport::writePng(mDir.path("blue.png"), blue);
+    const std::string png = OrlekTest::wholeText(mDir.path("blue.png"));
     const std::string page = "<html>no such file</html>";
     const std::map<std::string, std::string> files = {{"/good.png", png},
                                                       {"/page.png", page},
@@ -69,33 +63,24 @@ TEST(Fetch, bringsAMapImageOrSaysWhyNot) {
         {"http://10.9.8.7/far.png", "far.png", ": no answer", false},
         {"http://127.0.0.1/page.png", "new/good.png", ": ", true},
     };
-    std::vector<std::string> arguments{MAP,
-                                       "--width",
-                                       "320",
-                                       "--height",
-                                       "240",
-                                       "--tiles",
-                                       dir.path("tiles"),
-                                       "--map-image",
-                                       dir.path("page.png"),
-                                       "--out",
-                                       dir.path("map.png")};
+    std::string command = MAP " --width 320 --height 240 --map-image " + mDir.path("page.png") +
+                          mNoTiles + "--out " + mDir.path("map.png");
     for (const auto& row : rows) {
-        arguments.insert(arguments.end(), {"--fetch", row.url, dir.path(row.file)});
+        command.append(" --fetch " + row.url + " " + mDir.path(row.file));
     }
     const std::string skipped = OrlekTest::inOwnNetwork([&] {
         Orlek::Network::SocketTcpServer server;
         ASSERT_TRUE(server.init(80));
         std::atomic<bool> stop = false;
         std::thread serving([&] { serve(server, files, stop); });
-        Process drawing(arguments, dir.path("said"));
+        Process drawing(words(command), mDir.path("said"));
         EXPECT_EQ(drawing.wait(), 0) << drawing.output();
         stop = true;
         serving.join();
         server.closeConnection();
         const std::string said = drawing.output();
         for (const auto& [url, name, says, there] : rows) {
-            const std::string path = dir.path(name);
+            const std::string path = mDir.path(name);
             EXPECT_NE(said.find(says.empty() ? "fetched " + path : "cannot fetch " + url + says),
                       std::string::npos)
                 << url << said;

@@ -6,20 +6,16 @@
 #include <sys/socket.h>
 
 #include <array>
-#include <cstdlib>
-#include <filesystem>
-#include <iterator>
+#include <functional>
 #include <limits>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "FeedMessage.h"
 #include "MapView.h"
-#include "Png.h"
+#include "ProgramRun.h"
 #include "RouteFile.h"
 #include "support/Process.h"
-#include "support/TempDir.h"
 #include "traffic/AirTraffic.h"
 
 namespace {
@@ -44,29 +40,21 @@ constexpr int height = 480;
 constexpr int infoHeight = 88;  // Two rows of figures.
 constexpr double fromS = 404.0;
 
-class LiveMap : public testing::Test {
+class LiveMap : public OrlekTest::ProgramRun {
 protected:
-    LiveMap() { std::filesystem::create_directory(mDir.path("tiles")); }
-
     // Aircraft that stand still, so that it is known where they are.
     std::vector<std::string> sender(int tcpPort, int udpPort) const {
-        return words(SENDER " --pace 0 --from 404 --rate 20 --seconds 60 --tcp " +
+        return words(SENDER " --pace 0 --from 404 --rate 20 --seconds 600 --tcp " +
                      std::to_string(tcpPort) + " --udp " + std::to_string(udpPort));
     }
 
     std::vector<std::string> map(const std::string& url) const {
         return words(MAP
-                     " --feed-old 0.25 --frames 400 --feed-seconds 60 --width 640 --height 480 "
-                     "--airspace none --tiles " +
-                     mDir.path("tiles") + " --out " + mDir.path("map.png") + " --feed " + url);
+                     " --feed-old 0.5 --frames 4000 --feed-seconds 600 --width 640 --height 480 "
+                     "--airspace none --out " +
+                     mDir.path("map.png") + mNoTiles + "--feed " + url);
     }
 
-    static std::vector<std::string> words(const std::string& line) {
-        std::istringstream stream(line);
-        return {std::istream_iterator<std::string>(stream), {}};
-    }
-
-    const OrlekTest::TempDir mDir;
     const int mTcpPort = freePort(SOCK_STREAM);
     const int mUdpPort = freePort(SOCK_DGRAM);
 };
@@ -86,15 +74,14 @@ int countNear(const Image& image, Point at, bool (*wanted)(const std::array<int,
     return count;
 }
 
-bool isCyan(const std::array<int, 4>& pixel) {
+using Pixel = std::array<int, 4>;
+bool isCyan(const Pixel& pixel) {
     return pixel[0] < 170 && pixel[1] > 180 && pixel[2] > 200;
 }
-
-bool isYellow(const std::array<int, 4>& pixel) {
+bool isYellow(const Pixel& pixel) {
     return pixel[0] > 220 && pixel[1] > 180 && pixel[2] < 110;
 }
-
-bool isRed(const std::array<int, 4>& pixel) {
+bool isRed(const Pixel& pixel) {
     return pixel[0] > 200 && pixel[1] < 130 && pixel[2] < 120;
 }
 
@@ -116,7 +103,11 @@ std::vector<Point> placesOfTargets() {
 
 const Point ownPlace(width / 2.0, (height + infoHeight) / 2.0);
 
-void expectLive(const Image& image) {
+// The next picture of all traffic, after so many bad messages.
+void expectLiveNext(Process& drawing, const std::string& bad) {
+    const std::string line = drawing.waitForLine("LIVE   12 TARGETS");
+    ASSERT_NE(line.find(": " + bad + " BAD MESSAGES"), std::string::npos) << drawing.output();
+    const Image image = pictureOf(line);
     EXPECT_GT(countNear(image, ownPlace, isYellow), 30);
     const std::vector<Point> places = placesOfTargets();
     ASSERT_GE(places.size(), 3U);
@@ -125,27 +116,53 @@ void expectLive(const Image& image) {
     }
 }
 
-// The next picture of all traffic.
-void expectLiveNext(Process& drawing) {
-    const std::string line = drawing.waitForLine("LIVE   12 TARGETS");
-    ASSERT_NE(line, "") << drawing.output();
-    expectLive(pictureOf(line));
+std::string bytesOf(const FeedMessage& message) {
+    const auto header = headerOf(message);
+    std::string bytes(reinterpret_cast<const char*>(&header), sizeof header);
+    return bytes.append(reinterpret_cast<const char*>(payloadOf(message).data()),
+                        payloadOf(message).size());
 }
 
+// With one value out of its range each.
 std::vector<FeedMessage> badMessages() {
-    OwnShipMessage own;
-    own.lat = std::numeric_limits<double>::quiet_NaN();
-    TargetMessage target;
-    target.setName("no capitals");
-    return {own, target};
+    constexpr float nan = std::numeric_limits<float>::quiet_NaN();
+    const std::function<void(TargetMessage&)> changes[] = {
+        [](auto& m) { m.lat = 85.1; },
+        [](auto& m) { m.lon = nan; },
+        [](auto& m) { m.altitudeFt = -2001.0F; },
+        [](auto& m) { m.trackDeg = 360.5F; },
+        [](auto& m) { m.speedKt = -1.0F; },
+        [](auto& m) { m.verticalFpm = -30001.0F; },
+        [](auto& m) { m.setName(""); },
+        [](auto& m) { m.setName("no capitals"); },
+        [](auto& m) { m.callsign[11] = 'X'; },
+    };
+    std::vector<FeedMessage> messages{OwnShipMessage{36, -84, 5500, nan, 110, 0}};
+    for (const auto& change : changes) {
+        TargetMessage target{36.3, -84.2, 5500.0F, 270.0F, 110.0F, -600.0F, 70, {}};
+        target.setName("HAWK-21");
+        change(target);
+        messages.emplace_back(target);
+    }
+    return messages;
 }
 
-template <typename Send>
-void sendGoodAndBad(Send&& send) {
-    for (const FeedMessage& message : badMessages()) {
-        send(message);
+// The format byte by byte, and what differs from it.
+std::vector<std::string> badDatagrams() {
+    TargetMessage target{36.3, -84.2, 5500.0F, 270.0F, 110.0F, -600.0F, 71, {}};
+    target.setName("HAWK-21");
+    const std::string good = bytesOf(target);
+    EXPECT_EQ(good.substr(24 + 28, 20), std::string("\0\0\x16\xC4G\0\0\0HAWK-21\0\0\0\0\0", 20));
+    std::vector<std::string> datagrams{"", std::string(60000, 'x'), good.substr(0, 23),
+                                       good.substr(0, 71), good + "x"};
+    for (const auto& [at, value] : {std::pair{4, 4}, {8, 1}, {8, 3}, {12, 47}, {15, 255}}) {
+        datagrams.push_back(good);
+        datagrams.back()[static_cast<std::size_t>(at)] = static_cast<char>(value);
     }
-    send(OwnShipMessage{36.3, -84.2, 5500.0F, 90.0F, 110.0F, 0});
+    for (const FeedMessage& message : badMessages()) {
+        datagrams.push_back(bytesOf(message));
+    }
+    return datagrams;
 }
 
 TEST_F(LiveMap, survivesBadDatagramsAndDrawsWhatGoodOnesTell) {
@@ -153,19 +170,11 @@ TEST_F(LiveMap, survivesBadDatagramsAndDrawsWhatGoodOnesTell) {
     ASSERT_NE(drawing.waitForLine("NO DATA YET"), "") << drawing.output();
     Orlek::Network::SocketUdp socket;
     ASSERT_TRUE(socket.openSendSocket(0x7F000001, mUdpPort, 0));
-    socket.write("", 0);
-    socket.write(std::string(60000, 'x').data(), 60000);
-    sendGoodAndBad([&](const FeedMessage& message) {
-        const auto header = headerOf(message);
-        std::string datagram(reinterpret_cast<const char*>(&header), sizeof header);
-        datagram.append(reinterpret_cast<const char*>(payloadOf(message).data()),
-                        payloadOf(message).size());
-        socket.write(datagram.data(), static_cast<unsigned int>(datagram.size()));
-    });
-    const std::string line = drawing.waitForLine("4 BAD MESSAGES");
-    EXPECT_NE(line.find("LIVE   0 TARGETS"), std::string::npos) << drawing.output();
+    for (const std::string& bad : badDatagrams()) {
+        socket.write(bad.data(), static_cast<unsigned int>(bad.size()));
+    }
     Process sending(sender(0, mUdpPort), mDir.path("sender"));
-    expectLiveNext(drawing);
+    expectLiveNext(drawing, "20");
 }
 
 // The line of a picture that was drawn when no data had come for so long.
@@ -199,23 +208,22 @@ TEST_F(LiveMap, survivesABadPeerAndFindsTheNextOnes) {
     Orlek::Network::SocketTcpServer server;
     ASSERT_TRUE(server.init(mTcpPort));
     Process drawing(map("tcp://127.0.0.1:" + std::to_string(mTcpPort)), mDir.path("drawn"));
-    for (const std::string bad : {"2", "4"}) {
+    for (const std::string bad : {"10", "20"}) {
         Orlek::Network::SocketTcp peer;
         ASSERT_TRUE(server.acceptConnection(peer));
-        sendGoodAndBad([&](const FeedMessage& message) {
+        for (const FeedMessage& message : badMessages()) {
             peer.writePackage(payloadOf(message).data(), headerOf(message), 0);
-        });
-        const std::string line = drawing.waitForLine(bad + " BAD MESSAGES");
-        EXPECT_NE(line.find("LIVE   0 TARGETS"), std::string::npos) << drawing.output();
+        }
+        ASSERT_NE(drawing.waitForLine(bad + " BAD MESSAGES"), "") << drawing.output();
         sendNoise(peer, drawing);
     }
     server.closeConnection();
     {
         Process sending(sender(mTcpPort, 0), mDir.path("sender"));
-        expectLiveNext(drawing);
+        expectLiveNext(drawing, "20");
         EXPECT_EQ(sending.stop(SIGTERM), 0);
     }
-    const std::string gone = waitForAge(drawing, 2);
+    const std::string gone = waitForAge(drawing, 3);
     ASSERT_NE(gone, "") << drawing.output();
     const Image image = pictureOf(gone);
     EXPECT_GT(countNear(image, ownPlace, isRed), 30);
@@ -223,7 +231,7 @@ TEST_F(LiveMap, survivesABadPeerAndFindsTheNextOnes) {
         EXPECT_EQ(countNear(image, place, isCyan), 0);
     }
     Process sending(sender(mTcpPort, 0), mDir.path("sender"));
-    expectLiveNext(drawing);
+    expectLiveNext(drawing, "20");
 }
 
 }  // namespace
