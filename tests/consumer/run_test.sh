@@ -17,6 +17,15 @@ cmake --build "$work/build"
 "$work/build/consumer"
 "$work/build/interface"
 
+# The template of examples, in a folder of its own; a picture of nothing takes 3 kB.
+cp -R "$source/../../examples/template" "$work/template"
+cmake -S "$work/template" -B "$work/template/build" -DCMAKE_PREFIX_PATH="$work/prefix" \
+  -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_FLAGS="$flags" >"$work/template.log" ||
+  { cat "$work/template.log"; exit 1; }
+cmake --build "$work/template/build"
+"$work/template/build/template" --picture "$work/picture.png"
+test "$(wc -c <"$work/picture.png")" -gt 20000
+
 if cmake -S "$source" -B "$work/wrong" -DCMAKE_PREFIX_PATH="$work/prefix" \
   -DCMAKE_CXX_COMPILER="$compiler" -DORLEK_WANTED=9.0 >"$work/wrong.log" 2>&1; then
   echo "a package of another version was accepted" >&2
