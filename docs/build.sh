@@ -7,7 +7,7 @@ out=$(cd "$1" && pwd)
 cd "$(dirname "$0")/.."
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-cp -R include docs README.md CHANGELOG.md CONTRIBUTING.md LICENSE "$work"
+cp -R include docs README.md CHANGELOG.md CONTRIBUTING.md SECURITY.md LICENSE "$work"
 cd "$work"
 ORLEK_DOCS_DIR="$work/out" doxygen docs/Doxyfile
 cp -R "$work/out/." "$out"
