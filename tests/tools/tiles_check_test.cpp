@@ -164,6 +164,14 @@ TEST(TilesCheck, KnowsRealTiles) {
     EXPECT_EQ(lines["N48W125.SRTMGL1.hgt.zip"], expected);
     EXPECT_EQ(lines["README.md"].at(5).find("not taken: no tile: "), 0U);
     const bool dtedUsed = lines["N42E001.DT1"].at(5) == "header";
+    const TempDir damaged;
+    std::string dted = wholeText(terrainDir() + "/N42E001.DT1");
+    damaged.write("whole/N42E001.DT1", dted);
+    EXPECT_EQ(runTiles("check " + damaged.path()).code, 0);
+    dted[1000000] ^= 1;
+    damaged.write("whole/N42E001.DT1", dted);
+    EXPECT_NE(runTiles("check " + damaged.path()).out.find("1 of its 1201 records"),
+              std::string::npos);
     EXPECT_EQ(dtedUsed, lines["N42E001.SRTMGL3.hgt.zip"].at(5).find("not taken: replaced") == 0);
 }
 

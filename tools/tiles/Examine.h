@@ -7,8 +7,8 @@
 
 namespace OrlekTiles {
 
-/// Why the library could not load a tile just now.
-Reason loadReason(const TileFile& file);
+/// Loads a registered tile with the library. @return why it cannot be loaded; nothing when it was
+std::optional<Reason> load(const TileFile& file);
 
 /// Loads a registered tile with the library, compares its checksums and unloads it. Nothing when it
 /// is good.

@@ -19,17 +19,17 @@ namespace {
 
 using namespace Orlek::Detail;
 
-TileFile registered(const std::string& path) {
+TileFile registered(std::string name) {
     TileFile file;
-    file.path = path;
+    file.path = std::move(name);
+    const std::string& path = file.path;
     file.format = tileFormat(path);
     auto tile = std::make_unique<HeightTile>();
-    if (file.format == TileFormat::none) {
+    if (file.format == TileFormat::none ||
+        (file.format == TileFormat::srtm && !tile->parseName(path))) {
         file.notTaken = nameReason(path);
     } else if (file.format == TileFormat::dted && !tile->openHeader(path)) {
         file.notTaken = dtedReason(path, tile->fault());
-    } else if (file.format == TileFormat::srtm && !tile->parseName(path)) {
-        file.notTaken = nameReason(path);
     } else {
         if (!canBeAsked(*tile)) {
             file.notTaken = noSuchCell;
@@ -65,8 +65,8 @@ Inventory takeInventory(const std::string& directory) {
     listing.list(directory, true);
     Inventory inventory;
     inventory.unreadable = std::move(listing.unreadable);
-    for (const std::string& path : listing.files) {
-        inventory.files.push_back(registered(path));
+    for (std::string& path : listing.files) {
+        inventory.files.push_back(registered(std::move(path)));
     }
     noteReplaced(inventory.files);
     std::sort(inventory.files.begin(), inventory.files.end(),

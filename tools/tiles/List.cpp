@@ -1,5 +1,6 @@
 #include <Orlek/Misc/StringHelpers.h>
 
+#include <cmath>
 #include <filesystem>
 
 #include "Commands.h"
@@ -28,7 +29,7 @@ std::string postsOf(const TileGrid& grid) {
 
 /// Arc seconds between the posts of an archive: 3600 to a degree.
 std::string srtmKind(const TileGrid& grid) {
-    return "SRTM " + std::to_string(static_cast<int>(grid.latSpacing * 3600.0 + 0.5)) + "\"";
+    return "SRTM " + std::to_string(std::lround(grid.latSpacing * 3600.0)) + "\"";
 }
 
 /// The part of the name that gave the origin.

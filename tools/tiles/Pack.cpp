@@ -93,7 +93,7 @@ public:
     Packer(const Arguments& arguments, Console& console)
         : mOut(arguments.value("--out")), mForce(arguments.has("--force")), mConsole(console) {
         if (mOut && !Directory::createDirectoryRecursive(*mOut)) {
-            throw std::runtime_error(*mOut + ": " + std::strerror(errno));
+            throw std::runtime_error(*mOut + ": this directory cannot be made");
         }
     }
 

@@ -26,13 +26,6 @@ std::string count(std::uint64_t bytes) {
     return std::to_string(bytes) + " bytes";
 }
 
-Reason unreadable(const std::string& path) {
-    errno = 0;
-    RegularFile file;
-    file.open(path);
-    return {"unreadable", errno == 0 ? "the file changed meanwhile" : std::strerror(errno)};
-}
-
 constexpr std::uint16_t deflate64 = 9;  // with short matches the same as deflate
 
 std::string methodName(std::uint16_t method) {
@@ -136,6 +129,13 @@ std::string lowerExtension(const std::string& path) {
 
 }  // namespace
 
+Reason unreadableReason(const std::string& path) {
+    errno = 0;
+    RegularFile file;
+    file.open(path);
+    return {"unreadable", errno == 0 ? "the file changed meanwhile" : std::strerror(errno)};
+}
+
 Reason sizeReason(const std::string& name, std::uint64_t bytes) {
     return {"size not in the table",
             name + " has " + count(bytes) +
@@ -154,7 +154,7 @@ std::optional<Reason> fitReason(const TileGrid& grid, bool lowResName) {
 ArchiveHead readHead(const std::string& path) {
     RegularFile archive;
     if (!archive.open(path)) {
-        return {{}, std::nullopt, unreadable(path)};
+        return {{}, std::nullopt, unreadableReason(path)};
     }
     WalkedEntry first;
     const ReadFault fault = readEntry(archive, 0, first);
@@ -180,7 +180,7 @@ ArchiveHead readHead(const std::string& path) {
 
 Reason archiveReason(const std::string& path, ReadFault fault) {
     if (fault == ReadFault::unreadable) {
-        return unreadable(path);
+        return unreadableReason(path);
     }
     const ArchiveHead head = readHead(path);
     if (head.reason) {
@@ -192,7 +192,7 @@ Reason archiveReason(const std::string& path, ReadFault fault) {
 Reason dtedReason(const std::string& path, ReadFault fault) {
     switch (fault) {
         case ReadFault::unreadable:
-            return unreadable(path);
+            return unreadableReason(path);
         case ReadFault::headerCut:
             return {"header cut", "it is shorter than a DTED header, " + count(dtedHeaderSize)};
         case ReadFault::noMemory:

@@ -29,6 +29,9 @@ struct ArchiveHead {
 /// Reads no more than headers.
 ArchiveHead readHead(const std::string& path);
 
+/// Why the system does not let a file be read.
+Reason unreadableReason(const std::string& path);
+
 /// Why the library could not load an archive.
 Reason archiveReason(const std::string& path, ReadFault fault);
 

@@ -86,11 +86,10 @@ void TileSampler::sample(const HeightTile& tile, Range columns, int row) {
 }
 
 std::optional<Reason> TileSampler::add(const TileFile& file) {
-    HeightTile& tile = *file.tile;
-    tile.load();
-    if (!tile.loaded()) {
-        return loadReason(file);
+    if (auto reason = load(file)) {
+        return reason;
     }
+    HeightTile& tile = *file.tile;
     const Range rows = rowsOf(areaOf(file));
     for (int row = rows.first; row < rows.end; ++row) {
         sample(tile, columnsOf(areaOf(file)), row);
