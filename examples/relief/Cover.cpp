@@ -5,12 +5,12 @@ namespace MovingMap {
 
 namespace {
 
-constexpr std::array<std::uint8_t, 3> water{118, 160, 196};
+constexpr std::array<std::uint8_t, 3> waterRgb{118, 160, 196};
 
 }  // namespace
 
 Rgba waterCover(double share) {
-    return {water[0], water[1], water[2], static_cast<std::uint8_t>(share * 255.0)};
+    return {waterRgb[0], waterRgb[1], waterRgb[2], static_cast<std::uint8_t>(share * 255.0)};
 }
 
 Rgba hatchCover(int x, int y) {
@@ -21,7 +21,7 @@ Rgba hatchCover(int x, int y) {
 }
 
 bool isWater(const std::uint8_t* cover) {
-    return cover[3] >= 128 && cover[0] == water[0];
+    return cover[3] >= 128 && cover[0] == waterRgb[0];
 }
 
 }  // namespace MovingMap

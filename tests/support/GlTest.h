@@ -65,10 +65,10 @@ protected:
     /// Every test ends without a pending GL error, with nothing in use or left switched on.
     void TearDown() override {
         EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
-        for (const GLenum name :
+        for (const int name :
              {GL_CURRENT_PROGRAM, GL_VERTEX_ARRAY_BINDING, GL_PIXEL_UNPACK_BUFFER_BINDING,
               GL_PRIMITIVE_RESTART, GL_LINE_STIPPLE, GL_POLYGON_STIPPLE}) {
-            EXPECT_EQ(integer(name), 0) << name;
+            EXPECT_EQ(integer(static_cast<GLenum>(name)), 0) << name;
         }
     }
 
