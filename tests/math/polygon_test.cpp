@@ -1,8 +1,13 @@
-// Polygon operations against their rules written out plainly: the same rings, to the last bit.
+// Polygon operations against their rules written out plainly, the same rings to the last bit, and
+// their areas beside those of GEOS.
 #include <Orlek/Math/Polygon2D.h>
+#include <geos_c.h>
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <iomanip>
+#include <memory>
+#include <sstream>
 
 #include "math/PolygonRings.h"
 #include "math/Reference.h"
@@ -238,6 +243,60 @@ TEST(Polygon2D, KnowsTheWayRound) {
     EXPECT_FALSE(pointInPolygon({2, 0.5}, reversed));
     EXPECT_FALSE(pointInPolygon({0.5, 0.5}, square));
     EXPECT_TRUE(pointInPolygon({0.5, 0.5}, {}));
+}
+
+/// Positive for clockwise rings, so that holes count negative.
+double area(const Ring& ring) {
+    double twice = 0.0;
+    for (std::size_t i = 0; i < ring.size(); ++i) {
+        const Point a = ring[i] - ring[0];
+        const Point b = ring[(i + 1) % ring.size()] - ring[0];
+        twice += b.x * a.y - a.x * b.y;
+    }
+    return twice / 2;
+}
+
+using Shape = std::unique_ptr<GEOSGeometry, decltype(&GEOSGeom_destroy)>;
+
+Shape shapeOf(Ring ring) {
+    std::ostringstream text;
+    ring.push_back(ring.front());
+    for (const Point& point : ring)
+        text << (text.tellp() == 0 ? "POLYGON((" : ",") << std::setprecision(17) << point.x << ' '
+             << point.y;
+    return {GEOSGeomFromWKT((text.str() + "))").c_str()), GEOSGeom_destroy};
+}
+
+// In general position.
+TEST(Polygon2D, HasTheAreasOfGeosWhereRingsCross) {
+    initGEOS(nullptr, nullptr);
+    const std::pair<Polygon2D::BoolOperation, decltype(&GEOSUnion)> operations[] = {
+        {Polygon2D::Intersection, GEOSIntersection},
+        {Polygon2D::Union, GEOSUnion},
+        {Polygon2D::Difference, GEOSDifference}};
+    RingMaker make(31);
+    std::size_t compared = 0;
+    for (int round = 0; round < 300; ++round) {
+        const Ring self = make.star(make.count(3, 200), {0, 0}, 0.3);
+        const Ring other = round % 3 == 0 ? make.spiral(make.count(30, 400), {0.2, 0.1}, 3)
+                                          : make.star(make.count(3, 200), {0.8, 0.1}, 0.3);
+        Polygon judge{{}, {}, self};
+        judge.boolOperation(other, unite);
+        if (judge.nodes.empty())
+            continue;  // apart or one in the other
+        for (const auto& [operation, ofGeos] : operations) {
+            double sum = 0.0;
+            for (const auto& part : polygonOf(self).boolOperation(polygonOf(other), operation))
+                sum += area(part.vertexesD());
+            const Shape result(ofGeos(shapeOf(self).get(), shapeOf(other).get()), GEOSGeom_destroy);
+            double expected = -1.0;
+            EXPECT_EQ(GEOSArea(result.get(), &expected), 1);
+            EXPECT_NEAR(sum, expected, 1e-9) << "round " << round << ", operation " << operation;
+            ++compared;
+        }
+    }
+    EXPECT_GT(compared, 600U);
+    finishGEOS();
 }
 
 }  // namespace
