@@ -131,6 +131,7 @@ TEST_F(MovingMapRun, saysInOneLineWhatIsMissing) {
     const std::string route = mDir.write("bad.txt", "A,36.2,-84.2,flyby\nB,36.3,flyby\n");
     std::vector<std::pair<std::string, std::string>> rows = {
         {"--nonsense", "--help"},
+        {"--fetch http://127.0.0.1/a.png", "--fetch needs a URL and a FILE"},
         {"--width wide", "--width: 'wide'"},
         {"--height 0", "--height: '0'"},
         {"--range -1", "--range: '-1'"},
