@@ -31,12 +31,14 @@ public:
 
     /// At any free port, or at `port`.
     static PlainPeer listening(int port = 0) {
-        PlainPeer peer = opened(::bind, port);
+        PlainPeer peer = opened([](auto... to) { return ::bind(to...); }, port);
         listen(peer.mSocket, 100);
         return peer;
     }
 
-    static PlainPeer connectedTo(int port) { return opened(::connect, port); }
+    static PlainPeer connectedTo(int port) {
+        return opened([](auto... to) { return ::connect(to...); }, port);
+    }
 
     PlainPeer accepted() const {
         return PlainPeer(accept4(mSocket, nullptr, nullptr, SOCK_CLOEXEC));
@@ -94,6 +96,7 @@ public:
     }
 
 private:
+    // Called through a pointer, a function that the torture test replaces would have another type.
     template <typename Call>
     static PlainPeer opened(Call bindOrConnect, int port) {
         PlainPeer peer(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
@@ -102,7 +105,7 @@ private:
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
         address.sin_port = htons(static_cast<std::uint16_t>(port));
         if (bindOrConnect(peer.mSocket, reinterpret_cast<const sockaddr*>(&address),
-                          sizeof(address)) != 0) {
+                          socklen_t{sizeof(address)}) != 0) {
             throw std::runtime_error("cannot bind or connect");
         }
         return peer;
