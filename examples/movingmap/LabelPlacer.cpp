@@ -15,7 +15,7 @@ constexpr double outsideCost = 1000.0;
 constexpr double overlapCost = 100.0;
 constexpr double lineCost = 10.0;
 constexpr double keptGain = 5.0;  // Less than any fault.
-constexpr double gap = 3.0;
+constexpr double labelGap = 3.0;
 
 // Clips the line's parameter range to one axis of the box; false when nothing is left.
 bool clip(double start, double delta, double low, double high, double& enter, double& leave) {
@@ -76,7 +76,7 @@ void LabelPlacer::avoid(const std::vector<Point>& polyline) {
 
 double LabelPlacer::cost(const Box& box) const {
     double sum = mArea.contains(box) ? 0.0 : outsideCost;
-    const Box spaced = box.grown(gap);
+    const Box spaced = box.grown(labelGap);
     sum += overlapCost * static_cast<double>(std::count_if(
                              mBlocked.begin(), mBlocked.end(),
                              [&](const Box& other) { return spaced.overlaps(other); }));

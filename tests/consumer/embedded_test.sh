@@ -24,7 +24,7 @@ add_subdirectory("$library" orlek)
 add_executable(consumer "$source/main.cpp")
 target_link_libraries(consumer PRIVATE Orlek::Orlek)
 TEXT
-configure "$work/project" "$work/embedding" -DCMAKE_UNITY_BUILD=ON
+configure "$work/project" "$work/embedding" -DCMAKE_UNITY_BUILD=ON -DCMAKE_UNITY_BUILD_BATCH_SIZE=64
 cmake --build "$work/embedding"
 "$work/embedding/consumer"
 

@@ -43,25 +43,25 @@ Character firstCharacter(std::string_view text) {
                                                                    : Character{code, length};
 }
 
-struct Range {
+struct CodeRange {
     char32_t first;
     char32_t last;
 };
 
-constexpr Range nameStarts[] = {
+constexpr CodeRange nameStarts[] = {
     {'A', 'Z'},       {'_', '_'},       {'a', 'z'},       {0xC0, 0xD6},
     {0xD8, 0xF6},     {0xF8, 0x2FF},    {0x370, 0x37D},   {0x37F, 0x1FFF},
     {0x200C, 0x200D}, {0x2070, 0x218F}, {0x2C00, 0x2FEF}, {0x3001, 0xD7FF},
     {0xF900, 0xFDCF}, {0xFDF0, 0xFEFE}, {0xFF00, 0xFFFD}, {0x10000, 0xEFFFF},
 };
-constexpr Range nameOthers[] = {
+constexpr CodeRange nameOthers[] = {
     {'-', '-'}, {'0', '9'}, {0xB7, 0xB7}, {0x300, 0x36F}, {0x203F, 0x2040},
 };
 
 template <std::size_t N>
-bool isIn(const Range (&ranges)[N], char32_t code) {
+bool isIn(const CodeRange (&ranges)[N], char32_t code) {
     return std::ranges::any_of(
-        ranges, [=](const Range& range) { return code >= range.first && code <= range.last; });
+        ranges, [=](const CodeRange& range) { return code >= range.first && code <= range.last; });
 }
 
 bool isGroupName(std::string_view name) {
