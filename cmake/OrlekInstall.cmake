@@ -15,6 +15,10 @@ install(FILES "${CMAKE_CURRENT_BINARY_DIR}/OrlekConfig.cmake"
               $<$<NOT:$<BOOL:${BUILD_SHARED_LIBS}>>:${PROJECT_SOURCE_DIR}/cmake/FindTinyXML.cmake>
   DESTINATION "${package_dir}")
 
+# A project to begin with.
+install(DIRECTORY examples/template DESTINATION "${CMAKE_INSTALL_DATADIR}/orlek"
+  PATTERN build EXCLUDE)
+
 # Paths relative to the .pc file, so that an installed tree may be moved.
 file(RELATIVE_PATH ORLEK_PC_PREFIX "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
 string(REGEX REPLACE "/$" "" ORLEK_PC_PREFIX "${ORLEK_PC_PREFIX}")

@@ -22,7 +22,8 @@ class Orlek(ConanFile):
         return os.path.join(self.recipe_folder, "..", "..")
 
     def export_sources(self):
-        for pattern in ("CMakeLists.txt", "LICENSE", "cmake/*", "include/*", "src/*"):
+        for pattern in ("CMakeLists.txt", "LICENSE", "cmake/*", "include/*", "src/*",
+                        "examples/template/*"):
             copy(self, pattern, self._tree, self.export_sources_folder)
 
     def layout(self):

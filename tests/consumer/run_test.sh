@@ -17,8 +17,8 @@ cmake --build "$work/build"
 "$work/build/consumer"
 "$work/build/interface"
 
-# The template of examples, in a folder of its own; a picture of nothing takes 3 kB.
-cp -R "$source/../../examples/template" "$work/template"
+# The template that is installed with the library; a picture of nothing takes 3 kB.
+cp -R "$work/prefix/share/orlek/template" "$work/template"
 cmake -S "$work/template" -B "$work/template/build" -DCMAKE_PREFIX_PATH="$work/prefix" \
   -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_FLAGS="$flags" >"$work/template.log" ||
   { cat "$work/template.log"; exit 1; }
