@@ -9,15 +9,16 @@ cd "$(dirname "$0")"
 
 if [ "${1:-}" = --help ] || [ "${1:-}" = -h ]; then
   cat <<'TEXT'
-Usage: ./test.sh [release|asan|tsan|fuzz|style|abi]...
+Usage: ./test.sh [release|asan|tsan|fuzz|style|abi|wayland]...
 
-Without arguments all of them but the last run, in this order:
+Without arguments all of them but the last two run, in this order:
   style    formatting, headers, who includes whom
   release  every test, optimised build
   asan     every test under the address and undefined-behaviour sanitizers (clang)
   tsan     the tests with threads under the thread sanitizer
   fuzz     each fuzz target for some seconds, from its corpus, in the build of asan
   abi      the binary interface, type by type, beside the promised one (see packaging/abi.sh)
+  wayland  the examples in windows under Wayland, at both scales
 ORLEK_DATA_DIR names the folder of real elevation tiles (default ../shared/data); without it the
 tests say which cases they leave out.
 TEXT
@@ -67,6 +68,7 @@ for step in "$@"; do
     tsan) build tsan --target orlek_threads; run tsan -L threads ;;
     fuzz) build asan --target orlek_fuzz_targets; run asan -L fuzz ;;
     abi) install_packages abigail-tools xz-utils; packaging/abi.sh ;;
+    wayland) tests/steps/wayland.sh ;;
     *) echo "test.sh: unknown step $step (see ./test.sh --help)" >&2; exit 1 ;;
   esac
 done

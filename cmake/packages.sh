@@ -4,6 +4,7 @@ run_packages="cmake ninja-build g++ pkg-config libglew-dev libgl-dev libglu1-mes
   libfreetype-dev libtinyxml-dev zlib1g-dev libpng-dev libgl1-mesa-dri libegl-mesa0
   fonts-dejavu-core python-matplotlib-data"
 test_packages="libgtest-dev clang libclang-rt-14-dev clang-format doxygen gdal-bin xvfb xauth
+  x11-xserver-utils
   iproute2 libgeos-dev nginx python3 locales
   zip p7zip-full libarchive-tools"
 bench_packages="libbenchmark-dev libgdal-dev libgeographiclib-dev libftgl-dev libcairo2-dev

@@ -26,14 +26,15 @@ void setClearColour(const Colour& colour) {
     glClearColor(colour.x, colour.y, colour.z, colour.w);
 }
 
+float pixelsOfUnit = 1.0F;
+
 // A box of the page in pixels of the framebuffer.
 std::array<int, 4> pixelsOf(const Box& box) {
     std::array<int, 4> view{};
     glGetIntegerv(GL_VIEWPORT, view.data());
     const float scale = static_cast<float>(view[2]) / pageWidth;
-    const auto pixels = [&](float units) { return static_cast<int>(std::lround(units * scale)); };
-    return {view[0] + pixels(box.x), view[1] + pixels(box.y), pixels(box.width),
-            pixels(box.height)};
+    const auto shown = [&](float units) { return static_cast<int>(std::lround(units * scale)); };
+    return {view[0] + shown(box.x), view[1] + shown(box.y), shown(box.width), shown(box.height)};
 }
 
 void clear(const Box& box, const Colour& colour) {
@@ -46,6 +47,14 @@ void clear(const Box& box, const Colour& colour) {
 }
 
 }  // namespace
+
+float pixels(float units) {
+    return units * pixelsOfUnit;
+}
+
+void setPixelsOfUnit(double count) {
+    pixelsOfUnit = static_cast<float>(count);
+}
 
 Point polar(Point centre, double bearing, double radius) {
     const double angle = bearing * std::numbers::pi / 180.0;
@@ -61,20 +70,21 @@ Points polygon(Point centre, double radius, int corners, int step) {
     return points;
 }
 
-Orlek::Math::Matrix4<float> placement(Point at, double bearing) {
+Orlek::Math::Matrix4<float> placement(Point at, double bearing, double scale) {
     using namespace Orlek::OpenGL;
     MatrixPush();
     MatrixLoadIdent();
     MatrixTranslate(at.x, at.y, 0.0);
     MatrixRotate(-bearing, 0.0, 0.0, 1.0);
+    MatrixScale(scale, scale, 1.0);
     const Orlek::Math::Matrix4<float> matrix = MatrixGet();
     MatrixPop();
     return matrix;
 }
 
-void load(Text& font, const char* name, int pixelSize, const Colour& colour) {
+void load(Text& font, const char* name, int size, const Colour& colour) {
     const std::string path = std::string("/usr/share/fonts/truetype/dejavu/") + name;
-    if (!font.load(path.c_str(), pixelSize)) {
+    if (!font.load(path.c_str(), static_cast<int>(pixels(static_cast<float>(size))))) {
         throw std::runtime_error("cannot use the font file " + path +
                                  " (Debian package fonts-dejavu-core)");
     }
@@ -87,10 +97,12 @@ Sheet::Sheet(const std::string& title, const std::string& subtitle, int columns,
     load(mCode, "DejaVuSansMono.ttf", 12, white);
     load(mNote, "DejaVuSans.ttf", 12, grey);
     mFrames.setColor(frameColour);
+    mFrames.setLineWidth(pixels(1));
+    mMarks.setLineWidth(pixels(1));
     mMarks.setColor(red);
     mRule.addVertex(Point(margin, pageHeight - 33.0F));
     mRule.addVertex(Point(margin + 6.0F, pageHeight - 33.0F));
-    mRule.setLineWidth(26.0F);
+    mRule.setLineWidth(pixels(26));
     mRule.setColor(cyan);
     mRule.setAntiAlias(false);
     add(mTitle, {margin + 18.0F, pageHeight - 43.0F}, title, Text::BOTTOM_LEFT);
@@ -147,9 +159,10 @@ Box Sheet::labelledRow(const Box& box, int number, int count, const std::string&
     return row;
 }
 
-// Whole pixels keep the text sharp.
+// Whole pixels, a unit each, keep the text sharp.
 void Sheet::add(Text& font, Point at, const std::string& text, Text::Alignment align) {
-    font.addText(text, placement({std::round(at.x), std::round(at.y)}), align);
+    const Point whole(std::round(at.x), std::round(at.y));
+    font.addText(text, placement(whole, 0.0, 1.0 / pixels(1)), align);
 }
 
 void Sheet::mark(Point at) {

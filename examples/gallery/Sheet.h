@@ -32,6 +32,13 @@ inline const Colour blue(0.25F, 0.47F, 0.95F, 1.0F);
 /// What samples stand on.
 inline const Colour panel(0.090F, 0.114F, 0.149F, 1.0F);
 
+/// So many units of the page in pixels, which line widths are in. Only in a picture that is an
+/// ordinary screen's they are the same.
+float pixels(float units);
+
+/// How many pixels are a unit. Pictures made before keep what they have.
+void setPixelsOfUnit(double count);
+
 /// The same colour, half transparent.
 inline Colour glass(const Colour& colour) {
     return {colour.x, colour.y, colour.z, 0.5F};
@@ -87,28 +94,28 @@ Point polar(Point centre, double bearing, double radius);
 /// @param step 1 for the plain polygon; 2 joins every second corner, which makes a star of 5.
 Points polygon(Point centre, double radius, int corners, int step = 1);
 
-/// The matrix that puts the origin at a point and turns by @p bearing degrees clockwise.
-Orlek::Math::Matrix4<float> placement(Point at, double bearing = 0.0);
+/// The matrix that puts the origin at a point, turns by @p bearing degrees clockwise and scales.
+Orlek::Math::Matrix4<float> placement(Point at, double bearing = 0.0, double scale = 1.0);
 
-/// Runs @p draw under that matrix and a scale.
+/// Runs @p draw under that matrix.
 template <typename Function>
 void place(Point at, double bearing, double scale, Function&& draw) {
     Orlek::OpenGL::MatrixPush();
-    Orlek::OpenGL::MatrixMult(placement(at, bearing));
-    Orlek::OpenGL::MatrixScale(scale, scale, 1.0);
+    Orlek::OpenGL::MatrixMult(placement(at, bearing, scale));
     draw();
     Orlek::OpenGL::MatrixPop();
 }
 
-/// Runs @p draw under that matrix.
+/// Runs @p draw under that matrix without a scale.
 template <typename Function>
 void place(Point at, double bearing, Function&& draw) {
     place(at, bearing, 1.0, std::forward<Function>(draw));
 }
 
-/// Loads a font of the package fonts-dejavu-core.
+/// Loads a font of the package fonts-dejavu-core, to be drawn with a unit a pixel.
+/// @param size in units of the page
 /// Throws std::runtime_error when it is missing.
-void load(Text& font, const char* name, int pixelSize, const Colour& colour);
+void load(Text& font, const char* name, int size, const Colour& colour);
 
 /// A page. Needs the GL context and GlHandler from construction to destruction.
 class Sheet {

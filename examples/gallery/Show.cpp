@@ -8,10 +8,9 @@
 #include <cstdio>
 #include <optional>
 #include <stdexcept>
+#include <utility>
 
-#include "HeadlessContext.h"
-#include "OptionValues.h"
-#include "Png.h"
+#include "ScreenOptions.h"
 #include "Window.h"
 
 namespace Gallery {
@@ -19,25 +18,22 @@ namespace Gallery {
 namespace {
 
 using OrlekSupport::numberOf;
-using OrlekSupport::textOf;
 
 struct Options {
-    bool window = false;
-    std::string out;
+    OrlekSupport::ScreenOptions screen;
     double seconds = 0.0;
     int frames = 0;
 };
 
 std::optional<Options> readOptions(int argc, char** argv, const std::string& name) {
     auto& line = Orlek::Misc::CmdLine::instance();
-    line.addParameter("--out", "picture to write", name + ".png");
+    OrlekSupport::addScreenOptions(name + ".png", "Escape closes it");
     line.addParameter("--time", "moment of the picture, seconds after the start", "2");
-    line.addSwitch("--window", "open a window instead; Escape closes it");
     line.addParameter("--frames", "close the window after as many frames; 0: when asked", "0");
     if (!OrlekSupport::parseArguments(argc, argv)) {
         return std::nullopt;
     }
-    return Options{line.getSwitch("--window"), textOf("--out"), numberOf("--time", 0.0, 1e6),
+    return Options{OrlekSupport::screenOptions(), numberOf("--time", 0.0, 1e6),
                    numberOf("--frames", 0, 1000000)};
 }
 
@@ -54,31 +50,20 @@ void usePage(int width, int height) {
     MatrixScale(2.0 / pageWidth, 2.0 / pageHeight, 1.0);
 }
 
-void drawFile(const Options& options, const std::function<Draw()>& make) {
-    const OrlekSupport::HeadlessContext context(pageWidth, pageHeight);
-    usePage(pageWidth, pageHeight);
-    const Draw draw = make();
-    draw(options.seconds);
-    OrlekSupport::writePng(options.out, OrlekSupport::readFramebuffer(pageWidth, pageHeight));
-    std::printf("%s\n", options.out.c_str());
-}
-
-void openWindow(const Options& options, const std::string& name,
-                const std::function<Draw()>& make) {
-    OrlekSupport::Window window("Orlek gallery: " + name, pageWidth, pageHeight);
-    window.onKey([&](const std::string& key) {
-        if (key == "Escape") {
-            window.close();
-        }
-    });
-    const Draw draw = make();
-    for (int frame = 0; window.isOpen() && (options.frames == 0 || frame < options.frames);
-         ++frame) {
-        const auto [width, height] = window.framebufferSize();
+void show(const Options& options, const std::string& name, const std::function<Draw()>& make) {
+    OrlekSupport::Screen screen(options.screen, "Orlek gallery: " + name, pageWidth, pageHeight);
+    const OrlekSupport::Window* const window = screen.window();
+    Draw draw;
+    double scale = 0.0;
+    screen.show(options.frames, [&] {
+        const auto [width, height] = screen.size();
         usePage(width, height);
-        draw(window.seconds());
-        window.showFrame();
-    }
+        if (std::exchange(scale, screen.scale()) != screen.scale()) {
+            setPixelsOfUnit(scale);
+            draw = make();
+        }
+        draw(window == nullptr ? options.seconds : window->seconds());
+    });
 }
 
 }  // namespace
@@ -86,10 +71,8 @@ void openWindow(const Options& options, const std::string& name,
 int run(int argc, char** argv, const std::string& name, const std::function<Draw()>& make) {
     try {
         const std::optional<Options> options = readOptions(argc, argv, name);
-        if (options && options->window) {
-            openWindow(*options, name, make);
-        } else if (options) {
-            drawFile(*options, make);
+        if (options) {
+            show(*options, name, make);
         }
         return 0;
     } catch (const std::exception& error) {

@@ -29,26 +29,25 @@ struct Picture {
     Box symbols = sheet.sample(2, 1, "setLineWidth(1.5)", "any size; codes 1 to 31 are symbols");
 
     Picture() {
-        atlas.load(fontFile, 22);
+        atlas.load(fontFile, static_cast<int>(pixels(22)));
+        strokes.setLineWidth(pixels(1.5F));
         field.load(fontFile, 22);
         field.setOutlineColor({0.7F, 0.1F, 0.0F, 1.0F});
-        for (int i = 0; i < 9; ++i) {
-            sheet.mark(anchor(nineAtlas, i));
-            sheet.mark(anchor(nineField, i));
-            sheet.mark(anchor(nineStrokes, i));
+        for (int i = 0; i < 27; ++i) {
+            sheet.mark(anchor(i < 9 ? nineAtlas : i < 18 ? nineField : nineStrokes, i % 9));
         }
         for (int i = 0; i < 12; ++i) {
-            const Point at = polar({0, 0}, 30.0 * i, 62);
-            atlas.addText(headings[i], placement(at, 30.0 * i), Text::BOTTOM_CENTER);
+            const auto at = placement(polar({0, 0}, 30.0 * i, pixels(62)), 30.0 * i);
+            atlas.addText(headings[i], at, Text::BOTTOM_CENTER);
         }
     }
 
     template <typename Font, typename... Size>
-    void drawNine(Font& font, const Box& box, const Colour& colour, Size... size) {
+    void drawNine(Font& font, const Box& box, double scale, const Colour& colour, Size... size) {
         font.setColor(colour);
         for (int i = 0; i < 9; ++i) {
-            const Point at = anchor(box, i);
-            font.renderFont(at.x, at.y, "Ag1", size..., Text::Alignment(i));
+            place(anchor(box, i), 0.0, scale,
+                  [&] { font.renderFont(0, 0, "Ag1", size..., Text::Alignment(i)); });
         }
     }
 
@@ -56,16 +55,16 @@ struct Picture {
         sheet.draw();
         field.setSize(22);
         field.setOutlineWidth(0.0F);
-        drawNine(atlas, nineAtlas, cyan);
-        drawNine(field, nineField, amber);
-        drawNine(strokes, nineStrokes, green, 22.0);
-        place(rose.centre(), -8.0 * seconds, [&] { atlas.render(); });
+        drawNine(atlas, nineAtlas, 1.0 / pixels(1), cyan);
+        drawNine(field, nineField, 1.0, amber);
+        drawNine(strokes, nineStrokes, 1.0, green, 22.0);
+        place(rose.centre(), -8.0 * seconds, 1.0 / pixels(1), [&] { atlas.render(); });
         field.setOutlineWidth(0.2F);
         for (int i = 0; i < 3; ++i) {
-            const double v = 0.86 - 0.37 * i;
+            const Point left = sizes.at(0.5, 0.86 - 0.37 * i);
             field.setSize(12 + 19 * i);
-            field.renderFont(sizes.centre().x, sizes.at(0, v).y, "FL 350", Text::BOTTOM_CENTER);
-            strokes.renderFont(symbols.centre().x, symbols.at(0, v).y, strokeTexts[i], 14 + 10 * i,
+            field.renderFont(left.x, left.y, "FL 350", Text::BOTTOM_CENTER);
+            strokes.renderFont(symbols.centre().x, left.y, strokeTexts[i], 14 + 10 * i,
                                Text::BOTTOM_CENTER);
         }
         sheet.finish();

@@ -25,7 +25,7 @@ struct Picture {
         line.addVertex(from);
         line.addVertex(to);
         line.setColor(colour);
-        line.setLineWidth(width);
+        line.setLineWidth(pixels(width));
         return line;
     }
 
@@ -52,6 +52,7 @@ struct Picture {
             smooth.addVertex(polar({0, 0}, bearing, bearing % 30 == 0 ? 46.0 : 60.0));
         }
         smooth.setColor(green);
+        smooth.setLineWidth(pixels(1));
         hard = smooth;
         hard.setAntiAlias(false);
         sheet.magnify(left, polar(left.at(0.29, 0.5), 45.0, 66.0));

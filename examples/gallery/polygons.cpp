@@ -25,11 +25,12 @@ struct Shape {
     LineLoops edge;
 
     Shape(const Points& outline, const Colour& colour, unsigned char* stipple = nullptr) {
-        edge.addLineLoop(outline);
-        edge.setColor(colour);
         fill.addTessPolygon(tesselated(outline));
         fill.setColor(glass(colour));
         fill.setPattern(stipple);
+        edge.addLineLoop(outline);
+        edge.setLineWidth(pixels(1));
+        edge.setColor(colour);
     }
 };
 
@@ -65,9 +66,8 @@ struct Picture {
             shape.fill.render();
             shape.edge.render(1.0);
         }
-        for (Polygon& piece : pieces) {
+        for (Polygon& piece : pieces)
             piece.render();
-        }
         place(hatched.centre(), 10 * seconds, [&] { turning.fill.render(); });
     }
 };

@@ -29,7 +29,7 @@ void drawWide(unsigned int program, const VertexArray& line, float width, int st
     GlHandler& gl = GlHandler::instance();
     gl.activateShader(program);
     gl.activateViewPort();
-    gl.setFloatVar("lineWidth", width);
+    gl.setFloatVar("lineWidth", pixels(width));
     gl.setFloatVar("color", colour.x, colour.y, colour.z, colour.w);
     gl.setIntVar("lineStipple", stipple);
     gl.setIntVar("antialias", smooth ? 1 : 0);

@@ -21,10 +21,10 @@ Points wave(const Box& box, double phase) {
 // Five strips in one object.
 template <typename Strips>
 void addWaves(Strips& strips, const Box& box, const Colour& colour) {
-    for (int i = 0; i < 5; ++i) {
+    for (int i = 0; i < 5; ++i)
         strips.addLineStrip(wave(box.row(i, 5), 0.8 * i));
-    }
     strips.setColor(colour);
+    strips.setLineWidth(pixels(1));
 }
 
 // A track whose colour tells the height of each vertex.
@@ -34,7 +34,7 @@ void addTrack(LineStrips& strips, const Box& box) {
         strips.addVertex(point, Colour{height, 0.35F, 1.0F - height, 1.0F});
     }
     strips.setUseMultiColor(true);
-    strips.setLineWidth(4);
+    strips.setLineWidth(pixels(4));
 }
 
 struct Picture {
@@ -46,10 +46,11 @@ struct Picture {
         addWaves(profiles, sheet.sample(0, 0, "addLineStrip(points)", "five strips in one"), cyan);
         Box box = sheet.sample(1, 0, "setStipple(0x0FFF)", "a route, setLineWidth(4)");
         route.addLineStrip(box.points({{0, 0.1}, {0.2, 0.8}, {0.5, 0.6}, {0.65, 0.95}, {1, 0.3}}));
-        route.setLineWidth(4);
+        route.setLineWidth(pixels(4));
         route.setColor(magenta);
         route.setStipple(0x0FFF);
         addTrack(track, sheet.sample(2, 0, "addVertex(point, color)", "setUseMultiColor(true)"));
+        spiral.setLineWidth(pixels(1));
         box = sheet.sample(0, 1, "render(count)", "draws the beginning only");
         for (int i = 0; i < 400; ++i) {
             spiral.addVertex(polar(box.centre(), 6.0 * i, 0.2 * i));
@@ -63,11 +64,10 @@ struct Picture {
 
     void draw(double seconds) {
         sheet.draw();
-        for (LineStrips* strips : {&profiles, &route, &track, &partly}) {
+        for (LineStrips* strips : {&profiles, &route, &track, &partly})
             strips->render(-1);
-        }
         spiral.render(static_cast<int>(160.0 * seconds) % 400);
-        glLineWidth(2);
+        glLineWidth(pixels(2));
         simple.render(-1);
     }
 };

@@ -6,13 +6,10 @@
 #include <cstdio>
 #include <exception>
 #include <optional>
-#include <stdexcept>
 #include <string>
 
-#include "HeadlessContext.h"
-#include "OptionValues.h"
 #include "Panel.h"
-#include "Png.h"
+#include "ScreenOptions.h"
 #include "Window.h"
 
 namespace {
@@ -22,37 +19,31 @@ using OrlekSupport::numberOf;
 using OrlekSupport::textOf;
 
 struct Options {
-    std::string out;
+    OrlekSupport::ScreenOptions screen;
     std::string font;
     double seconds;
     int width;
     int height;
     int frames;
-    bool window;
 };
 
 std::optional<Options> readOptions(int argc, char** argv) {
     auto& line = Orlek::Misc::CmdLine::instance();
-    line.addParameter("--out", "picture to write", "instruments.png");
+    OrlekSupport::addScreenOptions("instruments.png", "Space holds the flight, Escape closes it");
     line.addParameter("--font", "font file of the words",
                       "/usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf");
     line.addParameter("--at", "moment of the flight, seconds after its start", "58");
     line.addParameter("--width", "width of the picture, pixels", "1280");
     line.addParameter("--height", "height of the picture, pixels", "800");
-    line.addSwitch("--window", "open a window; Space holds the flight, Escape closes it");
     line.addParameter("--frames",
                       "draw and time as many frames of the flight; the window closes after them",
                       "0");
     if (!OrlekSupport::parseArguments(argc, argv)) {
         return std::nullopt;
     }
-    return Options{textOf("--out"),
-                   textOf("--font"),
-                   numberOf("--at", 0.0, 1e6),
-                   numberOf("--width", 64, 8192),
-                   numberOf("--height", 64, 8192),
-                   numberOf("--frames", 0, 1000000),
-                   line.getSwitch("--window")};
+    return Options{OrlekSupport::screenOptions(),  textOf("--font"),
+                   numberOf("--at", 0.0, 1e6),     numberOf("--width", 64, 8192),
+                   numberOf("--height", 64, 8192), numberOf("--frames", 0, 1000000)};
 }
 
 // Frames at 60 a second of the flight, each waited for.
@@ -67,42 +58,35 @@ void timeFrames(const Options& options, Panel& panel) {
     std::printf("%.1f ms a frame\n", taken.count() / options.frames);
 }
 
-void drawPicture(const Options& options) {
-    const OrlekSupport::HeadlessContext context(options.width, options.height);
+void drawPicture(const Options& options, OrlekSupport::Screen& screen) {
     Panel panel(options.font);
-    panel.draw(options.seconds, options.width, options.height);
-    OrlekSupport::writePng(options.out,
-                           OrlekSupport::readFramebuffer(options.width, options.height));
+    screen.show(1, [&] { panel.draw(options.seconds, options.width, options.height); });
     if (options.frames > 0) {
         timeFrames(options, panel);
     }
-    std::printf("%s\n", options.out.c_str());
 }
 
-void openWindow(const Options& options) {
-    OrlekSupport::Window window("Instruments", options.width, options.height);
+void fly(const Options& options, OrlekSupport::Screen& screen) {
+    OrlekSupport::Window& window = *screen.window();
     bool held = false;
-    window.onKey([&](const std::string& key) {
-        if (key == "Escape") {
-            window.close();
-        } else if (key == "Space") {
-            held = !held;
-        }
-    });
+    window.onKey([&](const std::string& key) { held = key == "Space" ? !held : held; });
     Panel panel(options.font);
     double flown = options.seconds;
     const double start = window.seconds();
     double before = start;
-    int frame = 0;
-    for (; window.isOpen() && (options.frames == 0 || frame < options.frames); ++frame) {
+    const int frames = screen.show(options.frames, [&] {
         const double now = window.seconds();
         flown += held ? 0.0 : now - before;
         before = now;
-        const auto [width, height] = window.framebufferSize();
+        const auto [width, height] = screen.size();
         panel.draw(flown, width, height);
-        window.showFrame();
-    }
-    std::printf("%.1f frames a second\n", frame / (window.seconds() - start));
+    });
+    std::printf("%.1f frames a second\n", frames / (window.seconds() - start));
+}
+
+void run(const Options& options) {
+    OrlekSupport::Screen screen(options.screen, "Instruments", options.width, options.height);
+    screen.window() != nullptr ? fly(options, screen) : drawPicture(options, screen);
 }
 
 }  // namespace
@@ -110,7 +94,7 @@ void openWindow(const Options& options) {
 int main(int argc, char** argv) {
     try {
         if (const auto options = readOptions(argc, argv)) {
-            options->window ? openWindow(*options) : drawPicture(*options);
+            run(*options);
         }
         return 0;
     } catch (const std::exception& error) {

@@ -7,7 +7,6 @@
 #include <string>
 #include <thread>
 
-#include "HeadlessContext.h"
 #include "MapPicture.h"
 #include "Png.h"
 #include "ProgressBar.h"
@@ -36,7 +35,7 @@ void saveFrames(const Options& options, const Flight& flight, MapPicture& pictur
     OrlekSupport::ProgressBar progress(static_cast<std::size_t>(options.frames));
     for (int i = 0; i < options.frames; ++i) {
         const double share = options.frames > 1 ? i / (options.frames - 1.0) : 0.0;
-        save(options, numberedPath(options.out, i + 1, options.frames), picture,
+        save(options, numberedPath(options.screen.file, i + 1, options.frames), picture,
              flight.sceneAt(share * flight.path().lengthM()));
         progress.show(static_cast<std::size_t>(i) + 1);
     }
@@ -71,7 +70,7 @@ void saveLive(const Options& options, LiveFlight& live, MapPicture& picture) {
         collectUntil(live, start + std::chrono::duration_cast<Clock::duration>(interval * i));
         const Scene scene = live.scene();
         const std::string path =
-            options.frames > 0 ? numberedPath(options.out, i, count) : options.out;
+            options.frames > 0 ? numberedPath(options.screen.file, i, count) : options.screen.file;
         save(options, path, picture, scene);
         sayLive(path, scene);
     }
@@ -92,7 +91,6 @@ std::string numberedPath(const std::string& path, int number, int count) {
 
 void drawPictures(const Options& options, const Flight& flight, Orlek::Geodetic::HeightMap& terrain,
                   const Charts& charts, LiveFlight* live) {
-    const OrlekSupport::HeadlessContext context(options.width, options.height);
     MapPicture picture(options.font, options.scale, options.style, terrain, flight.route(),
                        flight.path(), charts);
     if (live != nullptr) {
@@ -101,12 +99,12 @@ void drawPictures(const Options& options, const Flight& flight, Orlek::Geodetic:
         saveFrames(options, flight, picture);
         noteMissingTerrain(picture);
         std::printf("%d pictures: %s to %s\n", options.frames,
-                    numberedPath(options.out, 1, options.frames).c_str(),
-                    numberedPath(options.out, options.frames, options.frames).c_str());
+                    numberedPath(options.screen.file, 1, options.frames).c_str(),
+                    numberedPath(options.screen.file, options.frames, options.frames).c_str());
     } else {
-        save(options, options.out, picture, flight.scene());
+        save(options, options.screen.file, picture, flight.scene());
         noteMissingTerrain(picture);
-        std::printf("%s\n", options.out.c_str());
+        std::printf("%s\n", options.screen.file.c_str());
     }
 }
 

@@ -7,9 +7,10 @@
 
 namespace MovingMap {
 
-/// Draws the options' picture or pictures into PNG files and prints their paths.
+/// Draws the options' picture or pictures into PNG files and prints their paths. Needs a GL context
+/// whose framebuffer has their size.
 /// @param live the feed to collect from before each picture; may be null
-/// Throws std::runtime_error when there is no GL, no font, or a file cannot be written.
+/// Throws std::runtime_error when there is no font, or a file cannot be written.
 void drawPictures(const Options& options, const Flight& flight, Orlek::Geodetic::HeightMap& terrain,
                   const Charts& charts, LiveFlight* live);
 

@@ -13,6 +13,7 @@ namespace MovingMap {
 
 namespace {
 
+using OrlekSupport::Screen;
 using OrlekSupport::Window;
 
 // While the map moves the relief is coarser, so that the picture follows at once.
@@ -26,36 +27,46 @@ constexpr double timeLapse = 10.0;  // The flight is shown ten times as fast as 
 
 class Session {
 public:
-    Session(const Options& options, const Flight& flight, Orlek::Geodetic::HeightMap& terrain,
-            const Charts& charts, LiveFlight* live)
-        : mFrames(options.frames),
+    Session(Screen& screen, const Options& options, const Flight& flight,
+            Orlek::Geodetic::HeightMap& terrain, const Charts& charts, LiveFlight* live)
+        : mScreen(screen),
+          mOptions(options),
           mFlight(flight),
+          mTerrain(terrain),
+          mCharts(charts),
           mLive(live),
           mUnitM(metresPer(options.style.units.distance)),
-          mWindow("Moving map", options.width, options.height),
-          mPicture(options.font, options.scale * mWindow.contentScale(), options.style, terrain,
-                   flight.route(), flight.path(), charts),
           mScene(flight.scene()),
           mCentre(options.centre.value_or(mScene.own)),
           mFollow(!options.centre) {
-        mWindow.onKey([this](const std::string& key) { pressKey(key); });
-        mWindow.onDrag([this](double dx, double dy) { pan(dx, dy); });
-        mWindow.onScroll([this](double steps) { zoom(steps); });
+        Window& window = *screen.window();
+        window.onKey([this](const std::string& key) { pressKey(key); });
+        window.onDrag([this](double dx, double dy) { pan(dx, dy); });
+        window.onScroll([this](double steps) { zoom(steps); });
     }
 
     LastView run() {
-        double before = mWindow.seconds();
-        for (int frame = 0; mWindow.isOpen() && (mFrames == 0 || frame < mFrames); ++frame) {
-            const double now = mWindow.seconds();
+        double before = mScreen.window()->seconds();
+        mScreen.show(mOptions.frames, [&] {
+            const double now = mScreen.window()->seconds();
+            useScale();
             advance(now, now - before);
             before = now;
             drawFrame();
-            mWindow.showFrame();
-        }
+        });
         return {mFollow ? std::nullopt : std::optional(mCentre), mScene.rangeM, mScene.headingUp};
     }
 
 private:
+    // Letters and symbols are made for one scale.
+    void useScale() {
+        if (std::exchange(mScale, mScreen.scale()) != mScreen.scale()) {
+            mPicture.reset();
+            mPicture.emplace(mOptions.font, mOptions.scale * mScale, mOptions.style, mTerrain,
+                             mFlight.route(), mFlight.path(), mCharts);
+        }
+    }
+
     void advance(double nowS, double seconds) {
         if (mLive != nullptr) {
             mLive->update();
@@ -76,7 +87,7 @@ private:
     // Only whole pixels move the map, so that the relief need not be made anew for less. It is fine
     // again when the map has rested for a second.
     void followLive(double nowS) {
-        const Point shift = mPicture.view().toScreen(mScene.own) - mPicture.view().focus();
+        const Point shift = mPicture->view().toScreen(mScene.own) - mPicture->view().focus();
         const bool turned = mScene.headingUp && mScene.headingDeg != mHeadingShown;
         if (mFollow && (shift.Length() >= 1.0 || turned)) {
             mCentre = mScene.own;
@@ -99,13 +110,13 @@ private:
     }
 
     void drawFrame() {
-        const auto [width, height] = mWindow.framebufferSize();
-        mPicture.draw(mScene, Point(width, height), mCentre, mMoved ? movingStep : restingStep);
+        const auto [width, height] = mScreen.size();
+        mPicture->draw(mScene, Point(width, height), mCentre, mMoved ? movingStep : restingStep);
         mMoved = false;
     }
 
     void pan(double dx, double dy) {
-        const MapView& view = mPicture.view();
+        const MapView& view = mPicture->view();
         mCentre = view.toPosition(Point(view.focus().x - dx, view.focus().y + dy));
         mFollow = false;
         mMoved = true;
@@ -124,9 +135,7 @@ private:
     }
 
     void pressKey(const std::string& key) {
-        if (key == "Escape") {
-            mWindow.close();
-        } else if (key == "H") {
+        if (key == "H") {
             mScene.headingUp = !mScene.headingUp;
         } else if (key == "C") {
             mFollow = true;
@@ -144,16 +153,19 @@ private:
         const double x = key == "Left" ? 1.0 : key == "Right" ? -1.0 : 0.0;
         const double y = key == "Up" ? 1.0 : key == "Down" ? -1.0 : 0.0;
         if (x != 0.0 || y != 0.0) {
-            pan(x * keyPanPixels, y * keyPanPixels);
+            pan(x * keyPanPixels * mScale, y * keyPanPixels * mScale);
         }
     }
 
-    int mFrames;
+    Screen& mScreen;
+    const Options& mOptions;
     const Flight& mFlight;
+    Orlek::Geodetic::HeightMap& mTerrain;
+    const Charts& mCharts;
     LiveFlight* mLive;
     double mUnitM;
-    Window mWindow;
-    MapPicture mPicture;
+    double mScale = 0.0;
+    std::optional<MapPicture> mPicture;
     Scene mScene;
     Position mCentre;
     bool mFollow;
@@ -165,9 +177,9 @@ private:
 
 }  // namespace
 
-LastView showWindow(const Options& options, const Flight& flight,
+LastView showWindow(Screen& screen, const Options& options, const Flight& flight,
                     Orlek::Geodetic::HeightMap& terrain, const Charts& charts, LiveFlight* live) {
-    return Session(options, flight, terrain, charts, live).run();
+    return Session(screen, options, flight, terrain, charts, live).run();
 }
 
 }  // namespace MovingMap

@@ -8,13 +8,12 @@
 
 namespace MovingMap {
 
-/// Opens a window and flies the route in it until it is closed or Escape is pressed.
+/// Flies the route in the window until it is closed or Escape is pressed.
 ///
 /// Mouse: drag pans, the wheel zooms. Keys: arrows pan, + and - zoom, H turns the map north or
 /// heading up, C centres it on the aircraft again, space holds the flight, Escape quits.
-/// Returns how the map was left. Throws std::runtime_error when there is no display, no GL or no
-/// font.
-LastView showWindow(const Options& options, const Flight& flight,
+/// Returns how the map was left. Throws std::runtime_error when there is no font.
+LastView showWindow(OrlekSupport::Screen& screen, const Options& options, const Flight& flight,
                     Orlek::Geodetic::HeightMap& terrain, const Charts& charts, LiveFlight* live);
 
 }  // namespace MovingMap

@@ -9,7 +9,7 @@
 #include "BuildPaths.h"
 #include "LastView.h"
 #include "MapImage.h"
-#include "OptionValues.h"
+#include "ScreenOptions.h"
 #include "Settings.h"
 
 namespace MovingMap {
@@ -48,11 +48,10 @@ void registerOptions(CmdLine& line) {
                       "URL FILE: download a map image or tile before drawing (http, port 80)", "");
     line.addParameter("--font", "font file",
                       "/usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf");
-    line.addParameter("--out", "picture to write", "movingmap.png");
+    addScreenOptions("movingmap.png", "Escape closes it");
     line.addParameter(
         "--frames",
         "fly the route in this many numbered pictures; in a window: close after as many", "0");
-    line.addSwitch("--window", "open a window instead of writing pictures");
     line.addParameter("--lat", "own latitude, degrees; on the route when empty", "");
     line.addParameter("--lon", "own longitude, degrees; on the route when empty", "");
     line.addParameter("--heading", "own heading, degrees; along the route when empty", "");
@@ -143,9 +142,8 @@ Options collect() {
     }
     options.feedSeconds = numberOf("--feed-seconds", 0.0, 86400.0);
     options.feedOldS = numberOf("--feed-old", 0.1, 60.0);
-    options.out = textOf("--out");
+    options.screen = screenOptions();
     options.frames = numberOf("--frames", 0, 99999);
-    options.window = line.getSwitch("--window");
     options.lat = optionalNumberOf("--lat", -85.0, 85.0);
     options.lon = optionalNumberOf("--lon", -180.0, 180.0);
     options.headingDeg = optionalNumberOf("--heading", 0.0, 360.0);

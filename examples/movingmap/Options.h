@@ -8,6 +8,7 @@
 #include "FeedUrl.h"
 #include "Fetch.h"
 #include "Position.h"
+#include "Screen.h"
 #include "Style.h"
 
 namespace MovingMap {
@@ -26,9 +27,8 @@ struct Options {
     double feedSeconds = 0.0;
     double feedOldS = 0.0;
     std::string font;
-    std::string out;
+    OrlekSupport::ScreenOptions screen;
     int frames = 0;  ///< 0: one picture; a window stays open.
-    bool window = false;
     std::optional<double> lat;
     std::optional<double> lon;
     std::optional<double> headingDeg;

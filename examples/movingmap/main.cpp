@@ -35,13 +35,15 @@ void run(Options options) {
     if (options.feed) {
         live.emplace(options, flight);
     }
-    if (options.window) {
-        const LastView view = showWindow(options, flight, terrain, charts, live ? &*live : nullptr);
+    LiveFlight* const feed = live ? &*live : nullptr;
+    OrlekSupport::Screen screen(options.screen, "Moving map", options.width, options.height);
+    if (screen.window() != nullptr) {
+        const LastView view = showWindow(screen, options, flight, terrain, charts, feed);
         if (!options.config.empty()) {
             saveSettings(options.config, view, options.style.units.distance);
         }
     } else {
-        drawPictures(options, flight, terrain, charts, live ? &*live : nullptr);
+        drawPictures(options, flight, terrain, charts, feed);
     }
 }
 

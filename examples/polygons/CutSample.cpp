@@ -35,12 +35,14 @@ CutSample::CutSample(Sheet& sheet, const Box& box, const Ring& self, const Ring&
                      Polygon2D::BoolOperation operation) {
     mSelf.addLineLoop(placed(box, self));
     mSelf.setColor(cyan);
+    mSelf.setLineWidth(pixels(1));
     mOther.addLineLoop(placed(box, other));
     mOther.setColor(amber);
+    mOther.setLineWidth(pixels(1));
     mRings.setColor(white);
-    mRings.setLineWidth(2.0);
+    mRings.setLineWidth(pixels(2));
     mHoles.setColor(magenta);
-    mHoles.setLineWidth(2.0);
+    mHoles.setLineWidth(pixels(2));
     Polygon2D polygon = polygonOf(self);
     const auto rings = polygon.boolOperation(polygonOf(other), operation);
     for (const Polygon2D& ring : rings)

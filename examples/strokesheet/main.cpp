@@ -1,5 +1,5 @@
 // Draws the sheet of all characters of the stroke font with their codes.
-//   orlek-strokesheet [file.png [size [line width]]]
+//   orlek-strokesheet [file.png [size [line width]]]    without a file in a window, if there is one
 #include <GL/gl.h>
 #include <Orlek/Orlek.h>
 
@@ -9,8 +9,7 @@
 #include <iostream>
 #include <string>
 
-#include "HeadlessContext.h"
-#include "Png.h"
+#include "Screen.h"
 
 namespace {
 
@@ -46,13 +45,8 @@ struct Grid {
     }
 };
 
-void draw(const std::string& path, const Grid& grid, double lineWidth) {
-    OrlekSupport::HeadlessContext context(grid.width(), grid.height());
-    MatrixLoadIdent();
-    MatrixTranslate(-1.0, -1.0, 0.0);
-    MatrixScale(2.0 / grid.width(), 2.0 / grid.height(), 1.0);
-    glClearColor(0.03F, 0.05F, 0.08F, 1.0F);
-    glClear(GL_COLOR_BUFFER_BIT);
+void draw(const OrlekSupport::ScreenOptions& options, const Grid& grid, double lineWidth) {
+    OrlekSupport::Screen screen(options, "Stroke font", grid.width(), grid.height());
     VectorFont characters;
     VectorFont captions;
     for (int code = 0; code < columns * rows; ++code) {
@@ -60,12 +54,20 @@ void draw(const std::string& path, const Grid& grid, double lineWidth) {
         grid.add(captions, code, std::to_string(code), captionSize,
                  0.4 * grid.size + 1.1 * captionSize);
     }
-    characters.setLineWidth(lineWidth);
-    characters.render();
-    captions.setLineWidth(1.0);
     captions.setColor({0.3F, 0.75F, 0.5F, 1.0F});
-    captions.render();
-    OrlekSupport::writePng(path, OrlekSupport::readFramebuffer(grid.width(), grid.height()));
+    screen.show(0, [&] {
+        const auto [width, height] = screen.size();
+        glViewport(0, 0, width, height);
+        MatrixLoadIdent();
+        MatrixTranslate(-1.0, -1.0, 0.0);
+        MatrixScale(2.0 / grid.width(), 2.0 / grid.height(), 1.0);
+        glClearColor(0.03F, 0.05F, 0.08F, 1.0F);
+        glClear(GL_COLOR_BUFFER_BIT);
+        characters.setLineWidth(lineWidth * screen.scale());
+        characters.render();
+        captions.setLineWidth(screen.scale());
+        captions.render();
+    });
 }
 
 }  // namespace
@@ -74,8 +76,8 @@ int main(int count, char** arguments) {
     try {
         const std::string path = count > 1 ? arguments[1] : "strokefont.png";
         const double size = count > 2 ? std::atof(arguments[2]) : 36.0;
-        draw(path, Grid(std::clamp(size, 6.0, 200.0)), count > 3 ? std::atof(arguments[3]) : 2.0);
-        std::cout << path << "\n";
+        draw({false, count > 1, path}, Grid(std::clamp(size, 6.0, 200.0)),
+             count > 3 ? std::atof(arguments[3]) : 2.0);
     } catch (const std::exception& error) {
         std::cerr << error.what() << "\n";
         return 1;

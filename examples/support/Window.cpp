@@ -18,8 +18,6 @@ std::string lastError() {
 
 std::string keyName(int key) {
     switch (key) {
-        case GLFW_KEY_ESCAPE:
-            return "Escape";
         case GLFW_KEY_SPACE:
             return "Space";
         case GLFW_KEY_LEFT:
@@ -87,6 +85,7 @@ void Window::Glfw::open(const std::string& title, int width, int height) {
     glfwWindowHint(GLFW_CONTEXT_VERSION_MAJOR, 3);
     glfwWindowHint(GLFW_CONTEXT_VERSION_MINOR, 3);
     glfwWindowHint(GLFW_OPENGL_PROFILE, GLFW_OPENGL_COMPAT_PROFILE);
+    glfwWindowHint(GLFW_SCALE_TO_MONITOR, GLFW_TRUE);  // X11; Wayland always does
     window = glfwCreateWindow(width, height, title.c_str(), nullptr, nullptr);
     if (window == nullptr) {
         throw std::runtime_error("no window with an OpenGL 3.3 compatibility profile: " +
@@ -106,6 +105,9 @@ void Window::Glfw::listen() {
 
 void Window::Glfw::keyPressed(GLFWwindow* window, int key, int /*scancode*/, int action,
                               int /*mods*/) {
+    if (key == GLFW_KEY_ESCAPE) {
+        glfwSetWindowShouldClose(window, GLFW_TRUE);
+    }
     const std::string name = keyName(key);
     if (action != GLFW_RELEASE && !name.empty() && of(window).key) {
         of(window).key(name);
@@ -161,10 +163,6 @@ void Window::onScroll(ScrollHandler handler) {
 
 bool Window::isOpen() const {
     return glfwWindowShouldClose(mGlfw->window) == GLFW_FALSE;
-}
-
-void Window::close() {
-    glfwSetWindowShouldClose(mGlfw->window, GLFW_TRUE);
 }
 
 void Window::showFrame() {

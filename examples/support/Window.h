@@ -16,7 +16,8 @@ public:
     using DragHandler = std::function<void(double dx, double dy)>;
     using ScrollHandler = std::function<void(double steps)>;
 
-    /// Opens a window of about width x height screen units.
+    /// Opens a window of about width x height pixels of an ordinary screen; on a denser one it has
+    /// more, so that it is as large to the eye.
     /// Throws std::runtime_error with one line that says what is missing, for example a display.
     Window(const std::string& title, int width, int height);
     ~Window();
@@ -24,8 +25,8 @@ public:
     Window(const Window&) = delete;
     Window& operator=(const Window&) = delete;
 
-    /// Called for each key press and repeat: "Escape", "Space", "Left", "Right", "Up", "Down",
-    /// "+", "-", and "A" to "Z". Other keys are not reported.
+    /// Called for each key press and repeat: "Space", "Left", "Right", "Up", "Down", "+", "-", and
+    /// "A" to "Z". Escape closes the window. Other keys are not reported.
     void onKey(KeyHandler handler);
 
     /// Called when the mouse moves with its left button held: pixels of the framebuffer to the
@@ -36,15 +37,15 @@ public:
     void onScroll(ScrollHandler handler);
 
     bool isOpen() const;
-    void close();
 
     /// Shows what was drawn and handles what happened since; the handlers run in here.
     void showFrame();
 
-    /// Width and height in pixels, which differ from screen units on dense displays.
+    /// Width and height in pixels, which differ from screen units on dense displays. 0 for a
+    /// window that is minimised.
     std::pair<int, int> framebufferSize() const;
 
-    /// Pixels for each pixel of an ordinary screen.
+    /// Pixels for each pixel of an ordinary screen. Under Wayland it is known after some frames.
     double contentScale() const;
 
     /// Seconds since the window was opened.

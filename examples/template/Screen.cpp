@@ -79,13 +79,14 @@ bool Screen::openWindow(const std::string& title) {
         glfwTerminate();
         return false;
     }
+    std::puts("A window; Escape closes it, --picture FILE draws a picture instead.");
     glfwMakeContextCurrent(mWindow);
     glfwSwapInterval(1);
     return true;
 }
 
 void Screen::openOffscreen() {
-    std::puts("No window: drawing a picture.");
+    std::puts("A picture; there is no window here, or none is wanted.");
     mDisplay = openDisplay();
     const EGLint wanted[] = {EGL_SURFACE_TYPE,
                              EGL_PBUFFER_BIT,
