@@ -56,8 +56,8 @@ void buildAtlasAndLetter(benchmark::State& state) {
         Detail::GlyphAtlas atlas;
         Detail::GlyphSet glyphs;
         Detail::buildAtlas(face, 50, {1024, 28, 14}, atlas, glyphs);
-        const OrlekTest::DistanceFieldLetter letter(atlas.pixels.data(), atlas.width, atlas.height,
-                                                    atlas.width);
+        OrlekTest::DistanceFieldLetter letter(atlas.pixels.data(), atlas.width, atlas.height,
+                                              atlas.width);
         benchmark::DoNotOptimize(letter.field(8.0F).data());
     }
 }
