@@ -25,7 +25,8 @@ prints their paths:
   --picture   draws a picture of the live map although there is a screen
   --window    opens a window instead; Escape closes it (in the map drag or arrow keys pan, the
               wheel zooms)
-  --bench     builds and runs the benchmarks, results in out/bench
+  --bench     builds and runs the benchmarks, results in out/bench, the rows of docs/performance.md
+              in out/bench/performance.md
   --docs      builds the API documentation, out/docs/html/index.html
   --help      prints this text
 
@@ -50,6 +51,7 @@ bench() {
     "$program" --benchmark_repetitions=9 --benchmark_enable_random_interleaving=true \
       --benchmark_report_aggregates_only=true | tee "out/bench/$(basename "$program").txt"
   done
+  docs/performance.sh out/bench | tee out/bench/performance.md
   echo "Results: $root/out/bench"
 }
 

@@ -61,9 +61,12 @@ void writePng(const std::string& file, int width, int height) {
 
 Screen::Screen(const std::string& title, int width, int height, bool pictureOnly)
     : mWidth(width), mHeight(height) {
-    if (pictureOnly || !openWindow(title)) {
-        openOffscreen();
+    if (!pictureOnly && openWindow(title)) {
+        std::puts("A window; Escape closes it, --picture FILE draws a picture instead.");
+        return;
     }
+    openOffscreen();
+    std::puts(pictureOnly ? "A picture, as was asked for." : "A picture, as no window opens here.");
 }
 
 bool Screen::openWindow(const std::string& title) {
@@ -79,14 +82,12 @@ bool Screen::openWindow(const std::string& title) {
         glfwTerminate();
         return false;
     }
-    std::puts("A window; Escape closes it, --picture FILE draws a picture instead.");
     glfwMakeContextCurrent(mWindow);
     glfwSwapInterval(1);
     return true;
 }
 
 void Screen::openOffscreen() {
-    std::puts("A picture; there is no window here, or none is wanted.");
     mDisplay = openDisplay();
     const EGLint wanted[] = {EGL_SURFACE_TYPE,
                              EGL_PBUFFER_BIT,
