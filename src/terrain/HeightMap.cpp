@@ -1,6 +1,8 @@
 // Answers terrain queries from the tiles that a scan has found.
 #include <Orlek/Geodetic/HeightMap.h>
 
+#include <utility>
+
 #include "terrain/tiles/TileScan.h"
 #include "terrain/tiles/TileSet.h"
 
@@ -20,6 +22,7 @@ struct HeightMap::State {
     Detail::TileSet low{MAX_TILES_LOADED_LOW};
 
     void copyFrom(const State& other);
+    void takeTiles(std::shared_ptr<const Detail::TileMaps> found);
     void takeScan();
     bool isReady();
     const HeightTile* findTile(double lat, double lon, bool load, bool lowRes);
@@ -32,13 +35,20 @@ void HeightMap::State::copyFrom(const State& other) {
     const auto found = other.scan.result();
     ready = found || other.ready;
     dataPath = other.dataPath;
-    maps = found ? found : other.maps;
     high = other.high;
     low = other.low;
+    takeTiles(found ? found : other.maps);
+}
+
+// Tiles whose place others have taken can't be asked for any more.
+void HeightMap::State::takeTiles(std::shared_ptr<const Detail::TileMaps> found) {
+    maps = std::move(found);
+    high.keepOnly(maps->high);
+    low.keepOnly(maps->low);
 }
 
 void HeightMap::State::takeScan() {
-    maps = scan.takeResult();
+    takeTiles(scan.takeResult());
     ready = true;
 }
 

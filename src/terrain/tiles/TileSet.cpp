@@ -20,6 +20,13 @@ bool TileSet::change(const TileMap& tiles, TileKey key, bool load) {
     return load;
 }
 
+void TileSet::keepOnly(const TileMap& tiles) {
+    mLoadedTiles.remove_if([&](const std::shared_ptr<HeightTile>& tile) {
+        const auto found = tiles.find(tile->key());
+        return found == tiles.end() || found->second != tile;
+    });
+}
+
 void TileSet::loadCurrent() {
     // Listed first: without memory for the list no tile is loaded that nobody would unload.
     const auto listed = std::find(mLoadedTiles.begin(), mLoadedTiles.end(), mCurrentTile);

@@ -33,6 +33,10 @@ public:
         return mCurrentCell.holds(lat, lon) ? mCurrentTile.get() : nullptr;
     }
 
+    /// Forgets loaded tiles that are not among these any more, so that their memory goes with their
+    /// last user; the current one stays until another is selected.
+    void keepOnly(const TileMap& tiles);
+
     /// The tile last selected, loaded or not; null when there is none under that key.
     [[nodiscard]] const HeightTile* current() const { return mCurrentTile.get(); }
 

@@ -1,0 +1,43 @@
+// Which tiles stay loaded.
+#include "terrain/tiles/TileSet.h"
+
+#include <gtest/gtest.h>
+
+#include "terrain/TileFiles.h"
+
+namespace {
+
+using Orlek::Detail::HeightTile;
+using Orlek::Detail::TileKey;
+using Orlek::Detail::TileMap;
+using Orlek::Detail::TileSet;
+
+// A scan that finds a tile again makes a new object of it. Without the old one given up, each scan
+// would cost as much memory as the tiles in use take.
+TEST(TileSet, TilesThatWereReplacedAreGivenUpWhenTheCurrentOneChanges) {
+    const OrlekTest::TempDir dir;
+    TileMap tiles;
+    const auto add = [&](int lon) {
+        auto tile = std::make_shared<HeightTile>();
+        EXPECT_TRUE(tile->openHeader(OrlekTest::writeFlatDted(dir, 45, lon, 100)));
+        return tiles[tile->key()] = tile;
+    };
+    const std::weak_ptr<HeightTile> replaced = add(6);
+    const std::weak_ptr<HeightTile> current = add(7);
+    const std::weak_ptr<HeightTile> kept = add(8);
+    TileSet set(300);
+    for (const auto& tile : {kept, replaced, current}) {
+        EXPECT_TRUE(set.select(tiles, tile.lock()->key(), true));
+    }
+    const TileKey key = add(6)->key();
+    add(7);
+    set.keepOnly(tiles);
+    EXPECT_TRUE(replaced.expired());
+    ASSERT_FALSE(current.expired());
+    EXPECT_TRUE(current.lock()->loaded());
+    EXPECT_TRUE(set.select(tiles, key, true));
+    EXPECT_TRUE(current.expired());
+    EXPECT_TRUE(tiles.at(key)->loaded() && kept.lock()->loaded());
+}
+
+}  // namespace
