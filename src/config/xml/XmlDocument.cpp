@@ -21,19 +21,11 @@ namespace {
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
-// Why a file cannot be read, and where: from 1, as the parser counts for people.
+// Why a file cannot be read, and where.
 struct Fault {
     const char* what;
-    int row = 1;
-    int column = 1;
+    Detail::XmlPlace place{};
 };
-
-Fault faultAt(const char* what, std::string_view text, std::size_t offset) {
-    const std::string_view before = text.substr(0, offset);
-    const auto row = std::count(before.begin(), before.end(), '\n');
-    const std::size_t lineStart = before.rfind('\n') + 1;  // npos + 1 is 0
-    return {what, static_cast<int>(row) + 1, static_cast<int>(offset - lineStart) + 1};
-}
 
 Fault openingFault() {
     return {errno == EFBIG ? "File larger than 64 MiB." : "Failed to open file"};
@@ -52,29 +44,12 @@ void useLineFeeds(std::vector<char>& text) {
     text.erase(out, text.end());
 }
 
-// Whatever keeps the text from being parsed; nothing when it may be.
-std::optional<Fault> findFault(std::string_view text) {
-    if (const std::size_t zero = text.find('\0'); zero != std::string_view::npos) {
-        return faultAt("Error null (0) or unexpected EOF found in input stream.", text, zero);
-    }
-    Detail::XmlScan scan(text);
-    if (scan.run()) {
-        return std::nullopt;
-    }
-    return faultAt(scan.fault(), text, scan.faultOffset());
-}
-
-// The words of a fault belong to the document.
+// The scan has found all that is broken; of an empty text it has not. The words belong to the
+// document.
 std::optional<Fault> parse(const char* text, TiXmlDocument& document) {
     document.SetTabSize(0);  // keeps the parser from counting rows and columns of all it reads
     document.Parse(text);
-    if (!document.Error()) {
-        return std::nullopt;
-    }
-    TiXmlDocument counting;
-    counting.Parse(text);
-    return Fault{document.ErrorDesc(), std::max(counting.ErrorRow(), 1),
-                 std::max(counting.ErrorCol(), 1)};
+    return document.Error() ? std::optional(Fault{document.ErrorDesc()}) : std::nullopt;
 }
 
 std::optional<Fault> readFile(const std::string& path, TiXmlDocument& document, bool& hasMark) try {
@@ -88,8 +63,8 @@ std::optional<Fault> readFile(const std::string& path, TiXmlDocument& document, 
     const std::size_t size = text.size();
     text.resize(size + padding);
     hasMark = std::string_view(text.data(), size).starts_with(byteOrderMark);
-    const std::optional<Fault> fault = findFault({text.data(), size});
-    return fault ? fault : parse(text.data(), document);
+    Detail::XmlScan scan({text.data(), size});
+    return scan.run() ? parse(text.data(), document) : Fault{scan.fault(), scan.faultPlace()};
 } catch (const std::bad_alloc&) {
     return Fault{"Out of memory."};
 }
@@ -118,7 +93,8 @@ bool XmlDocument::read(const std::string& path) {
     auto tree = std::make_unique<Tree>();
     if (const std::optional<Fault> fault = readFile(path, tree->document, tree->hasMark)) {
         Detail::report("Error reading <%s> :\n", path.c_str());
-        Detail::report("Row %d Col %d Error %s\n", fault->row, fault->column, fault->what);
+        Detail::report("Row %d Col %d Error %s\n", fault->place.row, fault->place.column,
+                       fault->what);
         return false;
     }
     mTree = std::move(tree);

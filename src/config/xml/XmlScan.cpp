@@ -10,6 +10,8 @@ namespace Orlek::Detail {
 
 namespace {
 
+constexpr int tabWidth = 4;
+
 // Kinds of bytes, to be added up.
 enum : unsigned char { space = 1, nameStart = 2, nameOther = 4, plain = 8 };
 
@@ -68,19 +70,57 @@ XmlScan::XmlScan(std::string_view text, XmlLimits limits)
 const char* XmlScan::refuse(const char* where, const char* fault) {
     if (mFault == nullptr) {
         mFault = fault;
-        mFaultOffset = static_cast<std::size_t>(where - mBegin);
+        mFaultAt = where;
     }
     return mEnd;
 }
 
-// TiXmlDocument::Parse and, without its recursion, TiXmlElement::ReadValue.
+// TiXmlParsingData::Stamp.
+XmlPlace XmlScan::faultPlace() const {
+    XmlPlace place;
+    int column = 0;
+    for (const char* p = mBegin; mFaultAt != nullptr && p < mFaultAt;) {
+        if (*p == '\n') {
+            ++place.row;
+            column = 0;
+            ++p;
+        } else if (*p == '\t') {
+            column = (column / tabWidth + 1) * tabWidth;
+            ++p;
+        } else if (mEncoding == Encoding::utf8) {
+            column += isMark(p) ? 0 : 1;
+            p += utf8Length(*p);
+        } else {
+            ++column;
+            ++p;
+        }
+    }
+    place.column = column + 1;
+    return place;
+}
+
 bool XmlScan::run() {
+    if (const void* zero = std::memchr(mBegin, 0, static_cast<std::size_t>(mEnd - mBegin))) {
+        refuse(static_cast<const char*>(zero),
+               "Error null (0) or unexpected EOF found in input stream.");
+        return false;
+    }
+    return walk();
+}
+
+// TiXmlDocument::Parse and, without its recursion, TiXmlElement::ReadValue.
+bool XmlScan::walk() {
     if (startsWith(mBegin, "\xEF\xBB\xBF")) {
         mEncoding = Encoding::utf8;
     }
-    const char* p = skipSpace(mBegin);
-    while (*p != '\0') {
-        p = skipSpace(skipItem(p));
+    const char* end = mBegin;
+    for (const char* p = skipSpace(mBegin); *p != '\0'; p = skipSpace(end)) {
+        end = skipItem(p);
+    }
+    if (!mOpen.empty() && end == mEnd) {
+        refuse(nullptr, "Error reading Element value.");
+    } else if (!mOpen.empty()) {
+        refuse(mEnd, "Error reading end tag.");
     }
     return mFault == nullptr;
 }
@@ -89,7 +129,7 @@ const char* XmlScan::skipItem(const char* p) {
     if (*p == '<') {
         return p[1] == '/' ? skipEndTag(p) : skipMarkup(p);
     }
-    return mDepth > 0 ? skipText(p) : refuse(p, "Text outside of the root element.");
+    return !mOpen.empty() ? skipText(p) : refuse(p, "Text outside of the root element.");
 }
 
 // TiXmlNode::Identify. What it calls unknown is a document type, an instruction or a damaged tag.
@@ -101,8 +141,8 @@ const char* XmlScan::skipMarkup(const char* p) {
         return skipTo(p + 4, "-->", "Error parsing Comment.");
     }
     if (startsWith(p, "<![CDATA[")) {
-        return mDepth > 0 ? skipTo(p + 9, "]]>", "Error parsing CDATA.")
-                          : refuse(p, "Text outside of the root element.");
+        return !mOpen.empty() ? skipTo(p + 9, "]]>", "Error parsing CDATA.")
+                              : refuse(p, "Text outside of the root element.");
     }
     if (p[1] == '!' || p[1] == '?') {
         return skipTo(p + 1, ">", "Error parsing Unknown.");
@@ -117,35 +157,90 @@ const char* XmlScan::skipTo(const char* p, const char* end, const char* faultWit
 
 // The first half of TiXmlElement::Parse.
 const char* XmlScan::skipStartTag(const char* tag) {
-    mExtent.depth = std::max(mExtent.depth, mDepth + 1);
-    if (mExtent.depth > mLimits.depth) {
+    const int depth = static_cast<int>(mOpen.size()) + 1;
+    mExtent.depth = std::max(mExtent.depth, depth);
+    if (depth > mLimits.depth) {
         return refuse(tag, "Elements nested too deeply.");
     }
-    const char* p = skipSpace(skipName(skipSpace(tag + 1)));
-    for (int attributes = 0; *p != '\0'; p = skipSpace(p)) {
-        if (*p == '/') {
-            return p[1] == '>' ? p + 2 : mEnd;
-        }
-        if (*p == '>') {
-            ++mDepth;
-            return p + 1;
-        }
-        mExtent.attributes = std::max(mExtent.attributes, ++attributes);
-        if (attributes > mLimits.attributes) {
-            return refuse(tag, "Too many attributes of one element.");
-        }
-        p = skipAttribute(p);
+    const char* const name = skipSpace(tag + 1);  // a byte order mark may stand there
+    const char* const nameEnd = skipName(name);
+    if (*nameEnd == '\0') {
+        return refuse(name, "Failed to read Element name");
+    }
+    const char* const p = skipAttributes(nameEnd, tag);
+    if (*p == '>') {
+        mOpen.emplace_back(name, nameEnd);
+        return p + 1;
+    }
+    if (*p == '/') {
+        return p[1] == '>' ? p + 2 : refuse(p + 1, "Error: empty tag.");
     }
     return p;
 }
 
-// The second half. The parser itself finds out when the name is another.
-const char* XmlScan::skipEndTag(const char* p) {
-    if (mDepth == 0) {
-        return refuse(p, "Error reading end tag.");
+// Up to the angle bracket or slash.
+const char* XmlScan::skipAttributes(const char* p, const char* tag) {
+    mNames.clear();
+    for (;;) {
+        const char* const start = skipSpace(p);
+        if (*start == '\0') {
+            return refuseInTag(p, "Error reading Attributes.");
+        }
+        if (*start == '/' || *start == '>') {
+            const char* const twin = firstTwin();
+            return twin == nullptr ? start : refuse(twin, "Error parsing Element.");
+        }
+        const int count = static_cast<int>(mNames.size()) + 1;
+        mExtent.attributes = std::max(mExtent.attributes, count);
+        if (count > mLimits.attributes) {
+            return refuse(tag, "Too many attributes of one element.");
+        }
+        const Attribute attribute = skipAttribute(start);
+        if (attribute.broken) {
+            return refuseInTag(attribute.where, "Error reading Attributes.");
+        }
+        if (*attribute.end == '\0') {
+            return refuseInTag(start, "Error parsing Element.");
+        }
+        mNames.push_back(attribute.name);
+        p = attribute.end;
     }
-    --mDepth;
-    return skipTo(p, ">", "Error reading end tag.");
+}
+
+// The parser looks for a name twice at each attribute, this scan when it comes to an end.
+const char* XmlScan::refuseInTag(const char* where, const char* fault) {
+    const char* const twin = firstTwin();
+    return twin == nullptr ? refuse(where, fault) : refuse(twin, "Error parsing Element.");
+}
+
+// The first attribute whose name an earlier one has; null when there is none.
+const char* XmlScan::firstTwin() {
+    std::sort(mNames.begin(), mNames.end(), [](std::string_view a, std::string_view b) {
+        const int order = a.compare(b);
+        return order != 0 ? order < 0 : a.data() < b.data();
+    });
+    const char* first = nullptr;
+    for (std::size_t i = 1; i < mNames.size(); ++i) {
+        if (mNames[i] == mNames[i - 1] && (first == nullptr || mNames[i].data() < first)) {
+            first = mNames[i].data();
+        }
+    }
+    return first;
+}
+
+// The second half.
+const char* XmlScan::skipEndTag(const char* tag) {
+    const char* const name = tag + 2;
+    if (mOpen.empty() || !startsWith(name, mOpen.back())) {
+        return refuse(tag, "Error reading end tag.");
+    }
+    const char* const nameEnd = name + mOpen.back().size();
+    const char* const p = skipSpace(nameEnd);
+    if (*p != '>') {
+        return refuse(*nameEnd == '\0' ? nullptr : p, "Error reading end tag.");
+    }
+    mOpen.pop_back();
+    return p + 1;
 }
 
 // TiXmlDeclaration::Parse, which also takes instructions whose names begin with xml.
@@ -155,9 +250,11 @@ const char* XmlScan::skipDeclaration(const char* declaration) {
     while (*p != '\0' && *p != '>') {
         p = skipSpace(p);
         if (startsWithAnyCase(p, "encoding")) {
-            p = skipAttribute(p, &encoding);
+            const Attribute attribute = skipAttribute(p);
+            encoding = attribute.value;
+            p = attribute.end;
         } else if (startsWithAnyCase(p, "version") || startsWithAnyCase(p, "standalone")) {
-            p = skipAttribute(p);
+            p = skipAttribute(p).end;
         } else {
             while (*p != '\0' && *p != '>' && !is(*p, space)) {
                 ++p;
@@ -167,7 +264,7 @@ const char* XmlScan::skipDeclaration(const char* declaration) {
     if (*p == '\0') {
         return refuse(declaration, "Error parsing Declaration.");
     }
-    if (mDepth == 0) {
+    if (mOpen.empty()) {
         takeEncoding(encoding, declaration);
     }
     return p + 1;
@@ -186,25 +283,43 @@ void XmlScan::takeEncoding(std::string_view name, const char* where) {
 }
 
 // TiXmlAttribute::Parse.
-const char* XmlScan::skipAttribute(const char* p, std::string_view* value) const {
-    p = skipSpace(skipName(p));
-    if (*p != '=') {
-        return mEnd;
+XmlScan::Attribute XmlScan::skipAttribute(const char* p) const {
+    const char* const nameEnd = skipName(p);
+    if (*nameEnd == '\0') {
+        return {.end = mEnd, .broken = true, .where = p};
     }
-    p = skipSpace(p + 1);
-    const bool quoted = *p == '"' || *p == '\'';
-    const char* end = p;
-    if (quoted) {
-        end = skipQuoted(p);
+    const char* const sign = skipSpace(nameEnd);
+    if (*sign != '=') {
+        return {.end = mEnd, .broken = true, .where = sign};
     }
-    while (!quoted && *end != '\0' && *end != '/' && *end != '>' && !is(*end, space)) {
-        end = *end == '"' || *end == '\'' ? mEnd : end + 1;
+    const char* const value = skipSpace(sign + 1);
+    if (*value == '\0') {
+        return {.end = mEnd, .broken = true, .where = sign[1] == '\0' ? nullptr : value};
     }
-    if (value != nullptr) {
-        *value =
-            quoted && end - p >= 2 ? std::string_view(p + 1, end - 1) : std::string_view(p, end);
+    Attribute attribute{.end = value, .name = {p, nameEnd}};
+    if (*value == '"' || *value == '\'') {
+        attribute.end = skipQuoted(value);
+        attribute.value = attribute.end - value < 2
+                              ? std::string_view(value, attribute.end)
+                              : std::string_view(value + 1, attribute.end - 1);
+    } else {
+        skipUnquoted(attribute);
+        attribute.value = {value, attribute.end};
     }
-    return end;
+    return attribute;
+}
+
+void XmlScan::skipUnquoted(Attribute& attribute) const {
+    const char*& p = attribute.end;
+    while (*p != '\0' && *p != '/' && *p != '>' && !is(*p, space)) {
+        if (*p == '"' || *p == '\'') {
+            attribute.broken = true;
+            attribute.where = p;
+            p = mEnd;
+            return;
+        }
+        ++p;
+    }
 }
 
 // TiXmlBase::ReadText up to the quote that stands at p.

@@ -1,16 +1,18 @@
 // Walks an XML text as TinyXML will, before TinyXML does: its parser recurses into every element,
-// its list of attributes costs the square of their number, and it takes much that is no XML.
+// its list of attributes costs the square of their number, it takes much that is no XML, and until
+// it comes to what it refuses it builds a tree of many times the text's size.
 //
 // The scan keeps in step with the parser (TinyXML 2.6.2): it takes the same bytes for names,
 // quotes, references, comments and ends of tags, with the same two ways to count characters.
-// Otherwise a text could nest deeper there than it seems to here. It need not judge what the parser
-// judges itself: whatever follows an error within an element is never reached there.
+// Otherwise a text could nest deeper there than it seems to here. It refuses all that the parser
+// refuses, in the same words and at the same place, and nothing that the parser takes but what is
+// said below.
 #pragma once
 
 #include <array>
 #include <cstddef>
-#include <string>
 #include <string_view>
+#include <vector>
 
 namespace Orlek::Detail {
 
@@ -19,22 +21,30 @@ struct XmlLimits {
     int attributes = 256;  ///< of one element
 };
 
+/// Where something is in a text, from 1, as the parser counts for people: a character is a column,
+/// a tab leads to the next fourth one.
+struct XmlPlace {
+    int row = 1;
+    int column = 1;
+};
+
 class XmlScan {
 public:
     /// Zero bytes that must follow the text: the parser takes a character of several bytes at the
     /// end of a text for whole.
     static constexpr std::size_t padding = 4;
 
-    /// @param text without zero bytes, followed by `padding` of them; must outlive the scan.
+    /// @param text followed by `padding` zero bytes; must outlive the scan.
     explicit XmlScan(std::string_view text, XmlLimits limits = {});
 
-    /// Walks the text. False when it must not be parsed or is broken where the parser would not
-    /// notice; fault() tells why.
+    /// Walks the text. False when it is beyond the limits or broken; fault() tells why. Broken is
+    /// also what the parser would not notice outside of the root element: text, and what is not
+    /// ended. Nothing at all, or no more than space, is left to the parser.
     bool run();
 
-    /// What is wrong, in words, and where: an offset into the text.
+    /// What is wrong, in words, and where.
     [[nodiscard]] const char* fault() const { return mFault; }
-    [[nodiscard]] std::size_t faultOffset() const { return mFaultOffset; }
+    [[nodiscard]] XmlPlace faultPlace() const;
 
     /// The greatest depth and number of attributes seen.
     [[nodiscard]] const XmlLimits& extent() const { return mExtent; }
@@ -42,13 +52,24 @@ public:
 private:
     enum class Encoding { unknown, utf8, other };
 
+    struct Attribute {
+        const char* end = nullptr;
+        std::string_view name{};
+        std::string_view value{};
+        bool broken = false;          ///< So that the parser says so of attributes, ...
+        const char* where = nullptr;  ///< ... here, or without a place.
+    };
+
+    bool walk();
     const char* skipItem(const char* p);
     const char* skipMarkup(const char* p);
     const char* skipStartTag(const char* p);
+    const char* skipAttributes(const char* p, const char* tag);
     const char* skipEndTag(const char* p);
     const char* skipDeclaration(const char* p);
     const char* skipTo(const char* p, const char* end, const char* faultWithout);
-    const char* skipAttribute(const char* p, std::string_view* value = nullptr) const;
+    Attribute skipAttribute(const char* p) const;
+    void skipUnquoted(Attribute& attribute) const;
     const char* skipQuoted(const char* p) const;
     const char* skipText(const char* p) const;
     const char* skipCharacter(const char* p) const;
@@ -56,7 +77,9 @@ private:
     const char* skipName(const char* p) const;
     const char* skipSpace(const char* p) const;
     void takeEncoding(std::string_view name, const char* where);
+    const char* firstTwin();
     const char* refuse(const char* where, const char* fault);
+    const char* refuseInTag(const char* where, const char* fault);
 
     [[nodiscard]] bool is(char c, unsigned char kind) const {
         return (mKinds[static_cast<unsigned char>(c)] & kind) != 0;
@@ -68,10 +91,11 @@ private:
     const char* mEnd;
     XmlLimits mLimits;
     XmlLimits mExtent{0, 0};
-    int mDepth = 0;  // elements that are open
+    std::vector<std::string_view> mOpen;   // names of elements
+    std::vector<std::string_view> mNames;  // of the attributes of a tag
     Encoding mEncoding = Encoding::unknown;
     const char* mFault = nullptr;
-    std::size_t mFaultOffset = 0;
+    const char* mFaultAt = nullptr;  // null: without a place
 };
 
 }  // namespace Orlek::Detail
