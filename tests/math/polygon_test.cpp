@@ -11,6 +11,7 @@
 
 #include "math/PolygonRings.h"
 #include "math/Reference.h"
+#include "support/Capture.h"
 
 namespace {
 
@@ -298,5 +299,29 @@ TEST(Polygon2D, HasTheAreasOfGeosWhereRingsCross) {
     EXPECT_GT(compared, 600U);
     finishGEOS();
 }
+
+#ifndef ORLEK_SANITIZED  // takes half a gibibyte and long enough without
+
+/// A line that goes to and fro over a square of the size `strokes`, to its `end`th part or beyond.
+Ring hatching(int strokes, bool upright, double end) {
+    Ring ring;
+    for (int i = 0; i <= strokes; ++i) {
+        const double along = strokes * (i % 2 == 0 ? -1.0 : end);
+        ring.push_back(upright ? Point(i, along) : Point(along, i));
+    }
+    return ring;
+}
+
+TEST(Polygon2D, GivesUpWhenTheCrossingsWouldFillTheMemory) {
+    Polygon2D polygon = polygonOf(hatching(3800, true, 2.0));
+    Polygon2D other = polygonOf(hatching(3800, false, 0.6 + 0.5 / 3800));
+    std::size_t rings = 1;
+    EXPECT_EQ(OrlekTest::captureStdout(
+                  [&] { rings = polygon.boolOperation(other, Polygon2D::Intersection).size(); }),
+              "Polygon2D::boolOperation Error: more than 8388608 crossings\n");
+    EXPECT_EQ(rings, 0U);
+}
+
+#endif
 
 }  // namespace
