@@ -10,6 +10,7 @@ cd "$(dirname "$0")"
 if [ "${1:-}" = --help ] || [ "${1:-}" = -h ]; then
   cat <<'TEXT'
 Usage: ./test.sh [release|asan|tsan|fuzz|style|abi|wayland]...
+       ./test.sh soak|coverage|refused [options]
 
 Without arguments all of them but the last two run, in this order:
   style    formatting, headers, who includes whom
@@ -19,11 +20,19 @@ Without arguments all of them but the last two run, in this order:
   fuzz     each fuzz target for some seconds, from its corpus, in the build of asan
   abi      the binary interface, type by type, beside the promised one (see packaging/abi.sh)
   wayland  the examples in windows under Wayland, at both scales
+On demand, one at a time, with options of their own (docs/reliability.md has what they gave):
+  soak     the moving map for ten minutes with feeds that come and go; --seconds N, --help
+  coverage how many of the library's lines the tests reach
+  refused  what it costs to refuse a broken input, in memory and time
 ORLEK_DATA_DIR names the folder of real elevation tiles (default ../shared/data); without it the
 tests say which cases they leave out.
 TEXT
   exit
 fi
+
+case "${1:-}" in
+  soak | coverage | refused) exec "tests/steps/$1.sh" "${@:2}" ;;
+esac
 
 # shellcheck disable=SC2086
 install_packages $run_packages $test_packages

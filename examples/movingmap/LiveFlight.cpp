@@ -60,12 +60,14 @@ LiveFlight::LiveFlight(const Options& options, const Flight& flight)
       mOldS(options.feedOldS),
       mGoneS(options.feedOldS * goneAfterOld) {}
 
-void LiveFlight::update() {
+std::vector<FeedMessage> LiveFlight::update() {
     const double nowS = secondsNow();
-    for (const FeedMessage& message : mFeed.poll(nowS)) {
+    std::vector<FeedMessage> messages = mFeed.poll(nowS);
+    for (const FeedMessage& message : messages) {
         mTraffic.take(message, nowS);
     }
     mTraffic.expire(nowS);
+    return messages;
 }
 
 Live LiveFlight::live(double nowS) const {

@@ -15,8 +15,8 @@ public:
     /// std::runtime_error when it cannot exist.
     LiveFlight(const Options& options, const Flight& flight);
 
-    /// Takes what has come. Call it often; it never waits.
-    void update();
+    /// Takes what has come, and gives it back. Call it often; it never waits.
+    std::vector<FeedMessage> update();
 
     /// The scene as it is known now.
     Scene scene() const;

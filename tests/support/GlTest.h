@@ -16,23 +16,12 @@
 #include <vector>
 
 #include "Capture.h"
+#include "GlNames.h"
 #include "HeadlessContext.h"
 
 namespace OrlekTest {
 
 using Pixel = std::array<int, 4>;
-
-// Names are not given twice, so that a program with many tests gets that far.
-inline constexpr GLuint mostNames = 5000;
-
-/// Names of vertex arrays, buffers and textures that exist.
-inline int liveNames() {
-    int count = 0;
-    for (GLuint name = 1; name < mostNames; ++name) {
-        count += glIsVertexArray(name) + glIsBuffer(name) + glIsTexture(name);
-    }
-    return count;
-}
 
 /// Draws whatever there is to draw.
 void draw(auto& drawable) {

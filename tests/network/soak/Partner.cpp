@@ -2,15 +2,14 @@
 
 #include <malloc.h>
 #include <sys/socket.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
-#include <fstream>
 #include <stdexcept>
 #include <string>
 #include <thread>
 
+#include "support/Memory.h"
 #include "support/OpenFiles.h"
 
 namespace OrlekTest {
@@ -37,13 +36,6 @@ void demand(bool holds, const char* fault) {
     if (!holds) {
         throw std::runtime_error(fault);
     }
-}
-
-long residentKib() {
-    long all = 0;
-    long resident = 0;
-    std::ifstream("/proc/self/statm") >> all >> resident;
-    return resident * (sysconf(_SC_PAGESIZE) / 1024);
 }
 
 }  // namespace

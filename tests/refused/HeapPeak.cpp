@@ -1,0 +1,78 @@
+// A program's own function goes before that of a library.
+#include "HeapPeak.h"
+
+#include <malloc.h>
+
+#include <atomic>
+#include <cerrno>
+
+namespace {
+
+std::atomic<std::size_t> inUse = 0;
+std::atomic<std::size_t> most = 0;
+std::size_t before = 0;
+
+void* counted(void* block) {
+    const std::size_t now = inUse += malloc_usable_size(block);
+    if (now > most) {
+        most = now;
+    }
+    return block;
+}
+
+}  // namespace
+
+namespace OrlekTest {
+
+void startHeapPeak() {
+    before = inUse;
+    most = before;
+}
+
+std::size_t heapPeak() {
+    return most - before;
+}
+
+}  // namespace OrlekTest
+
+extern "C" {
+
+void* __libc_malloc(std::size_t size);
+void* __libc_calloc(std::size_t count, std::size_t size);
+void* __libc_realloc(void* block, std::size_t size);
+void* __libc_memalign(std::size_t alignment, std::size_t size);
+void __libc_free(void* block);
+
+void* malloc(std::size_t size) noexcept {
+    return counted(__libc_malloc(size));
+}
+
+void* calloc(std::size_t count, std::size_t size) noexcept {
+    return counted(__libc_calloc(count, size));
+}
+
+// As if both blocks were there for a moment, which they are when it cannot grow in its place.
+void* realloc(void* block, std::size_t size) noexcept {
+    const std::size_t old = malloc_usable_size(block);
+    void* const grown = counted(__libc_realloc(block, size));
+    if (grown != nullptr || size == 0) {
+        inUse -= old;
+    }
+    return grown;
+}
+
+int posix_memalign(void** block, std::size_t alignment, std::size_t size) noexcept {
+    *block = counted(__libc_memalign(alignment, size));
+    return *block != nullptr ? 0 : ENOMEM;
+}
+
+void* aligned_alloc(std::size_t alignment, std::size_t size) noexcept {
+    return counted(__libc_memalign(alignment, size));
+}
+
+void free(void* block) noexcept {
+    inUse -= malloc_usable_size(block);
+    __libc_free(block);
+}
+
+}  // extern "C"

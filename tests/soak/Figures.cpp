@@ -1,0 +1,70 @@
+#include "Figures.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace OrlekTest {
+
+namespace {
+
+constexpr long memoryBoundKib = 2048;
+constexpr double frameBound = 2.0;
+
+const char* word(bool holds) {
+    return holds ? "" : "   <-- out of its bound";
+}
+
+void print(std::FILE* out, const char* name, const FrameTimes::Spread& spread,
+           const char* verdict) {
+    std::fprintf(out, "%s: median %.2f ms, 99.9 %% within %.2f ms (%.2f x), longest %.1f ms%s\n",
+                 name, spread.median, spread.p999, spread.p999 / spread.median, spread.longest,
+                 verdict);
+}
+
+bool print(std::FILE* out, const char* name, const Constant& constant) {
+    std::fprintf(out, "%s: %d to %d%s\n", name, constant.low(), constant.high(),
+                 word(constant.holds()));
+    return constant.holds();
+}
+
+}  // namespace
+
+FrameTimes::Spread FrameTimes::spread() const {
+    std::vector<float> sorted(mMs.begin(), mMs.begin() + static_cast<std::ptrdiff_t>(mCount));
+    if (sorted.empty()) {
+        return {};
+    }
+    std::sort(sorted.begin(), sorted.end());
+    return {sorted[mCount / 2], sorted[(mCount - 1) * 999 / 1000], sorted.back()};
+}
+
+void Constant::add(int value) {
+    mLow = mAny ? std::min(mLow, value) : value;
+    mHigh = mAny ? std::max(mHigh, value) : value;
+    mAny = true;
+}
+
+bool report(std::FILE* out, const Figures& figures, bool whole) {
+    const long growth = figures.memoryLaterKib - figures.memoryKib;
+    const bool memoryHolds = !whole || growth <= memoryBoundKib;
+    const FrameTimes::Spread interval = figures.interval.spread();
+    const bool framesHold = !whole || interval.p999 <= frameBound * interval.median;
+    const bool feedsHold = figures.faults == 0 && figures.complete;
+    std::fprintf(out, "%zu frames, %lu tile changes, settings written %lu times\n",
+                 figures.interval.count(), figures.tileChanges, figures.settingsWritten);
+    print(out, "frame to frame", interval, word(framesHold));
+    print(out, "work of a frame", figures.work.spread(), "");
+    std::fprintf(out,
+                 "memory: %ld KiB at most in the first two periods, then %ld KiB: %+ld KiB%s\n",
+                 figures.memoryKib, figures.memoryLaterKib, growth, word(memoryHolds));
+    const bool constant = print(out, "descriptors", figures.descriptors);
+    const bool namesHold = print(out, "GL names", figures.names);
+    std::fprintf(out,
+                 "feeds: %lu packages and datagrams over %lu connections, lost or out of order "
+                 "%lu, %s%s\n",
+                 figures.rounds * 13, figures.connections, figures.faults,
+                 figures.complete ? "the last has come" : "the last has not come", word(feedsHold));
+    return memoryHolds && framesHold && feedsHold && constant && namesHold;
+}
+
+}  // namespace OrlekTest

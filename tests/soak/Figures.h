@@ -1,0 +1,69 @@
+// What the soak measures, and whether it is within its bounds.
+#pragma once
+
+#include <cstdio>
+#include <vector>
+
+namespace OrlekTest {
+
+/// Times of frames in milliseconds, with memory for all of them from the beginning.
+class FrameTimes {
+public:
+    explicit FrameTimes(std::size_t most) : mMs(most, -1.0F) {}
+
+    void add(double ms) {
+        if (mCount < mMs.size()) {
+            mMs[mCount++] = static_cast<float>(ms);
+        }
+    }
+
+    struct Spread {
+        double median = 0.0;
+        double p999 = 0.0;  ///< The 99.9th percentile.
+        double longest = 0.0;
+    };
+    Spread spread() const;
+    std::size_t count() const { return mCount; }
+
+private:
+    std::vector<float> mMs;
+    std::size_t mCount = 0;
+};
+
+/// A number that must stay the same.
+class Constant {
+public:
+    void add(int value);
+    bool holds() const { return mLow == mHigh; }
+    int low() const { return mLow; }
+    int high() const { return mHigh; }
+
+private:
+    bool mAny = false;
+    int mLow = 0;
+    int mHigh = 0;
+};
+
+struct Figures {
+    explicit Figures(std::size_t mostFrames) : work(mostFrames), interval(mostFrames) {}
+
+    FrameTimes work;          ///< From taking what has come until the picture is complete.
+    FrameTimes interval;      ///< From a frame's beginning to the next one's.
+    long memoryKib = 0;       ///< The most in the first two minutes.
+    long memoryLaterKib = 0;  ///< The most afterwards.
+    Constant descriptors;
+    Constant names;
+    unsigned long rounds = 0;
+    unsigned long connections = 0;
+    unsigned long tileChanges = 0;
+    unsigned long settingsWritten = 0;
+    unsigned long faults = 0;  ///< Messages that were lost or came out of order or damaged.
+    bool complete = false;     ///< All that was sent has come.
+};
+
+/// Prints the figures.
+/// @param whole whether the run was long enough for the bounds of memory and frames to count
+/// @return whether all are within their bounds
+bool report(std::FILE* out, const Figures& figures, bool whole);
+
+}  // namespace OrlekTest
