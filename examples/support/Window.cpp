@@ -85,6 +85,7 @@ void Window::Glfw::open(const std::string& title, int width, int height) {
     glfwWindowHint(GLFW_CONTEXT_VERSION_MAJOR, 3);
     glfwWindowHint(GLFW_CONTEXT_VERSION_MINOR, 3);
     glfwWindowHint(GLFW_OPENGL_PROFILE, GLFW_OPENGL_COMPAT_PROFILE);
+    glfwWindowHint(GLFW_ALPHA_BITS, 0);  // nothing shines through where blending left some alpha
     glfwWindowHint(GLFW_SCALE_TO_MONITOR, GLFW_TRUE);  // X11; Wayland always does
     window = glfwCreateWindow(width, height, title.c_str(), nullptr, nullptr);
     if (window == nullptr) {

@@ -76,6 +76,7 @@ bool Screen::openWindow(const std::string& title) {
     glfwWindowHint(GLFW_CONTEXT_VERSION_MAJOR, 3);
     glfwWindowHint(GLFW_CONTEXT_VERSION_MINOR, 3);
     glfwWindowHint(GLFW_OPENGL_PROFILE, GLFW_OPENGL_COMPAT_PROFILE);
+    glfwWindowHint(GLFW_ALPHA_BITS, 0);  // nothing shines through
     glfwWindowHint(GLFW_SCALE_TO_MONITOR, GLFW_TRUE);
     mWindow = glfwCreateWindow(mWidth, mHeight, title.c_str(), nullptr, nullptr);
     if (mWindow == nullptr) {
