@@ -112,6 +112,10 @@ std::optional<RenderedGlyph> FontFace::render(unsigned int character) {
         return std::nullopt;
     }
     const FT_Bitmap& bitmap = slot->bitmap;
+    // A bitmap font may give a character a size, but no bits.
+    if (bitmap.buffer == nullptr && bitmap.rows > 0 && bitmap.width > 0) {
+        return std::nullopt;
+    }
     const std::ptrdiff_t pitch = bitmap.pitch;
     // With a negative pitch the rows stand in memory from the bottom up.
     const std::ptrdiff_t topRow =

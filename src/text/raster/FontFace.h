@@ -76,8 +76,9 @@ public:
     /// cannot be loaded is reported and has the size that the glyph slot then holds, usually 0.
     GlyphSize measure(unsigned int character);
 
-    /// Draws the character. Nothing when it cannot be loaded or is wider or higher than 1,024
-    /// pixels, four times the largest pixel height.
+    /// Draws the character. Nothing when it cannot be loaded, when a bitmap font gives it a size
+    /// but no bits, and when it is wider or higher than 1,024 pixels, four times the largest pixel
+    /// height.
     std::optional<RenderedGlyph> render(unsigned int character);
 
 private:
