@@ -69,9 +69,33 @@ std::optional<Fault> readFile(const std::string& path, TiXmlDocument& document, 
     return Fault{"Out of memory."};
 }
 
+// TinyXML copies texts and attributes up to their first zero byte, which a reference can give them.
+void copyZeroBytes(const TiXmlNode& from, TiXmlNode& to) {
+    to.SetValue(from.ValueStr());
+    const TiXmlElement* element = from.ToElement();
+    if (TiXmlElement* copied = to.ToElement(); element != nullptr && copied != nullptr) {
+        for (auto* at = element->FirstAttribute(); at != nullptr; at = at->Next()) {
+            if (at->ValueStr().find('\0') != std::string::npos) {
+                copied->SetAttribute(at->NameTStr(), at->ValueStr());
+            }
+        }
+    }
+    TiXmlNode* copy = to.FirstChild();
+    for (auto* child = from.FirstChild(); child != nullptr; child = child->NextSibling()) {
+        copyZeroBytes(*child, *copy);
+        copy = copy->NextSibling();
+    }
+}
+
 }  // namespace
 
 struct XmlDocument::Tree {
+    Tree() = default;
+    Tree(const Tree& other) : document(other.document), hasMark(other.hasMark) {
+        copyZeroBytes(other.document, document);
+    }
+    Tree& operator=(const Tree&) = delete;
+
     TiXmlDocument document;
     bool hasMark = false;  // TinyXML's own note of it cannot be asked
 };
