@@ -1,61 +1,31 @@
-// Font files: opening, measuring, laying out and drawing all characters of whatever bytes come, as
-// coverage, and every fourth input as a distance field too.
-#include <cstdio>
+// Font files: reading, opening, measuring, laying out and drawing all characters of whatever bytes
+// come, at a pixel height that the size of the input chooses.
+#include <cstring>
+#include <iterator>
+#include <vector>
 
-#include "FuzzTarget.h"
-#include "text/raster/FieldAtlas.h"
-#include "text/raster/FontFace.h"
+#include "FontInput.h"
+#include "MemoryFile.h"
 
 using namespace Orlek::Detail;
 
-namespace {
-
-/// FreeType, started once; the lines about bad glyphs go nowhere.
-FT_LibraryRec_* library() {
-    static FT_LibraryRec_* const handle = [] {
-        require(std::freopen("/dev/null", "w", stdout) != nullptr);
-        return openFreeType();
-    }();
-    return handle;
-}
-
-/// A quad may reach beyond the atlas only by what it keeps free around the glyph.
-void checkRecords(const GlyphSet& font, const GlyphAtlas& atlas, int padding) {
-    const float right = 1.0F + static_cast<float>(padding) / static_cast<float>(atlas.width);
-    const float top = 1.0F + static_cast<float>(padding) / static_cast<float>(atlas.height);
-    for (const auto& glyph : font.glyphs) {
-        require(glyph.s0 >= 0.0F && glyph.s1 <= right);
-        require(glyph.height == 0.0F || (glyph.t0 >= 0.0F && glyph.t1 <= top));
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const MemoryFile file(data, size);
+    std::vector<char> bytes;
+    require(readFontFile("TextureFont", file.path().c_str(), bytes));
+    require(bytes.size() == size && (size == 0 || std::memcmp(bytes.data(), data, size) == 0));
+    FontFace face(freeType(), bytes.data(), static_cast<int>(size));
+    if (face.error() != 0) {
+        return 0;
     }
-}
-
-void buildPlain(FontFace& face, int pixelHeight) {
+    constexpr int heights[] = {4, 16, 4, 300, 256, 16, 4};  // 4: the bitmap font in the corpus
+    const int height = heights[size % std::size(heights)];
     GlyphAtlas atlas;
     GlyphSet font;
-    if (buildAtlas(face, pixelHeight, {.shelfWidth = 256, .gap = 3, .padding = 0}, atlas, font)) {
+    if (buildAtlas(face, height, {.shelfWidth = 256, .gap = 3, .padding = 0}, atlas, font)) {
+        require(height <= 256);
         makeQuads(font.glyphs, 0);
         checkRecords(font, atlas, 0);
-    }
-}
-
-void buildField(FontFace& face) {
-    GlyphAtlas atlas;
-    GlyphSet font;
-    if (buildFieldAtlas(face, atlas, font)) {
-        checkRecords(font, atlas, fieldPadding);
-    }
-}
-
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    FontFace face(library(), reinterpret_cast<const char*>(data), static_cast<int>(size));
-    if (face.error() == 0) {
-        constexpr int heights[] = {4, 16, 256};  // 4: the size of the bitmap font in the corpus
-        buildPlain(face, heights[size % 3]);
-        if (size % 4 == 0) {
-            buildField(face);
-        }
     }
     return 0;
 }

@@ -1,20 +1,25 @@
 // Any bytes as an XML file. The scan must keep in step with the parser: what it lets pass, the
 // parser must take, to the same depth and with as many attributes of an element as the scan has
 // counted; what it refuses for being broken within an element, the parser must refuse in the same
-// words. What a document can read it must be able to print and write without a change for the
-// parser.
+// words. What a document can read it must be able to print, copy and write, byte for byte as the
+// parser itself does. Without any input the file is missing.
 #include <Orlek/XML/XmlDocument.h>
 #include <tinyxml.h>
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
 #include <initializer_list>
 #include <string>
 #include <string_view>
 
 #include "FuzzTarget.h"
 #include "MemoryFile.h"
+#include "Quiet.h"
 #include "config/xml/XmlScan.h"
 #include "config/xml/XmlText.h"
+#include "support/TempDir.h"
 
 namespace {
 
@@ -43,6 +48,26 @@ bool isOneOf(std::string_view word, std::initializer_list<std::string_view> word
     return std::find(words.begin(), words.end(), word) != words.end();
 }
 
+/// As the parser saves it.
+std::string saved(const TiXmlDocument& document) {
+    char* text = nullptr;
+    std::size_t size = 0;
+    std::FILE* const memory = open_memstream(&text, &size);
+    require(memory != nullptr && document.SaveFile(memory));
+    std::fclose(memory);
+    const std::string copy(text, size);
+    std::free(text);
+    return copy;
+}
+
+void checkText(const TiXmlDocument& document) {
+    std::string text;
+    Orlek::Detail::appendXmlText(document, text);
+    const std::string expected = saved(document);
+    const bool marked = expected.starts_with("\xEF\xBB\xBF");
+    require(text == expected.substr(marked ? 3 : 0));
+}
+
 void checkScan(const std::string& text, XmlLimits limits) {
     const std::string padded = text + std::string(XmlScan::padding, '\0');
     XmlScan scan({padded.data(), text.size()}, limits);
@@ -65,6 +90,23 @@ void checkScan(const std::string& text, XmlLimits limits) {
     require(parsed.depth == scan.extent().depth && parsed.depth <= limits.depth);
     require(parsed.attributes == scan.extent().attributes);
     require(parsed.attributes <= limits.attributes);
+    checkText(document);
+}
+
+std::string printedText(const Orlek::XML::XmlDocument& document) {
+    Orlek::XML::XmlElement root = document.root();
+    std::string text;
+    document.print(root, text);
+    return text;
+}
+
+/// A copy prints the same, and is written.
+void checkWritten(const Orlek::XML::XmlDocument& document, const std::string& printed) {
+    static const OrlekTest::TempDir dir;
+    static const std::string path = dir.path("document.xml");
+    Orlek::XML::XmlDocument copy(document);
+    require(printedText(copy) == printed);
+    require(copy.write(path) && std::filesystem::file_size(path) > 0);
 }
 
 }  // namespace
@@ -72,11 +114,12 @@ void checkScan(const std::string& text, XmlLimits limits) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const MemoryFile file(data, size);
     Orlek::XML::XmlDocument document;
-    const bool read = document.read(file.path());
-    Orlek::XML::XmlElement root = document.root();
-    std::string printed;
-    document.print(root, printed);
+    const bool read = document.read(size > 0 ? file.path() : "/proc/self/fd/none");
+    const std::string printed = printedText(document);
     require(read || printed.empty());
+    if (read) {
+        checkWritten(document, printed);
+    }
 
     const std::string text(reinterpret_cast<const char*>(data), size);
     if (text.find('\0') == std::string::npos) {

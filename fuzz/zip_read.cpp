@@ -1,5 +1,5 @@
 // Any bytes as an archive: it is walked, every entry is read, and the first one is read again in
-// small pieces, which must give the same.
+// small pieces, which must give the same. Without any input the file is missing.
 #include <Orlek/FileSystem/ZipFile.h>
 
 #include <algorithm>
@@ -9,6 +9,7 @@
 
 #include "FuzzTarget.h"
 #include "MemoryFile.h"
+#include "Quiet.h"
 #include "files/InflateStream.h"
 #include "files/ZipArchive.h"
 #include "platform/MallocArray.h"
@@ -47,14 +48,19 @@ void checkPieces(const std::string& path, const unsigned char* whole, std::size_
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const MemoryFile file(data, size);
-    ZipFile zip(file.path());
-    require(zip.exists());
+    const std::string path = size > 0 ? file.path() : "/proc/self/fd/none";
+    ZipFile zip(path);
+    require(zip.exists() == (size > 0) && zip.nrFiles() == 0);
     unsigned int length = 0;
+    const Content early(ZipFile(path).readFile("a", length));
+    require(early != nullptr || length == 0);
     for (const std::string& name : zip.getFiles()) {
         const Content content(zip.readFile(name, length));
         require(content != nullptr || length == 0);
     }
+    require(zip.nrFiles() == zip.getFiles().size() &&
+            zip.readFile("no such entry/", length) == nullptr);
     const Content first(zip.readFirstFile(length));
-    checkPieces(file.path(), first.get(), length);
+    checkPieces(path, first.get(), length);
     return 0;
 }
