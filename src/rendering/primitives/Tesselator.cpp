@@ -33,6 +33,28 @@ bool isFinite(const Math::Vector3<float>& p) {
     return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
 }
 
+// GLU goes round in circles when its sweep meets edges whose lengths differ by dozens of powers of
+// ten: what it computes of the one is less than the rounding of the other. It is given the corners
+// on a grid, so fine that floats of the outline's size lie on it, and so coarse that doubles can
+// tell exactly on which side of an edge a corner lies; in its answer the corners are the outline's
+// own.
+class CornerGrid {
+public:
+    explicit CornerGrid(const std::vector<Math::Vector3<float>>& outline) {
+        float extent = 0.0F;
+        for (const auto& p : outline) {
+            extent = std::max({extent, std::fabs(p.x), std::fabs(p.y), std::fabs(p.z)});
+        }
+        constexpr int bits = 25;
+        mUnit = extent > 0.0F ? std::ldexp(1.0, std::ilogb(extent) - bits) : 1.0;
+    }
+
+    double onGrid(float coordinate) const { return std::nearbyint(coordinate / mUnit) * mUnit; }
+
+private:
+    double mUnit;
+};
+
 // GLU loops or crashes on coordinates that are not finite, and takes hours and all memory when
 // thousands of edges cross each other.
 bool isAcceptable(const std::vector<Math::Vector3<float>>& outline) {
@@ -85,9 +107,11 @@ Tesselator::TessPolygon Tesselator::tesselate() {
     gluTessBeginContour(tess.get());
     mCoords.clear();
     mCoords.reserve(mVertices.size());  // GLU keeps pointers to them
+    const CornerGrid grid(mVertices);
     for (const Math::Vector3<float>& p : mVertices) {
-        double* coordinates = mCoords.emplace_back(Coordinates{p.x, p.y, p.z}).data();
-        gluTessVertex(tess.get(), coordinates, coordinates);
+        Coordinates place{grid.onGrid(p.x), grid.onGrid(p.y), grid.onGrid(p.z)};
+        gluTessVertex(tess.get(), place.data(),
+                      mCoords.emplace_back(Coordinates{p.x, p.y, p.z}).data());
     }
     gluTessEndContour(tess.get());
     gluTessEndPolygon(tess.get());
