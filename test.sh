@@ -10,7 +10,7 @@ cd "$(dirname "$0")"
 if [ "${1:-}" = --help ] || [ "${1:-}" = -h ]; then
   cat <<'TEXT'
 Usage: ./test.sh [release|asan|tsan|fuzz|style|abi|wayland]...
-       ./test.sh soak|coverage|refused [options]
+       ./test.sh soak|coverage|refused|waits [options]
 
 Without arguments all of them but the last two run, in this order:
   style    formatting, headers, who includes whom
@@ -24,6 +24,7 @@ On demand, one at a time, with options of their own (docs/reliability.md has wha
   soak     the moving map for ten minutes with feeds that come and go; --seconds N, --help
   coverage how many of the library's lines the tests reach
   refused  what it costs to refuse a broken input, in memory and time
+  waits    how long calls wait at worst for peers, name servers and disks
 ORLEK_DATA_DIR names the folder of real elevation tiles (default ../shared/data); without it the
 tests say which cases they leave out.
 TEXT
@@ -31,7 +32,7 @@ TEXT
 fi
 
 case "${1:-}" in
-  soak | coverage | refused) exec "tests/steps/$1.sh" "${@:2}" ;;
+  soak | coverage | refused | waits) exec "tests/steps/$1.sh" "${@:2}" ;;
 esac
 
 # shellcheck disable=SC2086

@@ -84,6 +84,9 @@ TEST(XmlDocument, DamageIsRefusedWithItsPlace) {
         {"<a/>\n\0"s, "Row 2 Col 1 Error Error null (0) or unexpected EOF found in input stream."},
         // A character of four bytes is begun where the file ends.
         {"<?xml version='1.0'?><a>\xF0", "Row 1 Col 1 Error Error reading Element value."},
+        // A character of three bytes takes the quote.
+        {"<?xml version='1.0'?><a b='\xE0\xA0' c='1'/>",
+         "Row 1 Col 33 Error Error reading Attributes."},
         // Entities that grow tenfold with each level are never expanded: TinyXML knows no such.
         {"<!DOCTYPE l [<!ENTITY a \"aaaaaaaaaa\">\n<!ENTITY b \"&a;&a;&a;\">]>\n<l>&b;</l>",
          "Row 2 Col 24 Error Text outside of the root element."},

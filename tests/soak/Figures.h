@@ -1,6 +1,7 @@
 // What the soak measures, and whether it is within its bounds.
 #pragma once
 
+#include <array>
 #include <cstdio>
 #include <vector>
 
@@ -47,10 +48,10 @@ private:
 struct Figures {
     explicit Figures(std::size_t mostFrames) : work(mostFrames), interval(mostFrames) {}
 
-    FrameTimes work;          ///< From taking what has come until the picture is complete.
-    FrameTimes interval;      ///< From a frame's beginning to the next one's.
-    long memoryKib = 0;       ///< The most in the first two minutes.
-    long memoryLaterKib = 0;  ///< The most afterwards.
+    FrameTimes work;      ///< From taking what has come until the picture is complete.
+    FrameTimes interval;  ///< From a frame's beginning to the next one's.
+    /// Second by second in each period. Every other one has the same tiles.
+    std::array<std::vector<long>, 12> memoryKib;
     Constant descriptors;
     Constant names;
     unsigned long rounds = 0;

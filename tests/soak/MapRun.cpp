@@ -122,7 +122,7 @@ Figures MapRun::run(Sent& sent) {
             writeSettings();
         }
         watchMemory(begin);
-        if (counting.due(begin)) {
+        if (mPackages.scene().live->connected && counting.due(begin)) {
             count();
         }
     }
@@ -175,8 +175,10 @@ void MapRun::watchMemory(Clock::time_point now) {
         return;
     }
     mMemoryDue += 1s;
-    long& most = now < mStart + 2 * mPlan.period ? mFigures.memoryKib : mFigures.memoryLaterKib;
-    most = std::max(most, residentKib());
+    const auto period = static_cast<std::size_t>((now - mStart) / mPlan.period);
+    if (period < mFigures.memoryKib.size()) {
+        mFigures.memoryKib[period].push_back(residentKib());
+    }
 }
 
 void MapRun::count() {
