@@ -3,11 +3,11 @@
 #include <cmath>
 #include <cstddef>
 
+#include "math/Degrees.h"
+
 namespace Orlek::Detail {
 
 namespace {
-
-constexpr double radiansPerDegree = 0.017453292519943295;
 
 Math::Vector3<float> rimPoint(double radius, double angle) {
     return {static_cast<float>(std::sin(angle) * radius),

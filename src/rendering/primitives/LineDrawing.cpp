@@ -11,7 +11,7 @@ namespace Orlek::Detail {
 
 namespace {
 
-std::vector<float> measured(std::span<const Math::Vector3<float>> vertices) {
+std::vector<float> withLengths(std::span<const Math::Vector3<float>> vertices) {
     return measureLine(vertices, OpenGL::MatrixGet(), OpenGL::GlHandler::instance().viewPort());
 }
 
@@ -53,7 +53,7 @@ void uploadStrips(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
     std::vector<Stream> streams{streamOf(Attribute::Vertex, points.vertices)};
     streams.insert(streams.end(), more.begin(), more.end());
     const std::vector<float> positions =
-        lengths == StripLengths::Measured ? measured(points.vertices) : std::vector<float>();
+        lengths == StripLengths::Measured ? withLengths(points.vertices) : std::vector<float>();
     streams.push_back(streamOf(Attribute::Position, positions));
     if (recipe.mode == DrawMode::LineStripAdjacency) {
         syncMesh(mesh, streams, adjacencyIndices(points.indices, recipe.restart.value()));
@@ -63,7 +63,7 @@ void uploadStrips(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
 }
 
 void updatePositions(Mesh& mesh, const std::vector<Math::Vector3<float>>& vertices) {
-    mesh.update(streamOf(Attribute::Position, measured(vertices)));
+    mesh.update(streamOf(Attribute::Position, withLengths(vertices)));
 }
 
 void drawLines(const LineRecipe& recipe, const LineStyle& style, const Mesh& mesh,

@@ -4,13 +4,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "math/Degrees.h"
 #include "terrain/tiles/SamplePatch.h"
 
 namespace Orlek::Detail {
 
 namespace {
-
-constexpr double radiansPerDegree = 0.017453292519943295;
 
 /// Which way leads back into 0 ... count - 1, or 0 for an index inside.
 std::int32_t stepInward(std::int32_t index, std::int32_t count) {
