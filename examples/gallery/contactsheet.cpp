@@ -84,6 +84,7 @@ void draw(const std::string& out, const std::vector<std::string>& paths) {
     const int width = gap + columns * (tileWidth + gap);
     const int height = gap + rows * (tileHeight + nameHeight);
     std::vector<std::string> names;
+    names.reserve(paths.size());
     for (const std::string& path : paths) {
         names.push_back(std::filesystem::path(path).stem().string());
     }

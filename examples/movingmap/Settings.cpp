@@ -23,7 +23,7 @@ Orlek::Misc::Property& properties() {
 // A value may hold anything; what is said about it stays in a line.
 std::string inALine(std::string text) {
     if (text.size() > longestShown) {
-        text = text.substr(0, longestShown) + "...";
+        text.replace(longestShown, std::string::npos, "...");
     }
     std::replace_if(
         text.begin(), text.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; }, '?');
@@ -76,7 +76,7 @@ double Settings::number(const char* option, const char* key, double low, double 
 }
 
 std::string Settings::path(const char* option, const char* key, const char* keyword) const {
-    const std::string wanted = textOf(option);
+    std::string wanted = textOf(option);
     const auto text = stored(key);
     if (given(option) || !text) {
         const bool literal = wanted.empty() || wanted == keyword;

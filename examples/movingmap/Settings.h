@@ -68,7 +68,7 @@ auto Settings::value(const char* option, const char* key, Parse parse) const {
             return parse(option, OrlekSupport::textOf(option));
         }
     }
-    const auto result = parse(option, OrlekSupport::textOf(option));
+    auto result = parse(option, OrlekSupport::textOf(option));
     Orlek::Misc::Property::instance().setString(key, OrlekSupport::textOf(option));
     return result;
 }

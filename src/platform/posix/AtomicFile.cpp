@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <climits>
 #include <span>
+#include <string_view>
 #include <tuple>
 #include <utility>
 
@@ -34,8 +35,8 @@ bool followLinks(std::string& path) {
         if (length < 0) {
             return errno == EINVAL || errno == ENOENT;  // no link, or nothing there
         }
-        const std::string next(target.data(), static_cast<std::size_t>(length));
-        path = next.starts_with('/') ? next : directoryOf(path) + next;
+        const std::string_view next(target.data(), static_cast<std::size_t>(length));
+        path = (next.starts_with('/') ? std::string() : directoryOf(path)).append(next);
     }
     errno = ELOOP;
     return false;

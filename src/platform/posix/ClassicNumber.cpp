@@ -1,8 +1,8 @@
 // POSIX's locale objects: nothing of the process's own locale is touched.
 #include "platform/ClassicNumber.h"
 
-#include <locale.h>
-#include <stdlib.h>
+#include <locale.h>  // NOLINT(modernize-deprecated-headers): newlocale is POSIX's
+#include <stdlib.h>  // NOLINT(modernize-deprecated-headers): and so is strtod_l
 
 namespace Orlek::Detail {
 

@@ -26,7 +26,8 @@ struct Stream {
 template <typename T>
 Stream streamOf(Attribute attribute, const std::vector<T>& values) {
     static_assert(sizeof(T) % sizeof(float) == 0);
-    return {attribute, static_cast<int>(sizeof(T) / sizeof(float)), values.data(), values.size()};
+    constexpr std::size_t floats = sizeof(T) / sizeof(float);  // NOLINT(bugprone-sizeof-expression)
+    return {attribute, static_cast<int>(floats), values.data(), values.size()};
 }
 
 /// Under which names the errors of an upload are reported, step by step; null: they stay pending.
