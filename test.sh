@@ -10,9 +10,9 @@ cd "$(dirname "$0")"
 if [ "${1:-}" = --help ] || [ "${1:-}" = -h ]; then
   cat <<'TEXT'
 Usage: ./test.sh [release|asan|tsan|fuzz|style|abi|wayland]...
-       ./test.sh soak|coverage|refused|waits [options]
+       ./test.sh soak|coverage|refused|waits|lint|compilers|valgrind|cycles [options]
 
-Without arguments all of them but the last two run, in this order:
+Without arguments all of the first line but its last two run, in this order:
   style    formatting, headers, who includes whom
   release  every test, optimised build
   asan     every test under the address and undefined-behaviour sanitizers (clang)
@@ -25,6 +25,10 @@ On demand, one at a time, with options of their own (docs/reliability.md has wha
   coverage how many of the library's lines the tests reach
   refused  what it costs to refuse a broken input, in memory and time
   waits    how long calls wait at worst for peers, name servers and disks
+  lint     clang-tidy and cppcheck
+  compilers  all tests built by gcc and clang, shared and static, hardened
+  valgrind the tests without GL under valgrind; valgrind NAME for some of them
+  cycles   a thousand scans for terrain, each destroyed meanwhile, under each sanitizer
 ORLEK_DATA_DIR names the folder of real elevation tiles (default ../shared/data); without it the
 tests say which cases they leave out.
 TEXT
@@ -32,7 +36,9 @@ TEXT
 fi
 
 case "${1:-}" in
-  soak | coverage | refused | waits) exec "tests/steps/$1.sh" "${@:2}" ;;
+  soak | coverage | refused | waits | lint | compilers | valgrind | cycles)
+    exec "tests/steps/$1.sh" "${@:2}"
+    ;;
 esac
 
 # shellcheck disable=SC2086
