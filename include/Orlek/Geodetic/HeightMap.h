@@ -52,17 +52,20 @@ public:
     /// has finished is not ready and needs a loadData() of its own.
     HeightMap(const HeightMap& other);
 
-    /// As the copy constructor; waits first for a scan of this object.
+    /// As the copy constructor; waits first for a scan of this object, as the destructor does.
     HeightMap& operator=(const HeightMap& other);
 
-    /// Waits for a scan that still runs. Tiles go with the last object that shares them.
+    /// Waits for a scan that still runs, which lists the directory and opens each DTED file in it:
+    /// a second or two for 2,000 files, without end on a network disk that does not answer. Tiles
+    /// go with the last object that shares them.
     ~HeightMap();
 
     /// Names the directory of the tiles for the next loadData(). Looks at nothing on disk.
     /// @param path a directory; its subdirectories are searched too.
     void setDataPath(const std::string& path);
 
-    /// Starts to look for tiles and returns at once. Until it has finished for the first time the
+    /// Starts to look for tiles and returns at once; only where the system gives no thread, when it
+    /// has found them. Until it has finished for the first time the
     /// object is not ready and queries give what they say for that; there is no need to wait.
     ///
     /// Prints one line with the number of files found and one line for each DTED file. A directory

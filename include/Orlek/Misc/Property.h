@@ -77,7 +77,7 @@ public:
     bool readXmlFile();
 
     /// Writes all settings in the order of their keys, so that the file holds the old ones or the
-    /// new ones whatever happens: see XML::XmlDocument::write().
+    /// new ones whatever happens, and waits for the disk: see XML::XmlDocument::write().
     /// @param path the file.
     /// @return true when they have reached the disk. Otherwise a line has been printed on the
     ///         standard output, and the file is as it was.

@@ -32,8 +32,9 @@ public:
     Network() = default;
     ~Network() = default;
 
-    /// Looks a host up. It waits for name servers as long as the system does, seconds at worst. Any
-    /// thread may call it.
+    /// Looks a host up. It waits for name servers as long as the system does: with the usual
+    /// settings, 5 s twice for each of at most three servers that do not answer, 30 s. Any thread
+    /// may call it.
     /// @param name a host name ("localhost") or a dotted address ("192.168.1.17").
     /// @return the address in host byte order; of several the last one that is not 0. 0 when there
     ///         is none; where the system refuses the name, "getaddrinfo: <its reason>" goes to the

@@ -38,7 +38,8 @@ public:
     /// @return whether it listens.
     bool init(int port);
 
-    /// Waits for a peer. A failure prints the system's reason for "accept".
+    /// Waits for a peer, without end when none comes. A failure prints the system's reason for
+    /// "accept".
     /// @param[out] client the connection: descriptor, name and address are set; one that it held
     ///        before is not closed.
     /// @return whether a peer was accepted.

@@ -61,7 +61,9 @@ public:
 
     /// Sends one datagram to the destination.
     ///
-    /// That an earlier datagram found nobody listening does not keep this one from being sent.
+    /// That an earlier datagram found nobody listening does not keep this one from being sent. The
+    /// call waits while the system's send buffer is full, until earlier datagrams are on the wire:
+    /// milliseconds, whoever listens.
     /// @param data the bytes; the object keeps none of them.
     /// @param size their number, 0 to 65507, the most that IPv4 carries.
     /// @return the number of bytes sent; -1 when not open. -1, with "write" and the reason of the
@@ -75,7 +77,8 @@ public:
     /// @return as of the other form.
     int write(int port, const void* data, unsigned int size);
 
-    /// Receives one datagram.
+    /// Receives one datagram. On a socket that waits it does so without end when none comes; end
+    /// such a wait with a datagram of one's own.
     /// @param buffer room for @p size bytes. What a longer datagram has beyond is lost.
     /// @param size the size of the buffer in bytes.
     /// @return the number of bytes received, which is 0 for an empty datagram; -1 when not open,

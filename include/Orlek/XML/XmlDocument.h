@@ -55,8 +55,9 @@ public:
     /// Writes the document so that the file holds the old content or the new one, whatever happens.
     ///
     /// The new content goes to a file beside the old one, is forced to the disk and takes the name
-    /// over. A link stays a link, the mode stays as it was, the owner too where the system lets it;
-    /// other names of the same file (hard links) keep the old content.
+    /// over, so the call waits for the disk: tenths of a second on a busy one, without end on one
+    /// that does not answer. A link stays a link, the mode stays as it was, the owner too where the
+    /// system lets it; other names of the same file (hard links) keep the old content.
     /// @param path the file; created when it is missing, but not its directory.
     /// @return true when the content has reached the disk. False when it has not, when the path
     ///         names something that is no regular file or may not be written, when new files may
