@@ -13,7 +13,7 @@ using Detail::TileKey;
 
 /// What copies take over, beside the scan, which they don't. Only the owner's thread sees it: the
 /// scan works on maps of its own until they are taken.
-struct HeightMap::State {
+struct ORLEK_NO_EXPORT HeightMap::State {
     Detail::TileScan scan;
     bool ready = false;
     std::string dataPath;
