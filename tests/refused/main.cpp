@@ -17,11 +17,11 @@
 #include <string>
 #include <vector>
 
-#include "HeapPeak.h"
 #include "files/ZipBuilder.h"
 #include "network/Http.h"
 #include "network/PackageFraming.h"
 #include "support/Capture.h"
+#include "support/Heap.h"
 #include "support/TempDir.h"
 #include "support/WholeText.h"
 #include "terrain/TileFiles.h"
@@ -225,7 +225,9 @@ bool measure(const Input& input, std::size_t size, bool timed) {
     captureStderr([&] {
         captureStdout([&] {
             const auto start = std::chrono::steady_clock::now();
-            heap = heapPeakOf([&] { refused = input.refuses(path, bytes); });
+            startHeapPeak();
+            refused = input.refuses(path, bytes);
+            heap = heapPeak();
             taken = std::chrono::steady_clock::now() - start;
         });
     });

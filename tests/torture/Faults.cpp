@@ -7,7 +7,9 @@
 #include <atomic>
 #include <cerrno>
 #include <cstdarg>
-#include <cstdlib>
+#include <cstddef>
+
+#include "support/Heap.h"
 
 namespace {
 
@@ -41,6 +43,7 @@ Function* next(const char* name) {
 namespace OrlekTest {
 
 void armFault(FaultKind kind, long number) {
+    allocationFails = [] { return strikes(FaultKind::allocation); };
     armedKind = kind;
     countdown = number;
 }
@@ -133,72 +136,3 @@ int close(int file) {
 }
 
 }  // extern "C"
-
-#ifdef ORLEK_SANITIZED  // the sanitizer has its own
-
-long OrlekTest::liveBlocks() {
-    return 0;
-}
-
-#else
-
-namespace {
-
-std::atomic<long> blocks = 0;
-
-void* counted(void* block) {
-    blocks += block != nullptr ? 1 : 0;
-    return block;
-}
-
-bool allocationFails() {
-    if (!strikes(FaultKind::allocation)) {
-        return false;
-    }
-    errno = ENOMEM;
-    return true;
-}
-
-}  // namespace
-
-long OrlekTest::liveBlocks() {
-    return blocks;
-}
-
-extern "C" {
-
-void* __libc_malloc(std::size_t size);
-void* __libc_calloc(std::size_t count, std::size_t size);
-void* __libc_realloc(void* block, std::size_t size);
-void* __libc_memalign(std::size_t alignment, std::size_t size);
-void __libc_free(void* block);
-
-void* malloc(std::size_t size) noexcept {
-    return allocationFails() ? nullptr : counted(__libc_malloc(size));
-}
-
-void* calloc(std::size_t count, std::size_t size) noexcept {
-    return allocationFails() ? nullptr : counted(__libc_calloc(count, size));
-}
-
-// The block that it gives stands for the one that it takes.
-void* realloc(void* block, std::size_t size) noexcept {
-    if (block == nullptr) {
-        return malloc(size);
-    }
-    return allocationFails() ? nullptr : __libc_realloc(block, size);
-}
-
-int posix_memalign(void** block, std::size_t alignment, std::size_t size) noexcept {
-    *block = allocationFails() ? nullptr : counted(__libc_memalign(alignment, size));
-    return *block != nullptr ? 0 : ENOMEM;
-}
-
-void free(void* block) noexcept {
-    blocks -= block != nullptr ? 1 : 0;
-    __libc_free(block);
-}
-
-}  // extern "C"
-
-#endif

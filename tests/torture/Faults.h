@@ -1,5 +1,6 @@
 // Lets one allocation or one system call of the program fail, whoever makes it. The functions of
-// the C library that allocate or enter the system are replaced in Faults.cpp.
+// the C library that enter the system are replaced in Faults.cpp, those that allocate in
+// support/Heap.cpp.
 #pragma once
 
 namespace OrlekTest {
@@ -17,8 +18,5 @@ bool disarmFault();
 
 /// The name of the system call that failed last.
 const char* failedCall();
-
-/// Blocks of memory that are in use; always 0 where a sanitizer counts them.
-long liveBlocks();
 
 }  // namespace OrlekTest

@@ -9,6 +9,7 @@
 
 #include "Faults.h"
 #include "support/Capture.h"
+#include "support/Heap.h"
 #include "support/OpenFiles.h"
 
 namespace OrlekTest {
