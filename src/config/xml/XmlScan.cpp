@@ -1,106 +1,24 @@
 // The scan. Where a rule looks odd, it is the parser's: every function names what it follows there.
-// The functions of <cctype> follow the locale of the process as those of the parser do.
 #include "config/xml/XmlScan.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cstring>
 
 namespace Orlek::Detail {
 
-namespace {
-
-constexpr int tabWidth = 4;
-
-// Kinds of bytes, to be added up.
-enum : unsigned char { space = 1, nameStart = 2, nameOther = 4, plain = 8 };
-
-// TiXmlBase::IsWhiteSpace, IsAlpha and IsAlphaNum: all that is not ASCII is a letter. Plain is what
-// is a character by itself in any encoding and ends nothing.
-unsigned char kindOf(unsigned char byte) {
-    const bool letter = byte == '_' || byte >= 127 || std::isalpha(byte) != 0;
-    const bool other = byte == '-' || byte == '.' || byte == ':' || std::isalnum(byte) != 0;
-    const bool special =
-        byte == 0 || byte >= 0x80 || byte == '&' || byte == '<' || byte == '"' || byte == '\'';
-    return static_cast<unsigned char>((std::isspace(byte) != 0 ? space : 0) |
-                                      (letter ? nameStart : 0) | (other ? nameOther : 0) |
-                                      (special ? 0 : plain));
-}
-
-bool startsWith(const char* p, std::string_view word) {
-    return std::strncmp(p, word.data(), word.size()) == 0;
-}
-
-// The signed char is handed on as it is, as TiXmlBase::ToLower does.
-bool startsWithAnyCase(const char* p, std::string_view word) {
-    return std::equal(word.begin(), word.end(), p, [](char expected, char c) {
-        return std::tolower(c) == std::tolower(expected);
-    });
-}
-
-// TiXmlBase::utf8ByteTable: by the first byte alone, whatever follows.
-std::ptrdiff_t utf8Length(char first) {
-    const auto byte = static_cast<unsigned char>(first);
-    if (byte < 0xC2 || byte > 0xF4) {
-        return 1;
-    }
-    return byte < 0xE0 ? 2 : byte < 0xF0 ? 3 : 4;
-}
-
-// Byte order marks and the two that are no characters, which count as space in UTF-8.
-bool isMark(const char* p) {
-    return startsWith(p, "\xEF\xBB\xBF") || startsWith(p, "\xEF\xBF\xBE") ||
-           startsWith(p, "\xEF\xBF\xBF");
-}
-
-bool isDigitOf(char c, bool hexadecimal) {
-    return (c >= '0' && c <= '9') ||
-           (hexadecimal && ((c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F')));
-}
-
-}  // namespace
-
-XmlScan::XmlScan(std::string_view text, XmlLimits limits)
-    : mBegin(text.data()), mEnd(text.data() + text.size()), mLimits(limits) {
-    for (std::size_t byte = 0; byte < mKinds.size(); ++byte) {
-        mKinds[byte] = kindOf(static_cast<unsigned char>(byte));
-    }
-}
+XmlScan::XmlScan(std::string_view text, XmlLimits limits) : mText(text), mLimits(limits) {}
 
 const char* XmlScan::refuse(const char* where, const char* fault) {
     if (mFault == nullptr) {
         mFault = fault;
         mFaultAt = where;
     }
-    return mEnd;
-}
-
-// TiXmlParsingData::Stamp.
-XmlPlace XmlScan::faultPlace() const {
-    XmlPlace place;
-    int column = 0;
-    for (const char* p = mBegin; mFaultAt != nullptr && p < mFaultAt;) {
-        if (*p == '\n') {
-            ++place.row;
-            column = 0;
-            ++p;
-        } else if (*p == '\t') {
-            column = (column / tabWidth + 1) * tabWidth;
-            ++p;
-        } else if (mEncoding == Encoding::utf8) {
-            column += isMark(p) ? 0 : 1;
-            p += utf8Length(*p);
-        } else {
-            ++column;
-            ++p;
-        }
-    }
-    place.column = column + 1;
-    return place;
+    return mText.end();
 }
 
 bool XmlScan::run() {
-    if (const void* zero = std::memchr(mBegin, 0, static_cast<std::size_t>(mEnd - mBegin))) {
+    if (const void* zero =
+            std::memchr(mText.begin(), 0, static_cast<std::size_t>(mText.end() - mText.begin()))) {
         refuse(static_cast<const char*>(zero),
                "Error null (0) or unexpected EOF found in input stream.");
         return false;
@@ -110,17 +28,17 @@ bool XmlScan::run() {
 
 // TiXmlDocument::Parse and, without its recursion, TiXmlElement::ReadValue.
 bool XmlScan::walk() {
-    if (startsWith(mBegin, "\xEF\xBB\xBF")) {
-        mEncoding = Encoding::utf8;
+    if (startsWith(mText.begin(), "\xEF\xBB\xBF")) {
+        mText.setEncoding(XmlCharacters::Encoding::utf8);
     }
-    const char* end = mBegin;
-    for (const char* p = skipSpace(mBegin); *p != '\0'; p = skipSpace(end)) {
+    const char* end = mText.begin();
+    for (const char* p = mText.skipSpace(mText.begin()); *p != '\0'; p = mText.skipSpace(end)) {
         end = skipItem(p);
     }
-    if (!mOpen.empty() && end == mEnd) {
+    if (!mOpen.empty() && end == mText.end()) {
         refuse(nullptr, "Error reading Element value.");
     } else if (!mOpen.empty()) {
-        refuse(mEnd, "Error reading end tag.");
+        refuse(mText.end(), "Error reading end tag.");
     }
     return mFault == nullptr;
 }
@@ -129,7 +47,7 @@ const char* XmlScan::skipItem(const char* p) {
     if (*p == '<') {
         return p[1] == '/' ? skipEndTag(p) : skipMarkup(p);
     }
-    return !mOpen.empty() ? skipText(p) : refuse(p, "Text outside of the root element.");
+    return !mOpen.empty() ? mText.skipText(p) : refuse(p, "Text outside of the root element.");
 }
 
 // TiXmlNode::Identify. What it calls unknown is a document type, an instruction or a damaged tag.
@@ -147,7 +65,8 @@ const char* XmlScan::skipMarkup(const char* p) {
     if (p[1] == '!' || p[1] == '?') {
         return skipTo(p + 1, ">", "Error parsing Unknown.");
     }
-    return is(p[1], nameStart) ? skipStartTag(p) : refuse(p, "Failed to read Element name");
+    return mText.is(p[1], XmlCharacters::nameStart) ? skipStartTag(p)
+                                                    : refuse(p, "Failed to read Element name");
 }
 
 const char* XmlScan::skipTo(const char* p, const char* end, const char* faultWithout) {
@@ -162,8 +81,8 @@ const char* XmlScan::skipStartTag(const char* tag) {
     if (depth > mLimits.depth) {
         return refuse(tag, "Elements nested too deeply.");
     }
-    const char* const name = skipSpace(tag + 1);  // a byte order mark may stand there
-    const char* const nameEnd = skipName(name);
+    const char* const name = mText.skipSpace(tag + 1);  // a byte order mark may stand there
+    const char* const nameEnd = mText.skipName(name);
     if (*nameEnd == '\0') {
         return refuse(name, "Failed to read Element name");
     }
@@ -182,7 +101,7 @@ const char* XmlScan::skipStartTag(const char* tag) {
 const char* XmlScan::skipAttributes(const char* p, const char* tag) {
     mNames.clear();
     for (;;) {
-        const char* const start = skipSpace(p);
+        const char* const start = mText.skipSpace(p);
         if (*start == '\0') {
             return refuseInTag(p, "Error reading Attributes.");
         }
@@ -235,7 +154,7 @@ const char* XmlScan::skipEndTag(const char* tag) {
         return refuse(tag, "Error reading end tag.");
     }
     const char* const nameEnd = name + mOpen.back().size();
-    const char* const p = skipSpace(nameEnd);
+    const char* const p = mText.skipSpace(nameEnd);
     if (*p != '>') {
         return refuse(*nameEnd == '\0' ? nullptr : p, "Error reading end tag.");
     }
@@ -248,7 +167,7 @@ const char* XmlScan::skipDeclaration(const char* declaration) {
     std::string_view encoding;
     const char* p = declaration + 5;
     while (*p != '\0' && *p != '>') {
-        p = skipSpace(p);
+        p = mText.skipSpace(p);
         if (startsWithAnyCase(p, "encoding")) {
             const Attribute attribute = skipAttribute(p);
             encoding = attribute.value;
@@ -256,7 +175,7 @@ const char* XmlScan::skipDeclaration(const char* declaration) {
         } else if (startsWithAnyCase(p, "version") || startsWithAnyCase(p, "standalone")) {
             p = skipAttribute(p).end;
         } else {
-            while (*p != '\0' && *p != '>' && !is(*p, space)) {
+            while (*p != '\0' && *p != '>' && !mText.is(*p, XmlCharacters::space)) {
                 ++p;
             }
         }
@@ -273,32 +192,33 @@ const char* XmlScan::skipDeclaration(const char* declaration) {
 // The first declaration decides. A reference in the name is allowed nowhere, and is refused to
 // spare this scan the expanding of references.
 void XmlScan::takeEncoding(std::string_view name, const char* where) {
+    using Encoding = XmlCharacters::Encoding;
     if (name.find('&') != std::string_view::npos) {
         refuse(where, "Error parsing Declaration.");
-    } else if (mEncoding == Encoding::unknown) {
+    } else if (mText.encoding() == Encoding::unknown) {
         const bool utf8 = name.empty() || startsWithAnyCase(name.data(), "UTF-8") ||
                           startsWithAnyCase(name.data(), "UTF8");
-        mEncoding = utf8 ? Encoding::utf8 : Encoding::other;
+        mText.setEncoding(utf8 ? Encoding::utf8 : Encoding::other);
     }
 }
 
 // TiXmlAttribute::Parse.
 XmlScan::Attribute XmlScan::skipAttribute(const char* p) const {
-    const char* const nameEnd = skipName(p);
+    const char* const nameEnd = mText.skipName(p);
     if (*nameEnd == '\0') {
-        return {.end = mEnd, .broken = true, .where = p};
+        return {.end = mText.end(), .broken = true, .where = p};
     }
-    const char* const sign = skipSpace(nameEnd);
+    const char* const sign = mText.skipSpace(nameEnd);
     if (*sign != '=') {
-        return {.end = mEnd, .broken = true, .where = sign};
+        return {.end = mText.end(), .broken = true, .where = sign};
     }
-    const char* const value = skipSpace(sign + 1);
+    const char* const value = mText.skipSpace(sign + 1);
     if (*value == '\0') {
-        return {.end = mEnd, .broken = true, .where = sign[1] == '\0' ? nullptr : value};
+        return {.end = mText.end(), .broken = true, .where = sign[1] == '\0' ? nullptr : value};
     }
     Attribute attribute{.end = value, .name = {p, nameEnd}};
     if (*value == '"' || *value == '\'') {
-        attribute.end = skipQuoted(value);
+        attribute.end = mText.skipQuoted(value);
         attribute.value = attribute.end - value < 2
                               ? std::string_view(value, attribute.end)
                               : std::string_view(value + 1, attribute.end - 1);
@@ -311,91 +231,14 @@ XmlScan::Attribute XmlScan::skipAttribute(const char* p) const {
 
 void XmlScan::skipUnquoted(Attribute& attribute) const {
     const char*& p = attribute.end;
-    while (*p != '\0' && *p != '/' && *p != '>' && !is(*p, space)) {
+    while (*p != '\0' && *p != '/' && *p != '>' && !mText.is(*p, XmlCharacters::space)) {
         if (*p == '"' || *p == '\'') {
             attribute.broken = true;
             attribute.where = p;
-            p = mEnd;
+            p = mText.end();
             return;
         }
         ++p;
-    }
-}
-
-// TiXmlBase::ReadText up to the quote that stands at p.
-const char* XmlScan::skipQuoted(const char* p) const {
-    const char quote = *p++;
-    while (*p != '\0' && *p != quote) {
-        p = skipCharacter(p);
-    }
-    return p < mEnd ? p + 1 : mEnd;
-}
-
-// TiXmlBase::ReadText up to the next tag.
-const char* XmlScan::skipText(const char* p) const {
-    while (*p != '\0' && *p != '<') {
-        p = is(*p, space | plain) ? p + 1 : skipCharacter(p);
-    }
-    return p;
-}
-
-// TiXmlBase::GetChar: in UTF-8 the first byte of a character takes the next ones with it, be they
-// quotes or angle brackets.
-const char* XmlScan::skipCharacter(const char* p) const {
-    if (is(*p, plain)) {
-        return p + 1;
-    }
-    if (*p == '&') {
-        return skipReference(p);
-    }
-    const std::ptrdiff_t length = mEncoding == Encoding::utf8 ? utf8Length(*p) : 1;
-    return p + std::min(length, mEnd - p);
-}
-
-// TiXmlBase::GetEntity. A number is read from its semicolon backwards, so it may hide anything: in
-// "&#<a>#5;" there is no tag. Of what it does not know, the parser drops the ampersand.
-const char* XmlScan::skipReference(const char* p) const {
-    if (p[1] == '#' && p[2] != '\0') {
-        const bool hexadecimal = p[2] == 'x';
-        const char* semicolon = std::strchr(p + (hexadecimal ? 3 : 2), ';');
-        if (semicolon == nullptr) {
-            return mEnd;
-        }
-        const char* digit = semicolon - 1;
-        while (isDigitOf(*digit, hexadecimal)) {
-            --digit;
-        }
-        return *digit == (hexadecimal ? 'x' : '#') ? semicolon + 1 : mEnd;
-    }
-    for (const std::string_view known : {"&amp;", "&lt;", "&gt;", "&quot;", "&apos;"}) {
-        if (startsWith(p, known)) {
-            return p + known.size();
-        }
-    }
-    return p + 1;
-}
-
-// TiXmlBase::ReadName.
-const char* XmlScan::skipName(const char* p) const {
-    if (!is(*p, nameStart)) {
-        return mEnd;
-    }
-    while (is(*p, nameStart | nameOther)) {
-        ++p;
-    }
-    return p;
-}
-
-// TiXmlBase::SkipWhiteSpace.
-const char* XmlScan::skipSpace(const char* p) const {
-    for (;;) {
-        if (is(*p, space)) {
-            ++p;
-        } else if (*p == '\xEF' && mEncoding == Encoding::utf8 && isMark(p)) {
-            p += 3;
-        } else {
-            return p;
-        }
     }
 }
 

@@ -9,23 +9,17 @@
 // said below.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <string_view>
 #include <vector>
+
+#include "config/xml/XmlCharacters.h"
 
 namespace Orlek::Detail {
 
 struct XmlLimits {
     int depth = 256;       ///< of an element, the root's being 1
     int attributes = 256;  ///< of one element
-};
-
-/// Where something is in a text, from 1, as the parser counts for people: a character is a column,
-/// a tab leads to the next fourth one.
-struct XmlPlace {
-    int row = 1;
-    int column = 1;
 };
 
 class XmlScan {
@@ -44,14 +38,14 @@ public:
 
     /// What is wrong, in words, and where.
     [[nodiscard]] const char* fault() const { return mFault; }
-    [[nodiscard]] XmlPlace faultPlace() const;
+    [[nodiscard]] XmlPlace faultPlace() const {
+        return mFaultAt != nullptr ? mText.placeOf(mFaultAt) : XmlPlace{};
+    }
 
     /// The greatest depth and number of attributes seen.
     [[nodiscard]] const XmlLimits& extent() const { return mExtent; }
 
 private:
-    enum class Encoding { unknown, utf8, other };
-
     struct Attribute {
         const char* end = nullptr;
         std::string_view name{};
@@ -61,6 +55,8 @@ private:
     };
 
     bool walk();
+
+    // Every skip gives the end, where a zero byte stands, when what it skips is not whole.
     const char* skipItem(const char* p);
     const char* skipMarkup(const char* p);
     const char* skipStartTag(const char* p);
@@ -70,30 +66,16 @@ private:
     const char* skipTo(const char* p, const char* end, const char* faultWithout);
     Attribute skipAttribute(const char* p) const;
     void skipUnquoted(Attribute& attribute) const;
-    const char* skipQuoted(const char* p) const;
-    const char* skipText(const char* p) const;
-    const char* skipCharacter(const char* p) const;
-    const char* skipReference(const char* p) const;
-    const char* skipName(const char* p) const;
-    const char* skipSpace(const char* p) const;
     void takeEncoding(std::string_view name, const char* where);
     const char* firstTwin();
     const char* refuse(const char* where, const char* fault);
     const char* refuseInTag(const char* where, const char* fault);
 
-    [[nodiscard]] bool is(char c, unsigned char kind) const {
-        return (mKinds[static_cast<unsigned char>(c)] & kind) != 0;
-    }
-
-    // Every skip gives the end, where a zero byte stands, when what it skips is not whole.
-    std::array<unsigned char, 256> mKinds;  // what the locale makes of each byte
-    const char* mBegin;
-    const char* mEnd;
+    XmlCharacters mText;
     XmlLimits mLimits;
     XmlLimits mExtent{0, 0};
     std::vector<std::string_view> mOpen;   // names of elements
     std::vector<std::string_view> mNames;  // of the attributes of a tag
-    Encoding mEncoding = Encoding::unknown;
     const char* mFault = nullptr;
     const char* mFaultAt = nullptr;  // null: without a place
 };
