@@ -10,7 +10,7 @@
 namespace Orlek::Detail {
 
 std::shared_ptr<PixelBuffer> PixelBuffer::create(std::size_t bytes) {
-    auto buffer = std::make_shared<PixelBuffer>(bytes);
+    auto buffer = std::make_shared<PixelBuffer>();
     glGenBuffers(1, &buffer->mName);
     glBindBuffer(GL_PIXEL_UNPACK_BUFFER, buffer->mName);
     glBufferData(GL_PIXEL_UNPACK_BUFFER, static_cast<GLsizeiptr>(bytes), nullptr, GL_STREAM_DRAW);
@@ -40,7 +40,7 @@ bool PixelBuffer::fill(const unsigned char* pixels, std::size_t bytes) const {
 void PixelBuffer::putRgb(unsigned texture, unsigned width, unsigned height,
                          const unsigned char* rgb) const {
     const std::size_t bytes = std::size_t{width} * height * 3;
-    if (bytes == 0 || bytes > mBytes) {
+    if (bytes == 0) {
         return;
     }
     {

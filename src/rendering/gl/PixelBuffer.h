@@ -11,7 +11,7 @@ public:
     /// A new buffer with room for so many bytes, left unbound. Needs OpenGL.
     static std::shared_ptr<PixelBuffer> create(std::size_t bytes);
 
-    explicit PixelBuffer(std::size_t bytes) : mBytes(bytes) {}
+    PixelBuffer() = default;
     /// Parks the name that release() has not deleted; makes no GL call.
     ~PixelBuffer();
     PixelBuffer(const PixelBuffer&) = delete;
@@ -20,17 +20,16 @@ public:
     /// Deletes the GL object.
     void release();
 
-    /// Replaces level 0 of a texture by tightly packed RGB bytes, the row at v = 0 first. The
-    /// texture keeps its picture when the buffer cannot be mapped or is smaller than that. Leaves
-    /// no texture and no pixel buffer bound, and the application's other pixel settings as they
-    /// were.
+    /// Replaces level 0 of a texture by tightly packed RGB bytes, the row at v = 0 first; there
+    /// must be room for them. The texture keeps its picture when the buffer cannot be mapped, which
+    /// OpenGL refuses beyond its end too. Leaves no texture and no pixel buffer bound, and the
+    /// application's other pixel settings as they were.
     void putRgb(unsigned texture, unsigned width, unsigned height, const unsigned char* rgb) const;
 
 private:
     bool fill(const unsigned char* pixels, std::size_t bytes) const;
 
     unsigned mName = 0;
-    std::size_t mBytes;
 };
 
 }  // namespace Orlek::Detail
