@@ -94,7 +94,8 @@ public:
     /// Builds the atlas from a font in memory, with FreeType's autohinter. It takes the place of an
     /// earlier atlas and empties the batch, but leaves both when it fails with a printed line.
     /// @param name used in the message about a font that cannot be opened.
-    /// @param data the font's bytes; read during the call only.
+    /// @param data the font's bytes; read during the call only. Bitmap fonts have
+    ///        eight bits a pixel or one; two or four are read as if they were ones.
     /// @param size number of bytes.
     /// @param pixelSize pixel height of the font's em square, 1 to 256.
     /// @return true when the atlas and its GL objects were made. Failures print

@@ -80,5 +80,42 @@ TEST(GlyphRaster, ReportsEachCharacterThatCannotBeMeasured) {
     EXPECT_EQ(OrlekTest::captureStdout([&] { EXPECT_EQ(build(bytes, 16).error, 0); }), expected);
 }
 
+/// A bitmap font with one character, an A of one row and four pixels.
+std::string rowFont(int bitsPerPixel, const std::string& hexRow) {
+    return "STARTFONT 2.1\nFONT -test-Row-Medium-R-Normal--4-40-72-72-C-40-ISO10646-1\nSIZE 4 72 "
+           "72 " +
+           std::to_string(bitsPerPixel) +
+           "\nFONTBOUNDINGBOX 4 1 0 0\nSTARTPROPERTIES 4\nFONT_ASCENT 3\nFONT_DESCENT 1\n"
+           "CHARSET_REGISTRY \"ISO10646\"\nCHARSET_ENCODING \"1\"\nENDPROPERTIES\nCHARS 1\n"
+           "STARTCHAR A\nENCODING 65\nSWIDTH 1000 0\nDWIDTH 4 0\nBBX 4 1 0 0\nBITMAP\n" +
+           hexRow + "\nENDCHAR\nENDFONT\n";
+}
+
+TEST(GlyphRaster, ReadsBitmapsOfEightBitsOrOneAndTakesOthersForOne) {
+    const struct {
+        int bitsPerPixel;
+        FT_Pixel_Mode mode;
+        const char* row;
+        std::array<int, 4> coverage;
+    } rows[] = {{8, FT_PIXEL_MODE_GRAY, "FF804001", {255, 128, 64, 1}},
+                {1, FT_PIXEL_MODE_MONO, "A0", {255, 0, 255, 0}},
+                {2, FT_PIXEL_MODE_GRAY2, "A1", {255, 0, 255, 0}},
+                {4, FT_PIXEL_MODE_GRAY4, "5F01", {0, 255, 0, 255}}};
+    for (const auto& row : rows) {
+        const std::string bytes = rowFont(row.bitsPerPixel, row.row);
+        const OrlekTest::ReferenceFont reference(bytes, 4);
+        ASSERT_EQ(reference.glyph('A').bitmap.pixel_mode, row.mode) << row.bitsPerPixel;
+        const BuiltAtlas built = build(bytes, 4);
+        const OpenGL::GlyphInfo& glyph = built.glyphs[slotOf('A')];
+        ASSERT_EQ(glyph.width, 4.0F);
+        const auto left =
+            static_cast<std::size_t>(glyph.s0 * static_cast<float>(built.atlas.width));
+        for (std::size_t column = 0; column < row.coverage.size(); ++column) {
+            EXPECT_EQ(built.atlas.pixels[left + column], row.coverage[column])
+                << row.bitsPerPixel << " bits, column " << column;
+        }
+    }
+}
+
 }  // namespace
 }  // namespace Orlek::Detail
