@@ -57,7 +57,7 @@ protected:
         GlTest::SetUp();
         for (const float u : {0.0F, 1.0F}) {
             terrain.addVertex(Orlek::Math::Vector3<float>(10 + u * 80, 10, 0), {u, 0});
-            terrain.addVertex(Orlek::Math::Vector3<float>(10 + u * 80, 90, 0), {u, 1});
+            terrain.addVertex(Orlek::Math::Vector4<float>(10 + u * 80, 90, 0, 7), {u, 1});
         }
         glGenTextures(1, &colorMap);
         glBindTexture(GL_TEXTURE_1D, colorMap);

@@ -70,6 +70,8 @@ struct addrinfo;
 
 FAULTY(int, fsync, EIO, (int file), (file))
 FAULTY(int, fstat, EIO, (int file, void* status), (file, status))
+FAULTY(int, access, EACCES, (const char* path, int mode), (path, mode))
+FAULTY(int, fchown, EPERM, (int file, unsigned int owner, unsigned int group), (file, owner, group))
 FAULTY(int, fchmod, EPERM, (int file, unsigned int mode), (file, mode))
 FAULTY(int, rename, EACCES, (const char* from, const char* to), (from, to))
 FAULTY(int, linkat, ENOSPC, (int from, const char* old, int to, const char* name, int flags),
