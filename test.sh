@@ -26,7 +26,7 @@ On demand, one at a time, with options of their own (docs/reliability.md has wha
   refused  what it costs to refuse a broken input, in memory and time
   waits    how long calls wait at worst for peers, name servers and disks
   lint     clang-tidy and cppcheck
-  compilers  all tests built by gcc and clang, shared and static, hardened
+  compilers  all tests built by gcc and clang, shared and static, hardened; compilers gcc-static for one
   valgrind the tests without GL under valgrind; valgrind NAME for some of them
   cycles   a thousand scans for terrain, each destroyed meanwhile, under each sanitizer
 ORLEK_DATA_DIR names the folder of real elevation tiles (default ../shared/data); without it the
@@ -69,6 +69,10 @@ run() {  # preset, ctest options
     "build/$preset/Testing/Temporary/LastTest.log"
 }
 
+nothing_else_printed() {  # preset whose tests ran last
+  tests/steps/check-output.sh "build/$1/Testing/Temporary/LastTest.log"
+}
+
 style() {
   echo "== style"
   find include src tests tools fuzz examples bench -name '*.h' -o -name '*.cpp' |
@@ -79,9 +83,13 @@ style() {
 for step in "$@"; do
   case "$step" in
     style) style ;;
-    release) build release --target all all_verify_interface_header_sets; run release ;;
-    asan) build asan --target orlek_tests; run asan -LE fuzz ;;
-    tsan) build tsan --target orlek_threads; run tsan -L threads ;;
+    release)
+      build release --target all all_verify_interface_header_sets
+      run release
+      nothing_else_printed release
+      ;;
+    asan) build asan --target orlek_tests; run asan -LE fuzz; nothing_else_printed asan ;;
+    tsan) build tsan --target orlek_threads; run tsan -L threads; nothing_else_printed tsan ;;
     fuzz) build asan --target orlek_fuzz_targets; run asan -L fuzz ;;
     abi) install_packages abigail-tools xz-utils; packaging/abi.sh ;;
     wayland) tests/steps/wayland.sh ;;

@@ -10,7 +10,6 @@
 #include <chrono>
 #include <csignal>
 #include <cstdint>
-#include <cstdio>
 #include <filesystem>
 #include <random>
 #include <string>
@@ -188,7 +187,6 @@ TEST(PropertyDisk, AKilledWriterLeavesAWholeFile) {
     // Otherwise the writers were never killed where it matters.
     EXPECT_GT(seen[0], 0);
     EXPECT_GT(seen[1], 0);
-    std::printf("old %d, new %d, left behind %zu\n", seen[0], seen[1], entriesOf(dir.path()) - 1);
 }
 
 }  // namespace

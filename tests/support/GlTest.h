@@ -143,9 +143,19 @@ protected:
         EXPECT_EQ(captureStdout(std::forward<Function>(function)), "");
     }
 
+    /// Runs a function that provokes GL errors, of which the driver's debug output tells.
+    template <typename Function>
+    static void provokingErrors(Function&& function) {
+        const std::string told = captureStderr(std::forward<Function>(function));
+        EXPECT_TRUE(told.empty() || told.starts_with("GL CALLBACK: ** GL ERROR ** ")) << told;
+    }
+
 private:
     static OrlekSupport::HeadlessContext& context() {
         static OrlekSupport::HeadlessContext shared(width, height);
+        // The first use prints the versions.
+        static const std::string versions =
+            captureStdout([] { Orlek::OpenGL::GlHandler::instance(); });
         return shared;
     }
 

@@ -156,8 +156,9 @@ TEST_F(HeightMapScan, CopiesShareTilesAndState) {
     copy = self;
     EXPECT_EQ(copy.getAltitude(45.1, 6.1, false, false), 100.0);
     captureStdout([&] {
-        copy.loadData();
-        const HeightMap ofARunningScan = copy;
+        HeightMap scanning(copy);
+        scanning.loadData();
+        const HeightMap ofARunningScan = scanning;
     });
 }
 

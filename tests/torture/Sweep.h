@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <new>
+#include <span>
 #include <string>
 
 #include "Faults.h"
@@ -67,6 +69,21 @@ inline long sweep(const Scenario& scenario, FaultKind kind) {
         std::fputs(printed.c_str(), stdout);
     }
     return number - 1;
+}
+
+/// Sweeps scenarios with failing allocations and failing system calls. How many there are of both
+/// is printed when the environment has an ORLEK_TORTURE_TABLE.
+inline void torture(std::span<const Scenario> scenarios) {
+    const bool asked = std::getenv("ORLEK_TORTURE_TABLE") != nullptr;
+    for (const Scenario& scenario : scenarios) {
+        const long allocations = sweep(scenario, FaultKind::allocation);
+        const long calls = sweep(scenario, FaultKind::system);
+        EXPECT_GT(allocations + calls, 0) << scenario.name << ": nothing failed";
+        if (asked) {
+            std::printf("%-20s %5ld allocations %5ld system calls\n", scenario.name, allocations,
+                        calls);
+        }
+    }
 }
 
 }  // namespace OrlekTest

@@ -177,12 +177,7 @@ TEST(Torture, Local) {
         {"cut polygons", nothing, cutPolygons, always},
         {"fill an outline", nothing, fillOutline, always, true},
     };
-    for (const Scenario& scenario : scenarios) {
-        const long allocations = sweep(scenario, FaultKind::allocation);
-        const long calls = sweep(scenario, FaultKind::system);
-        std::printf("%-20s %5ld allocations %5ld system calls\n", scenario.name, allocations,
-                    calls);
-    }
+    torture(scenarios);
 }
 
 }  // namespace

@@ -155,12 +155,7 @@ void tortureAll() {
                     wholeText(target()) == untouched;
          }},
     };
-    for (const Scenario& scenario : scenarios) {
-        const long allocations = sweep(scenario, FaultKind::allocation);
-        const long calls = sweep(scenario, FaultKind::system);
-        std::printf("%-20s %5ld allocations %5ld system calls\n", scenario.name, allocations,
-                    calls);
-    }
+    torture(scenarios);
     kill(server, SIGKILL);
     waitpid(server, nullptr, 0);
 }

@@ -124,12 +124,29 @@ TEST_F(GlHandlerTest, KeepsTrackOfTheProgramInUse) {
     EXPECT_EQ(inUse(), handler.activeShaderHandle());
 }
 
+TEST_F(GlHandlerTest, SetsUniformsOfTheProgramInUse) {
+    const auto stored = [](const char* name) {
+        const unsigned program = GlHandler::instance().activeShaderHandle();
+        std::array<float, 3> values{};
+        glGetUniformfv(program, glGetUniformLocation(program, name), values.data());
+        return values;
+    };
+    handler.activateShader(4);
+    silently([&] { handler.setFloatVar("lightDirection", 1, 2, 3); });
+    EXPECT_EQ(stored("lightDirection"), (std::array{1.0F, 2.0F, 3.0F}));
+    handler.activateShader(11);
+    std::array<int, 32> pattern{};
+    pattern[31] = 5;
+    silently([&] { handler.setStippleVar("stipplePattern", pattern.data()); });
+    EXPECT_EQ(stored("stipplePattern[31]")[0], 5.0F);
+}
+
 TEST_F(GlHandlerTest, ReportsPendingErrors) {
     const auto check = [] { GlHandler::checkError("Lines", "Nix"); };
     silently(check);
     const std::string driver = captureStderr([] { glEnable(0xFFFF); });
     EXPECT_EQ(captureStdout(check), "Error <Lines> <Nix> 1280\n");
-    glEnable(0xFFFF);
+    provokingErrors([] { glEnable(0xFFFF); });
     GlHandler::clearError();
     silently(check);
     if (glDebugMessageCallback == nullptr) {

@@ -116,10 +116,12 @@ TEST_F(UploadTest, RefusesWhatNoTextureCanHoldAndNamesTheFailingStep) {
     });
     EXPECT_EQ(newNames(), 0);
     const TextureRecipe recipe{.labels = {"glGenTextures", "glBindTexture", "glTexParameteri"}};
-    EXPECT_EQ(captureStdout([&] {
-                  Texture::create(recipe, {pixels.data(), 1, 1, 0x1234});
-              }),
-              "Error <glTexParameteri> <Nix> 1280\n");
+    provokingErrors([&] {
+        EXPECT_EQ(captureStdout([&] {
+                      Texture::create(recipe, {pixels.data(), 1, 1, 0x1234});
+                  }),
+                  "Error <glTexParameteri> <Nix> 1280\n");
+    });
 }
 
 }  // namespace

@@ -21,7 +21,7 @@ using OrlekTest::captureStdout;
 
 TEST(CoreProfile, PrintsTheStippleErrorsAndDraws) {
     const OrlekSupport::HeadlessContext context(64, 64, OrlekSupport::Profile::Core);
-    GlHandler::instance().setViewPort({64, 64});
+    captureStdout([] { GlHandler::instance().setViewPort({64, 64}); });  // and prints the versions
     MatrixLoadIdent();
     Lines lines;
     lines.setAntiAlias(false);

@@ -278,8 +278,10 @@ TEST_F(Drawables, ImagesShareAndSurvive) {
 }
 
 TEST_F(Drawables, FontsShareAndSurvive) {
-    const TextureFont first;  // which say that FreeType is ready
-    const TextureFontSdf firstSdf;
+    captureStdout([] {  // the first ones say that FreeType is ready
+        const TextureFont font;
+        const TextureFontSdf fontSdf;
+    });
     const std::string odd = std::string(3, '\0') + "\x01\x7F\x80\xFF A";
     const auto loadAndWrite = [](auto& font) {
         for (const int size : {40, 20}) {

@@ -219,7 +219,7 @@ TYPED_TEST(StripsTest, SetRectReplacesEverythingByAClosedStrip) {
 
 TYPED_TEST(StripsTest, DiscardEarlierErrors) {
     for (const int pixels : {0, 110}) {
-        glEnable(GL_INVALID_ENUM);
+        this->provokingErrors([] { glEnable(GL_INVALID_ENUM); });
         EXPECT_EQ(this->pixelsOf(this->lines), pixels) << "and print nothing";
         EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
         this->lines.addLineStrip(square);
@@ -249,7 +249,7 @@ TEST_F(SeparateLines, KeepTheirWidthWhenAnotherIsRefused) {
     lines.setLineWidth(-1);
     lines.addVertex(Point(std::nanf(""), 1));
     lines.addVertex(Point(INFINITY, -INFINITY));
-    captureStderr([&] { EXPECT_EQ(pixelsOf(lines), 50 * 5); });
+    provokingErrors([&] { EXPECT_EQ(pixelsOf(lines), 50 * 5); });
     Orlek::Detail::LineStyle style;
     style.setPattern(0x80FF);
     EXPECT_EQ(static_cast<unsigned>(style.stipple), 0x80FF80FFU) << "both halves";

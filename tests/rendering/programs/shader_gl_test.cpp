@@ -84,7 +84,8 @@ TEST_F(ShaderTest, PassesTheBytesGivenAndTheLinesOfFiles) {
 
 TEST_F(ShaderTest, PrintsEachLogOnce) {
     const auto expectLog = [](const char* word, auto build, auto& built) {
-        const std::string log = captureStdout([&] { EXPECT_FALSE(build()); });
+        std::string log;
+        provokingErrors([&] { log = captureStdout([&] { EXPECT_FALSE(build()); }); });
         EXPECT_NE(log.find(word), std::string::npos) << log;
         EXPECT_EQ(captureStdout([&] { built.info(); }), log);
     };
@@ -153,9 +154,11 @@ TEST_F(ShaderTest, NamesItsGlCallInErrorLines) {
         {"<glUseProgram> <Nix> 1282", [&] { EXPECT_TRUE(empty.use(true)); }},
     };
     for (const auto& row : rows) {
-        EXPECT_EQ(captureStdout(row.call), "Error " + std::string(row.line) + "\n");
+        provokingErrors(
+            [&] { EXPECT_EQ(captureStdout(row.call), "Error " + std::string(row.line) + "\n"); });
     }
-    glEnable(0xFFFF);  // an earlier error is not blamed on the next call
+    // An earlier error is not blamed on the next call.
+    provokingErrors([] { glEnable(0xFFFF); });
     silently([&] { program.use(false); });
 }
 

@@ -185,9 +185,11 @@ TEST_F(VectorFontTest, DrawsASetOfTheApplication) {
 TEST_F(VectorFontTest, ReportsALineWidthThatIsNone) {
     add(font, "A", 1, 1);
     font.setLineWidth(0.0);
-    EXPECT_EQ(captureStdout([&] { font.render(); }), "Error <VectorFont> <Nix> 1281\n");
-    EXPECT_EQ(captureStdout([&] { font.renderFont("A", size, VectorFont::CENTER); }),
-              "Error <VectorFont> <Nix> 1281\n");
+    const std::string line = "Error <VectorFont> <Nix> 1281\n";
+    provokingErrors([&] { EXPECT_EQ(captureStdout([&] { font.render(); }), line); });
+    provokingErrors([&] {
+        EXPECT_EQ(captureStdout([&] { font.renderFont("A", size, VectorFont::CENTER); }), line);
+    });
 }
 
 TEST(OppositeColor, IsTheGreyOppositeTheRed) {
