@@ -128,6 +128,28 @@ TEST(PropertyDisk, LinksAndModesStay) {
     EXPECT_EQ(entriesOf(dir.path("real")), 2U);
 }
 
+TEST(PropertyDisk, AFileThatBecomesTheWritersLendsNoRights) {
+    const TempDir dir;
+    std::filesystem::permissions(dir.path(), std::filesystem::perms{0777});
+    const std::string path = dir.write("settings.xml", "old");
+    ASSERT_EQ(chmod(path.c_str(), 06666), 0);
+    EXPECT_TRUE(Property::instance().writeXmlFile(path));
+    EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms{06666})
+        << "its own writer's file keeps all of its mode";
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "only root can let another write its files";
+    }
+    {
+        const OrlekTest::Unprivileged scope;
+        ASSERT_TRUE(scope.ok());
+        EXPECT_TRUE(Property::instance().writeXmlFile(path));
+    }
+    struct stat replaced {};
+    ASSERT_EQ(stat(path.c_str(), &replaced), 0);
+    EXPECT_NE(replaced.st_uid, geteuid());
+    EXPECT_EQ(replaced.st_mode & 07777U, 0666U);
+}
+
 void writeLetter(const std::string& path, char letter) {
     Property::instance().setString("kill.text", std::string(10'000, letter));
     ASSERT_TRUE(Property::instance().writeXmlFile(path));
