@@ -42,8 +42,7 @@ void expectRefused(const std::string& path) {
 TEST(PropertyDisk, AFullDiskLeavesTheOldFile) {
     const TempDir dir;
     const std::string refused = OrlekTest::inOwnNetwork([&] {
-        if (unshare(CLONE_NEWNS) != 0 ||
-            mount("", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+        if (unshare(CLONE_NEWNS) != 0 || mount("", "/", "", MS_REC | MS_PRIVATE, nullptr) != 0 ||
             mount("none", dir.path().c_str(), "tmpfs", 0, "size=64k") != 0) {
             throw OrlekTest::Refused();
         }

@@ -202,8 +202,8 @@ TEST(Download, FailsWithoutAServer) {
 
 /// Lets the file `hosts` say which names there are, for this process only.
 void useHosts(const std::string& hosts) {
-    if (unshare(CLONE_NEWNS) != 0 || mount("", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
-        mount(hosts.c_str(), "/etc/hosts", nullptr, MS_BIND, nullptr) != 0) {
+    if (unshare(CLONE_NEWNS) != 0 || mount("", "/", "", MS_REC | MS_PRIVATE, nullptr) != 0 ||
+        mount(hosts.c_str(), "/etc/hosts", "", MS_BIND, nullptr) != 0) {
         throw Refused();
     }
 }

@@ -107,8 +107,8 @@ void waitForNames() {
     const TempDir dir;
     const std::string servers =
         dir.write("resolv", "nameserver 10.99.0.2\nnameserver 10.99.0.2\nnameserver 10.99.0.2\n");
-    if (unshare(CLONE_NEWNS) != 0 || mount("", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
-        mount(servers.c_str(), "/etc/resolv.conf", nullptr, MS_BIND, nullptr) != 0) {
+    if (unshare(CLONE_NEWNS) != 0 || mount("", "/", "", MS_REC | MS_PRIVATE, nullptr) != 0 ||
+        mount(servers.c_str(), "/etc/resolv.conf", "", MS_BIND, nullptr) != 0) {
         throw Refused();
     }
     print("getAddressFromName, three name servers that do not answer",
