@@ -2,6 +2,9 @@
 #include "support/Heap.h"
 
 #include <malloc.h>
+#include <sys/mman.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 #include <cerrno>
 
@@ -21,13 +24,21 @@ bool fails() {
     return true;
 }
 
-void* counted(void* block) {
-    blocks += block != nullptr ? 1 : 0;
-    const std::size_t now = inUse += malloc_usable_size(block);
+void take(std::size_t size) {
+    const std::size_t now = inUse += size;
     if (now > most) {
         most = now;
     }
+}
+
+void* counted(void* block) {
+    blocks += block != nullptr ? 1 : 0;
+    take(malloc_usable_size(block));
     return block;
+}
+
+long pages(std::size_t size) {
+    return static_cast<long>((size + 4095) / 4096);
 }
 
 }  // namespace
@@ -92,6 +103,28 @@ void free(void* block) noexcept {
     inUse -= malloc_usable_size(block);
     blocks -= block != nullptr ? 1 : 0;
     __libc_free(block);
+}
+
+void* mmap(void* address, std::size_t size, int access, int flags, int file, off_t at) noexcept {
+    if ((flags & MAP_ANONYMOUS) != 0 && fails()) {
+        return MAP_FAILED;
+    }
+    auto* const mapped =
+        reinterpret_cast<void*>(syscall(SYS_mmap, address, size, access, flags, file, at));
+    if (mapped != MAP_FAILED) {
+        blocks += pages(size);
+        take(size);
+    }
+    return mapped;
+}
+
+int munmap(void* memory, std::size_t size) noexcept {
+    const int result = static_cast<int>(syscall(SYS_munmap, memory, size));
+    if (result == 0) {
+        blocks -= pages(size);
+        inUse -= size;
+    }
+    return result;
 }
 
 }  // extern "C"

@@ -1,6 +1,6 @@
 // What a program takes of the heap, and a way to refuse it more. The allocating functions of the C
-// library, and with them operator new, are replaced in Heap.cpp, for the whole program that it is
-// part of.
+// library, with them operator new, and those that map pages are replaced in Heap.cpp, for the whole
+// program that it is part of.
 #pragma once
 
 #include <atomic>
@@ -8,7 +8,8 @@
 
 namespace OrlekTest {
 
-/// Blocks that are in use; always 0 where a sanitizer counts them, with a heap of its own.
+/// Blocks and mapped pages that are in use; always 0 where a sanitizer counts them, with a heap of
+/// its own.
 #ifdef ORLEK_SANITIZED
 inline long liveBlocks() {
     return 0;

@@ -11,6 +11,7 @@
 #include "files/ZipArchive.h"
 #include "platform/DirectorySearch.h"
 #include "platform/MallocArray.h"
+#include "platform/PageArray.h"
 #include "platform/RegularFile.h"
 #include "platform/Report.h"
 #include "terrain/tiles/DtedHeader.h"
@@ -128,7 +129,7 @@ ReadFault HeightTile::loadDted() {
     if (file.size() < dtedFileSize(mGrid)) {
         return ReadFault::dataCut;
     }
-    auto samples = mallocArray<std::int16_t>(mGrid.sampleCount());
+    auto samples = pageArray<std::int16_t>(mGrid.sampleCount());
     const auto records = mallocArray<std::byte>(dtedLinesAtOnce * dtedRecordSize(mGrid.numLat));
     if (!samples || !records) {
         return ReadFault::noMemory;
@@ -156,7 +157,7 @@ ReadFault HeightTile::loadSrtm() {
     }
     grid->latOrigin = mGrid.latOrigin;
     grid->lonOrigin = mGrid.lonOrigin;
-    auto samples = mallocArray<std::int16_t>(grid->sampleCount());
+    auto samples = pageArray<std::int16_t>(grid->sampleCount());
     if (!samples) {
         return ReadFault::noMemory;
     }
@@ -168,7 +169,7 @@ ReadFault HeightTile::loadSrtm() {
     return read;
 }
 
-void HeightTile::takeSamples(MallocArray<std::int16_t> samples) {
+void HeightTile::takeSamples(PageArray<std::int16_t> samples) {
     mData = std::move(samples);
     mSurface = TileSurface(mGrid, mData.get());
 }

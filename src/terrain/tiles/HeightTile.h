@@ -5,7 +5,7 @@
 #include <string>
 
 #include "files/ReadFault.h"
-#include "platform/MallocArray.h"
+#include "platform/PageArray.h"
 #include "terrain/tiles/TileGrid.h"
 #include "terrain/tiles/TileKey.h"
 #include "terrain/tiles/TileSurface.h"
@@ -59,9 +59,9 @@ private:
     ReadFault openDted(RegularFile& file);
     ReadFault loadDted();
     ReadFault loadSrtm();
-    void takeSamples(MallocArray<std::int16_t> samples);
+    void takeSamples(PageArray<std::int16_t> samples);
 
-    MallocArray<std::int16_t> mData;
+    PageArray<std::int16_t> mData;
     TileSurface mSurface;  ///< sees mData
     Type mType = Type::dted;
     ReadFault mFault = ReadFault::none;
