@@ -1,7 +1,6 @@
 #include <Orlek/FileSystem/ZipFile.h>
 
 #include <algorithm>
-#include <cstring>
 #include <span>
 #include <utility>
 
@@ -78,16 +77,16 @@ unsigned char* ZipFile::readFileContent(const FileData& entry, unsigned int& siz
         return nullptr;
     }
     const std::size_t length = entry.uncompressedSize;
-    Detail::MallocArray<std::byte> content = Detail::mallocArray<std::byte>(length + 1);
+    // A stream that ends early still counts; what it leaves are zeroes, which cost nothing until
+    // they are read, whatever the entry promises.
+    Detail::MallocArray<std::byte> content = Detail::zeroedArray<std::byte>(length + 1);
     if (!content) {
         return nullptr;
     }
-    const std::size_t got = stream.read({content.get(), length});
+    stream.read({content.get(), length});
     if (!stream.atEnd()) {
         return nullptr;
     }
-    // A stream that ends early still counts; what it left is never handed out as it was.
-    std::memset(content.get() + got, 0, length - got);
     size = entry.uncompressedSize;
     return reinterpret_cast<unsigned char*>(content.release());
 }
