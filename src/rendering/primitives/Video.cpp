@@ -44,7 +44,7 @@ void Video::init(unsigned width, unsigned height) {
 }
 
 void Video::putFrame(const unsigned char* frame) {
-    if (frame != nullptr && mTexture != nullptr) {
+    if (frame != nullptr && mTexture != nullptr && mPbo != nullptr) {
         mPbo->putRgb(mTexture->name(), mWidth, mHeight, frame);
     }
 }
