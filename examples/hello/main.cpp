@@ -11,8 +11,8 @@ int main() {
     loop.setColor({1, 0.2F, 0.9F, 1});
     Orlek::OpenGL::MatrixLoadIdent();
     while (!glfwWindowShouldClose(window)) {
-        int width, height;
-        float scale;
+        int width = 0, height = 0;
+        float scale = 1;
         glfwGetFramebufferSize(window, &width, &height);
         glfwGetWindowContentScale(window, &scale, nullptr);
         glViewport(0, 0, width, height);

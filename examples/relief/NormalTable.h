@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 namespace MovingMap {
@@ -20,7 +21,7 @@ using NormalTexel = std::array<std::uint16_t, 3>;
 
 /// The texel of each pair of packed components, at 256 * north + east. Slopes are shown steeper
 /// than they are, as on any relief map.
-using NormalTable = std::array<NormalTexel, 256 * 256>;
+using NormalTable = std::array<NormalTexel, std::size_t{256} * 256>;
 
 /// The table, made on the first call.
 const NormalTable& normalTable();
