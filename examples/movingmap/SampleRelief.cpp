@@ -2,12 +2,17 @@
 // additions, an elevation and a normal.
 #include "SampleRelief.h"
 
+#include <algorithm>
+
 #include "ReliefSampler.h"
 #include "Terrain.h"
 
 namespace MovingMap {
 
 namespace {
+
+// A coarse relief is that of a map which moves: it must be there within the time of a picture.
+constexpr int mostSamplesMoving = 2;
 
 Position difference(const Position& a, const Position& b) {
     return {a.lat - b.lat, a.lon - b.lon};
@@ -16,6 +21,9 @@ Position difference(const Position& a, const Position& b) {
 SampleGrid gridOf(const MapView& view, int step) {
     SampleGrid grid;
     grid.side = samplesASide(view.metresPerPixel() * step);
+    if (step > 1) {
+        grid.side = std::min(grid.side, mostSamplesMoving);
+    }
     grid.step = step;
     const double distance = static_cast<double>(step) / grid.side;
     const double first = distance / 2.0;
