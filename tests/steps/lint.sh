@@ -7,12 +7,14 @@ cd "$(dirname "$0")/../.."
 # shellcheck disable=SC2086
 install_packages $run_packages $test_packages clang-tidy cppcheck
 mkdir -p build
-cmake --preset release >build/release.log 2>&1 || { cat build/release.log; exit 1; }
-cmake --build build/release --target orlek
+# Every source for itself.
+cmake --preset release -B build/lint -DCMAKE_UNITY_BUILD=OFF >build/lint.log 2>&1 ||
+  { cat build/lint.log; exit 1; }
+cmake --build build/lint --target orlek
 
 cppcheck -I include -I src --language=c++ --std=c++20 --library=posix --quiet --inline-suppr \
   --enable=warning,performance,portability --suppress=missingIncludeSystem \
   --suppressions-list=tests/steps/lint/cppcheck.txt --error-exitcode=1 src tools examples
-run-clang-tidy -quiet -j "$(nproc)" -p build/release "$PWD/(src|tools|examples)/" >build/tidy.log ||
+run-clang-tidy -quiet -j "$(nproc)" -p build/lint "$PWD/(src|tools|examples)/" >build/tidy.log ||
   { grep -A5 -E '(error|warning):' build/tidy.log; exit 1; }
 echo "clang-tidy and cppcheck find nothing."
