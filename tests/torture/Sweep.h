@@ -78,7 +78,9 @@ inline void torture(std::span<const Scenario> scenarios) {
     for (const Scenario& scenario : scenarios) {
         const long allocations = sweep(scenario, FaultKind::allocation);
         const long calls = sweep(scenario, FaultKind::system);
-        EXPECT_GT(allocations + calls, 0) << scenario.name << ": nothing failed";
+#ifndef ORLEK_SANITIZED  // where no allocation fails
+        EXPECT_GT(allocations, 0) << scenario.name << ": nothing failed";
+#endif
         if (asked) {
             std::printf("%-20s %5ld allocations %5ld system calls\n", scenario.name, allocations,
                         calls);
