@@ -77,16 +77,16 @@ unsigned char* ZipFile::readFileContent(const FileData& entry, unsigned int& siz
         return nullptr;
     }
     const std::size_t length = entry.uncompressedSize;
-    // A stream that ends early still counts; what it leaves are zeroes, which cost nothing until
-    // they are read, whatever the entry promises.
-    Detail::MallocArray<std::byte> content = Detail::zeroedArray<std::byte>(length + 1);
+    Detail::MallocArray<std::byte> content = Detail::mallocArray<std::byte>(length + 1);
     if (!content) {
         return nullptr;
     }
-    stream.read({content.get(), length});
+    const std::size_t got = stream.read({content.get(), length});
     if (!stream.atEnd()) {
         return nullptr;
     }
+    // A stream that ends early still counts; what it left is never handed out as it was.
+    Detail::zeroLarge(content.get() + got, length - got);
     size = entry.uncompressedSize;
     return reinterpret_cast<unsigned char*>(content.release());
 }

@@ -22,8 +22,9 @@ using MallocArray = std::unique_ptr<T[], FreeArray>;
 /// every 4 KiB, which can take as long as inflating what goes there.
 void* mallocLarge(std::size_t size);
 
-/// The same, of zero bytes; what is not touched takes no memory.
-void* callocLarge(std::size_t size);
+/// Makes zeroes of a part of such memory. From 2 MiB on its pages go back to the system, and come
+/// back as zeroes when they are touched.
+void zeroLarge(std::byte* memory, std::size_t size);
 
 /// `count` elements without initial values; null when there is no memory.
 template <typename T>
@@ -33,16 +34,6 @@ MallocArray<T> mallocArray(std::size_t count) {
         return nullptr;
     }
     return MallocArray<T>(static_cast<T*>(mallocLarge(count * sizeof(T))));
-}
-
-/// `count` elements, all zero bytes; null when there is no memory.
-template <typename T>
-MallocArray<T> zeroedArray(std::size_t count) {
-    static_assert(std::is_trivially_default_constructible_v<T>);
-    if (count > std::numeric_limits<std::size_t>::max() / sizeof(T)) {
-        return nullptr;
-    }
-    return MallocArray<T>(static_cast<T*>(callocLarge(count * sizeof(T))));
 }
 
 }  // namespace Orlek::Detail

@@ -1,6 +1,8 @@
 // Archives that are cut, that lie, or that are none.
 #include <sys/stat.h>
 
+#include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <vector>
 
@@ -87,6 +89,27 @@ TEST(ZipDamage, RefusesSizesThatCannotBeTrue) {
     }
     const std::string two = archive(described) + std::string(12, 'd') + archive(entryOf());
     EXPECT_EQ(ZipFile(dir.write("two.zip", two)).getFiles().size(), 2U) << "behind a descriptor";
+}
+
+// What is left of a large entry is zero although its memory has been in use.
+TEST(ZipDamage, FillsALargePromiseWithZeroes) {
+    constexpr std::uint32_t length = 9000, promised = 6'000'000;
+    const std::string content(length, 'c');
+    LocalEntry entry;
+    entry.data = "\x01" + littleEndian(length, 2) + littleEndian(~length, 2) + content;  // stored
+    entry.compressedSize = static_cast<std::uint32_t>(entry.data.size());
+    entry.uncompressedSize = promised;
+    const TempDir dir;
+    const std::string path = dir.write("large.zip", archive(entry));
+    for (int i = 0; i < 3; ++i) {
+        unsigned size = 0;
+        unsigned char* const bytes = ZipFile(path).readFirstFile(size);
+        ASSERT_TRUE(bytes != nullptr && size == promised);
+        const std::string got(reinterpret_cast<char*>(bytes), size);
+        EXPECT_TRUE(got == content + std::string(promised - length, '\0'));
+        std::memset(bytes, 'x', size);
+        std::free(bytes);
+    }
 }
 
 TEST(ZipDamage, TakesNamesAndExtraFieldsOfAnyLength) {

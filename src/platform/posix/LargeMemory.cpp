@@ -2,6 +2,7 @@
 #include <sys/mman.h>
 
 #include <cstdint>
+#include <cstring>
 
 #include "platform/MallocArray.h"
 #include "platform/PageArray.h"
@@ -20,6 +21,7 @@ namespace Orlek::Detail {
 namespace {
 
 constexpr std::size_t largePage = std::size_t{2} << 20U;
+constexpr std::size_t anyPage = 65536;  // A multiple of every size that pages have on Linux.
 
 // Large pages for whole 2 MiB parts; a started one at the end would take memory that nobody uses,
 // so the rest gets its small pages in one call. Where the system cannot, it stays as it is.
@@ -37,9 +39,8 @@ void avoidFaults([[maybe_unused]] void* memory, [[maybe_unused]] std::size_t siz
 
 #ifndef ORLEK_PAGES_FROM_MALLOC
 
-// A multiple of every size of pages that Linux has; 0 when there is none.
+// 0 when there is none.
 std::size_t wholePages(std::size_t size) {
-    constexpr std::size_t anyPage = 65536;
     return (size + anyPage - 1) / anyPage * anyPage;
 }
 
@@ -59,13 +60,16 @@ void* mallocLarge(std::size_t size) {
     return memory;
 }
 
-void* callocLarge(std::size_t size) {
-    void* const memory = std::calloc(1, size);
-    const std::size_t before = -reinterpret_cast<std::uintptr_t>(memory) % largePage;
-    if (memory != nullptr && size >= before + largePage) {
-        avoidFaults(static_cast<char*>(memory) + before, size - before);
+void zeroLarge(std::byte* memory, std::size_t size) {
+    const std::size_t before = -reinterpret_cast<std::uintptr_t>(memory) % anyPage;
+    if (size < largePage ||
+        ::madvise(memory + before, (size - before) / anyPage * anyPage, MADV_DONTNEED) != 0) {
+        std::memset(memory, 0, size);  // also of locked pages, which the system keeps
+        return;
     }
-    return memory;
+    const std::size_t after = (size - before) % anyPage;
+    std::memset(memory, 0, before);
+    std::memset(memory + size - after, 0, after);
 }
 
 #ifdef ORLEK_PAGES_FROM_MALLOC
