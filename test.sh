@@ -75,8 +75,8 @@ nothing_else_printed() {  # preset whose tests ran last
 
 style() {
   echo "== style"
-  find include src tests tools fuzz examples bench -name '*.h' -o -name '*.cpp' |
-    xargs clang-format --dry-run -Werror
+  find include src tests tools fuzz examples bench '(' -name '*.h' -o -name '*.cpp' ')' -print0 |
+    xargs -0 clang-format --dry-run -Werror
 }
 
 [ $# -gt 0 ] || set -- style release asan tsan fuzz

@@ -101,10 +101,8 @@ bool calcDmeDistIntersection(double lat, double lon, double course, double dmeLa
     const double t1 = (root - b) / (2.0 * a);
     const double t2 = (-b - root) / (2.0 * a);
     double t = std::abs(t1) < std::abs(t2) ? t1 : t2;
-    if (t1 > 0.0 && t2 < 0.0)
+    if (t1 > 0.0 && t2 < 0.0)  // t1 is never the smaller: ahead rather than behind.
         t = t1;
-    else if (t2 > 0.0 && t1 < 0.0)
-        t = t2;
     grid2LatLong(dmeLat, dmeLon, x0 + t * sine, y0 + t * cosine, outLat, outLon);
     return true;
 }
