@@ -84,8 +84,8 @@ public:
     ~TextureFontSdf();
 
     /// Reads a font file and loads it under its path as name.
-    /// @param fileName path of a regular file of at most 1 GiB, of any format that FreeType opens;
-    ///        the first face in it is used.
+    /// @param fileName path of a regular file of at most 1 GiB, of any format that
+    ///        `TextureFont::load` takes; the first face in it is used.
     /// @param pixelSize size at which the text is drawn, as in `loadData`.
     /// @return false when the file cannot be read, after the line
     ///         "TextureFontSdf::load could not open <file name>"; else what `loadData` returns.

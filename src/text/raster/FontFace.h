@@ -11,7 +11,8 @@ struct FT_LibraryRec_;
 namespace Orlek::Detail {
 
 /// Starts FreeType; null when it fails. The handle is never released. No single request of a font
-/// for memory is granted beyond 64 MiB, so a font that lies about its sizes fails to open.
+/// for memory is granted beyond 64 MiB, so a font that lies about its sizes fails to open. Left out
+/// are two formats of the past, PFR and Type 42.
 FT_LibraryRec_* openFreeType();
 
 /// Starts FreeType for a class of fonts unless `done` says that it runs, and prints whether it
@@ -59,7 +60,9 @@ struct GlyphSize {
 class FontFace {
 public:
     /// Opens the first face of the font in `data`, which must outlive the object. Without a face,
-    /// `error` says why and the other members must not be called.
+    /// `error` says why and the other members must not be called. A font is refused with a glyph
+    /// that is made of more than 256 parts, itself and the parts of parts counted, or with parts
+    /// on more than 16 levels.
     FontFace(FT_LibraryRec_* library, const char* data, int size);
     ~FontFace();
     FontFace(const FontFace&) = delete;
@@ -84,6 +87,7 @@ public:
 private:
     FT_FaceRec_* mFace = nullptr;
     int mError = 0;
+    int mLoadFlags = 0;
 };
 
 }  // namespace Orlek::Detail

@@ -80,6 +80,27 @@ TEST(GlyphRaster, ReportsEachCharacterThatCannotBeMeasured) {
     EXPECT_EQ(OrlekTest::captureStdout([&] { EXPECT_EQ(build(bytes, 16).error, 0); }), expected);
 }
 
+TEST(GlyphRaster, BoundsWhatACharacterIsMadeOf) {
+    // A square of 8 pixels on the 16th level, and 240 of them in one character of 256 parts.
+    const BuiltAtlas built = build(wholeText(oddFonts + "parts.ttf"), 16);
+    EXPECT_EQ(built.glyphs[slotOf('A')].height, 8.0F);
+    EXPECT_EQ(built.glyphs[slotOf('B')].height, 8.0F);
+    // One level more, and 60 * 60 * 60 * 60 parts.
+    for (const char* font : {"deep_parts.ttf", "many_parts.ttf"}) {
+        EXPECT_EQ(build(wholeText(oddFonts + font), 16).error,
+                  static_cast<int>(FT_Err_Invalid_Composite))
+            << font;
+    }
+}
+
+TEST(GlyphRaster, TakesTheOutlineWhereAFontWouldKeepItBusyForHours) {
+    // Squares of 8 pixels: one that a program stretches over and over again, one with bitmaps that
+    // are made of bitmaps, down to one pixel.
+    for (const char* font : {"program.ttf", "bitmaps.ttf"}) {
+        EXPECT_EQ(build(wholeText(oddFonts + font), 16).glyphs[slotOf('A')].height, 8.0F) << font;
+    }
+}
+
 /// A bitmap font with one character, an A of one row and four pixels.
 std::string rowFont(int bitsPerPixel, const std::string& hexRow) {
     return "STARTFONT 2.1\nFONT -test-Row-Medium-R-Normal--4-40-72-72-C-40-ISO10646-1\nSIZE 4 72 "
