@@ -118,10 +118,10 @@ campaign() {  # name
 }
 
 if [ "$only_table" = no ]; then
+  preset=fuzz needed="clang libclang-rt-14-dev"
+  [ "$kind" = plain ] || preset=asan needed=$test_packages  # which builds the tests, too
   # shellcheck disable=SC2086
-  install_packages $run_packages clang libclang-rt-14-dev
-  preset=fuzz
-  [ "$kind" = plain ] || preset=asan
+  install_packages $run_packages $needed
   build=build/$preset
   cmake --preset "$preset" >"build/$preset.log" 2>&1 || { cat "build/$preset.log"; exit 1; }
   cmake --build "$build" --target orlek_fuzz_targets

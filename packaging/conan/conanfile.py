@@ -14,7 +14,7 @@ class Orlek(ConanFile):
     license = "MIT"
     settings = "os", "arch", "compiler", "build_type"
     options = {"shared": [True, False]}
-    default_options = {"shared": True}
+    default_options = {"shared": True, "tinyxml/*:with_stl": True}
     package_type = "library"
 
     @property
@@ -39,6 +39,7 @@ class Orlek(ConanFile):
         toolchain = CMakeToolchain(self)
         for part in ("BENCH", "EXAMPLES", "FUZZ", "TESTS", "TOOLS"):
             toolchain.variables[f"ORLEK_BUILD_{part}"] = False
+        toolchain.variables["ORLEK_WERROR"] = False
         toolchain.generate()
 
     def build(self):
