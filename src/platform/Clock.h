@@ -14,6 +14,9 @@ std::int64_t performanceFrequency();
 // Whole milliseconds since 1970-01-01 UTC.
 std::int64_t wallClockMs();
 
+// Processor time that the calling thread has taken, in milliseconds.
+std::int64_t threadTimeMs();
+
 // Suspends the calling thread.
 void sleepThreadMs(unsigned int ms);
 

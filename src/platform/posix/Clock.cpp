@@ -1,5 +1,7 @@
-// The clocks, from the standard library.
+// The clocks, from the standard library where it has them.
 #include "platform/Clock.h"
+
+#include <time.h>
 
 #include <chrono>
 #include <thread>
@@ -19,6 +21,12 @@ std::int64_t wallClockMs() {
     using std::chrono::milliseconds;
     const auto sinceEpoch = std::chrono::system_clock::now().time_since_epoch();
     return std::chrono::floor<milliseconds>(sinceEpoch).count();
+}
+
+std::int64_t threadTimeMs() {
+    timespec time{};
+    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return std::int64_t{1000} * time.tv_sec + time.tv_nsec / 1'000'000;
 }
 
 void sleepThreadMs(unsigned int ms) {

@@ -5,6 +5,8 @@
 #include <optional>
 #include <vector>
 
+#include "text/raster/FontFaceBounds.h"
+
 struct FT_FaceRec_;
 struct FT_LibraryRec_;
 
@@ -60,9 +62,9 @@ struct GlyphSize {
 class FontFace {
 public:
     /// Opens the first face of the font in `data`, which must outlive the object. Without a face,
-    /// `error` says why and the other members must not be called. A font is refused with a glyph
-    /// that is made of more than 256 parts, itself and the parts of parts counted, or with parts
-    /// on more than 16 levels.
+    /// `error` says why and the other members must not be called. A font is refused for what
+    /// `findExcess` finds. From here on it has five seconds of the calling thread's processor time,
+    /// a thousand times what usual fonts take; characters that come later cannot be loaded.
     FontFace(FT_LibraryRec_* library, const char* data, int size);
     ~FontFace();
     FontFace(const FontFace&) = delete;
@@ -85,6 +87,9 @@ public:
     std::optional<RenderedGlyph> render(unsigned int character);
 
 private:
+    static constexpr int mostSeconds = 5;
+
+    ProcessorBudget mBudget{mostSeconds};
     FT_FaceRec_* mFace = nullptr;
     int mError = 0;
     int mLoadFlags = 0;
