@@ -1,9 +1,8 @@
 // The clocks, from the standard library where it has them.
 #include "platform/Clock.h"
 
-#include <time.h>
-
 #include <chrono>
+#include <ctime>
 #include <thread>
 
 namespace Orlek::Detail {
