@@ -1,5 +1,5 @@
 // The table that says where the embedded bitmaps of an OpenType font lie: EBLC, CBLC or, in the
-// fonts of one system, bloc. Numbers are big-endian (the OpenType specification, "EBLC"):
+// fonts of one system, bloc. Numbers are big-endian (OpenType 1.9, the table "EBLC"):
 //
 //   offset 0  version                              4      4  count of sizes n  4
 //          8  n sizes of 48 bytes, each with the offset of its list (0) and the count of ranges (8)
