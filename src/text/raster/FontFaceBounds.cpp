@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <new>
 #include <string_view>
 #include <vector>
 
@@ -146,7 +147,11 @@ bool ProcessorBudget::spent() const {
 
 int findExcess(FT_FaceRec_* face, const ProcessorBudget& budget) {
     if (isTrueType(face)) {
-        return PartCount(face, budget).findExcess();
+        try {
+            return PartCount(face, budget).findExcess();
+        } catch (const std::bad_alloc&) {
+            return FT_Err_Out_Of_Memory;
+        }
     }
     return outlinesInTime(face, budget) ? 0 : static_cast<int>(FT_Err_Execution_Too_Long);
 }
