@@ -6,7 +6,21 @@
 # replays the corpus. The target orlek_fuzz_targets builds all of them; fuzz_targets.txt in the build
 # folder lists them for campaign.sh and coverage.sh, a line each: name, corpus, dictionary, longest
 # input, sources.
+#
+# With ORLEK_FUZZ_WITHOUT_FILES the library's file layer gives way to one in memory: for long runs, in
+# which system calls would be most of the time. The library of such a build is of no other use.
+option(ORLEK_FUZZ_WITHOUT_FILES "Fuzz targets keep their files in memory" OFF)
 add_custom_target(orlek_fuzz_targets)
+if(ORLEK_FUZZ_WITHOUT_FILES)
+  get_target_property(sources orlek_objects SOURCES)
+  list(FILTER sources EXCLUDE REGEX "posix/(AtomicFile|DirectorySearch|RegularFile).cpp$")
+  set_property(TARGET orlek_objects PROPERTY SOURCES ${sources})
+  add_library(orlek_fuzz_files OBJECT "${PROJECT_SOURCE_DIR}/fuzz/FilesWithoutSystem.cpp")
+else()
+  add_library(orlek_fuzz_files OBJECT "${PROJECT_SOURCE_DIR}/fuzz/MemoryFile.cpp")
+endif()
+target_include_directories(orlek_fuzz_files PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+target_link_libraries(orlek_fuzz_files PRIVATE orlek_compiler orlek_objects)
 set(orlek_fuzz_list "${PROJECT_BINARY_DIR}/fuzz_targets.txt")
 file(WRITE "${orlek_fuzz_list}" "")
 
@@ -25,7 +39,7 @@ function(orlek_fuzz name)
   add_executable(fuzz_${name} ${name}.cpp)
   target_include_directories(fuzz_${name} PRIVATE
     "${PROJECT_SOURCE_DIR}/fuzz" "${PROJECT_SOURCE_DIR}/tests")
-  target_link_libraries(fuzz_${name} PRIVATE orlek_compiler orlek_objects)
+  target_link_libraries(fuzz_${name} PRIVATE orlek_compiler orlek_objects orlek_fuzz_files)
   if(ORLEK_BUILD_FUZZ)
     # The fuzzer follows the branches of the library, not those of the model that judges it.
     if(arg_INLINE)

@@ -1,32 +1,23 @@
 // A file that lives in memory and has a path while the object lives: what fuzz targets hand to code
-// that reads from disk. One at a time, all on the same descriptor: making a new one each time would
-// take longer than most inputs.
+// that reads from disk. One at a time.
 #pragma once
 
-#include <sys/mman.h>
-#include <unistd.h>
-
+#include <cstddef>
+#include <cstdint>
 #include <string>
-
-#include "FuzzTarget.h"
 
 class MemoryFile {
 public:
-    MemoryFile(const std::uint8_t* data, std::size_t size) {
-        require(descriptor() >= 0 && ftruncate(descriptor(), 0) == 0);
-        require(pwrite(descriptor(), data, size, 0) == static_cast<ssize_t>(size));
-    }
+    /// A target gives all its files the same name: that of a tile, where the name says what it is.
+    MemoryFile(const std::uint8_t* data, std::size_t size, const char* name = "input");
     MemoryFile(const MemoryFile&) = delete;
     MemoryFile& operator=(const MemoryFile&) = delete;
 
-    static const std::string& path() {
-        static const std::string name = "/proc/self/fd/" + std::to_string(descriptor());
-        return name;
-    }
+    const std::string& path() const { return mPath; }
 
 private:
-    static int descriptor() {
-        static const int file = memfd_create("input", MFD_CLOEXEC);
-        return file;
-    }
+    const std::string& mPath;
 };
+
+/// A path at which there is no file.
+inline constexpr const char* missingPath = "/proc/self/fd/none";

@@ -48,7 +48,7 @@ void checkPieces(const std::string& path, const unsigned char* whole, std::size_
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const MemoryFile file(data, size);
-    const std::string path = size > 0 ? file.path() : "/proc/self/fd/none";
+    const std::string path = size > 0 ? file.path() : missingPath;
     ZipFile zip(path);
     require(zip.exists() == (size > 0) && zip.nrFiles() == 0);
     unsigned int length = 0;

@@ -31,7 +31,7 @@ public:
 
     /// Writes a file below the directory and returns its path.
     std::string write(const std::string& name, std::string_view bytes) const {
-        const std::string file = path(name);
+        std::string file = path(name);
         std::filesystem::create_directories(std::filesystem::path(file).parent_path());
         std::ofstream(file, std::ios::binary).write(bytes.data(), std::ssize(bytes));
         return file;
