@@ -93,8 +93,8 @@ public:
 
     /// Builds the atlas from a font in memory, with FreeType's autohinter. It takes the place of an
     /// earlier atlas and empties the batch, but leaves both when it fails with a printed line. A
-    /// usual font takes some milliseconds; after five seconds of the thread's processor time
-    /// nothing more is read of one.
+    /// usual font takes some milliseconds; after a second of the thread's processor time for each
+    /// 10 MiB, one at least, nothing more is read of one.
     /// @param name used in the message about a font that cannot be opened.
     /// @param data the font's bytes; read during the call only. Bitmap fonts have
     ///        eight bits a pixel or one; two or four are read as if they were ones.
@@ -102,7 +102,7 @@ public:
     /// @param pixelSize pixel height of the font's em square, 1 to 256.
     /// @return true when the atlas and its GL objects were made. Failures print
     ///         "FT_New_Face failed <code> ! <name>" (no font, no data, characters made of more
-    ///         than 256 parts or on more than 16 levels, or five seconds of work),
+    ///         than 256 parts or on more than 16 levels, or that much work),
     ///         "FT_Set_Pixel_Sizes failed !" (a size out of range, or not in a bitmap font) or
     ///         "pixelData: out of memory". A character that cannot be measured prints
     ///         "FT_Load_Glyph failed!", one that cannot be rendered nothing; the others are built.

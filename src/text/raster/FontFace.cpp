@@ -18,6 +18,8 @@ namespace {
 constexpr long maxBlock = 64L << 20;
 constexpr int maxPixelHeight = 256;
 constexpr int maxBitmapSide = 1024;
+constexpr int leastTimeMs = 1000;
+constexpr int bytesPerMs = (10 << 20) / 1000;
 
 bool granted(long size) {
     return size > 0 && size <= maxBlock;
@@ -88,7 +90,8 @@ unsigned char GlyphBitmap::coverage(std::size_t row, std::size_t column) const {
     return (line[column / 8] >> (7 - column % 8) & 1) != 0 ? 255 : 0;
 }
 
-FontFace::FontFace(FT_LibraryRec_* library, const char* data, int size) {
+FontFace::FontFace(FT_LibraryRec_* library, const char* data, int size)
+    : mBudget(std::max(leastTimeMs, size / bytesPerMs)) {
     const auto* bytes = reinterpret_cast<const FT_Byte*>(data);
     mError = size < 0 ? static_cast<int>(FT_Err_Invalid_Argument)
                       : FT_New_Memory_Face(library, bytes, size, 0, &mFace);

@@ -63,8 +63,9 @@ class FontFace {
 public:
     /// Opens the first face of the font in `data`, which must outlive the object. Without a face,
     /// `error` says why and the other members must not be called. A font is refused for what
-    /// `findExcess` finds. From here on it has five seconds of the calling thread's processor time,
-    /// a thousand times what usual fonts take; characters that come later cannot be loaded.
+    /// `findExcess` finds. From here on it has one second of the calling thread's processor time
+    /// for each 10 MiB, one at least: usual fonts take a hundredth. Characters that come later
+    /// cannot be loaded.
     FontFace(FT_LibraryRec_* library, const char* data, int size);
     ~FontFace();
     FontFace(const FontFace&) = delete;
@@ -87,9 +88,7 @@ public:
     std::optional<RenderedGlyph> render(unsigned int character);
 
 private:
-    static constexpr int mostSeconds = 5;
-
-    ProcessorBudget mBudget{mostSeconds};
+    ProcessorBudget mBudget;
     FT_FaceRec_* mFace = nullptr;
     int mError = 0;
     int mLoadFlags = 0;

@@ -138,8 +138,7 @@ bool outlinesInTime(FT_Face face, const ProcessorBudget& budget) {
 
 }  // namespace
 
-ProcessorBudget::ProcessorBudget(int seconds)
-    : mEnd(threadTimeMs() + std::int64_t{1000} * seconds) {}
+ProcessorBudget::ProcessorBudget(std::int64_t milliseconds) : mEnd(threadTimeMs() + milliseconds) {}
 
 bool ProcessorBudget::spent() const {
     return threadTimeMs() > mEnd;

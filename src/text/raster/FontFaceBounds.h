@@ -10,7 +10,7 @@ namespace Orlek::Detail {
 /// Processor time that the calling thread may spend from the construction on.
 class ProcessorBudget {
 public:
-    explicit ProcessorBudget(int seconds);
+    explicit ProcessorBudget(std::int64_t milliseconds);
 
     bool spent() const;
 

@@ -94,11 +94,11 @@ TEST(GlyphRaster, BoundsWhatACharacterIsMadeOf) {
 }
 
 // Each character is arithmetic without end: 448 of them would take minutes.
-TEST(GlyphRaster, GivesUpAFontThatTakesSeconds) {
+TEST(GlyphRaster, GivesUpAFontThatTakesASecond) {
     const std::string busy = wholeText(ORLEK_SOURCE_DIR "/tests/text/raster/busy.cff");
     const std::clock_t before = std::clock();
     EXPECT_EQ(build(busy, 16).error, static_cast<int>(FT_Err_Execution_Too_Long));
-    EXPECT_LT(std::clock() - before, 30 * CLOCKS_PER_SEC);
+    EXPECT_LT(std::clock() - before, 10 * CLOCKS_PER_SEC);
 }
 
 TEST(GlyphRaster, TakesTheOutlineWhereAFontWouldKeepItBusyForHours) {
