@@ -2,8 +2,14 @@
 // connection, so that over all connections no number may be missing.
 #include "Feeds.h"
 
+#include <cstddef>
+#include <fstream>
+#include <iterator>
 #include <optional>
+#include <sstream>
+#include <string>
 #include <thread>
+#include <vector>
 
 #include "RouteFile.h"
 #include "traffic/AirTraffic.h"
@@ -91,6 +97,23 @@ void RoundOrder::take(const FeedMessage& message) {
         mFaults += target != mTarget + 1 ? 1 : 0;
         mTarget = target;
     }
+}
+
+// A line of Linux's list: number, local address and port in hexadecimal digits, ten columns more,
+// then what was dropped.
+unsigned long droppedDatagrams(int port) {
+    std::ifstream list("/proc/net/udp");
+    unsigned long dropped = 0;
+    for (std::string line; std::getline(list, line);) {
+        std::istringstream columns(line);
+        std::vector<std::string> words{std::istream_iterator<std::string>(columns), {}};
+        const std::size_t colon = words.size() < 3 ? std::string::npos : words[1].find(':');
+        if (colon != std::string::npos &&
+            std::stoi(words[1].substr(colon + 1), nullptr, 16) == port) {
+            dropped += std::stoul(words.back());
+        }
+    }
+    return dropped;
 }
 
 }  // namespace OrlekTest

@@ -48,4 +48,7 @@ private:
     unsigned long mFaults = 0;
 };
 
+/// How many datagrams for a port the system had no room for since the port was opened.
+unsigned long droppedDatagrams(int port);
+
 }  // namespace OrlekTest

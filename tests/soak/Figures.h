@@ -58,12 +58,15 @@ struct Figures {
     unsigned long connections = 0;
     unsigned long tileChanges = 0;
     unsigned long settingsWritten = 0;
-    unsigned long faults = 0;  ///< Messages that were lost or came out of order or damaged.
-    bool complete = false;     ///< All that was sent has come.
+    unsigned long faults = 0;          ///< Messages that were lost or came out of order or damaged.
+    unsigned long datagramFaults = 0;  ///< The same of the datagrams that were not damaged.
+    unsigned long dropped = 0;  ///< Datagrams that found no room while a frame took a second.
+    bool complete = false;      ///< All that was sent has come.
 };
 
 /// Prints the figures.
-/// @param whole whether the run was long enough for the bounds of memory and frames to count
+/// @param whole whether the run was long enough for the bounds of memory and frames to count, and
+///        the machine must have been fast enough for no datagram to be dropped
 /// @return whether all are within their bounds
 bool report(std::FILE* out, const Figures& figures, bool whole);
 

@@ -203,8 +203,10 @@ void MapRun::drain(Sent& sent) {
     mFigures.complete = all;
     mFigures.rounds = sent.tcpRounds + sent.udpRounds;
     mFigures.connections = sent.connections;
-    mFigures.faults += mPackageOrder.faults() + mDatagramOrder.faults() +
-                       mPackages.scene().live->ignored + mDatagrams.scene().live->ignored;
+    mFigures.datagramFaults = mDatagramOrder.faults();
+    mFigures.dropped = droppedDatagrams(mPlan.udpPort);
+    mFigures.faults +=
+        mPackageOrder.faults() + mPackages.scene().live->ignored + mDatagrams.scene().live->ignored;
 }
 
 void MapRun::savePicture() const {
