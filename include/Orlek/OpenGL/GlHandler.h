@@ -121,8 +121,9 @@ public:
     /// @param name its name. @param pattern exactly 32 ints, read and not kept.
     void setStippleVar(std::string name, int* const pattern);
 
-    /// Builds the standard programs. The first instance() has done so; another call builds new
-    /// programs, for a context that has replaced a lost one.
+    /// Builds the standard programs and asks the driver for its error messages. The first
+    /// instance() has done so; another call does it anew, for a context that has replaced a lost
+    /// one.
     void initStandardShaders();
 
 private:

@@ -16,10 +16,16 @@ struct IndexedPoints {
     /// The index that the next vertex receives.
     std::uint32_t nextIndex() const { return static_cast<std::uint32_t>(vertices.size()); }
 
-    /// Appends a vertex to the current run.
+    /// Appends a vertex to the current run, whole or, without memory, not at all.
     void append(const Math::Vector3<float>& position) {
-        indices.push_back(nextIndex());
+        const std::uint32_t index = nextIndex();
         vertices.push_back(position);
+        try {
+            indices.push_back(index);
+        } catch (...) {
+            vertices.pop_back();
+            throw;
+        }
     }
 
     /// Ends the current run.

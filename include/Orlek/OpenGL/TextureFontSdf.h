@@ -39,8 +39,8 @@ namespace Orlek::OpenGL {
 /// The outline lies outside the glyph. Its width is measured in the field, which falls from 0.5 at
 /// the edge to 0 at a distance of 8 pixels of the design size, 50: a width w gives an outline of
 /// 16 w / 50 of the drawn size. 0.2 at a size of 50 is 3.2 pixels; useful widths are 0.05 to 0.43,
-/// beyond that the outline is cut off where the field ends. Outlines of neighbours may overlap the
-/// glyphs drawn before them.
+/// beyond that the outline is cut off above and below, where the field ends. Outlines of neighbours
+/// may overlap the glyphs drawn before them.
 ///
 /// All operations, construction and destruction included, run on the thread that owns the current
 /// OpenGL context. Diagnostics are lines on the standard output; nothing throws.
@@ -78,6 +78,7 @@ public:
     /// Shares font and GL objects with @p other and copies everything else.
     TextureFontSdf(const TextureFontSdf& other);
     /// Shares font and GL objects with @p other and copies everything else; its own are given up.
+    /// No GL call.
     /// @return this object.
     TextureFontSdf& operator=(const TextureFontSdf& other);
     /// Does what `clear` does, so the GL context must be current unless there is no font.
@@ -92,12 +93,14 @@ public:
     bool load(const char* fileName, int pixelSize);
 
     /// Takes the font of that name, which is built from the data if there is none yet. When the
-    /// object had another font its batch is emptied.
+    /// object had another font its batch is emptied; the texture of that font stays for the way
+    /// back until some object is cleared.
     /// @param name any text, not null; names one font for the whole process.
     /// @param data the font's bytes; read during the call, and only when the font is built.
     /// @param size number of bytes.
     /// @param pixelSize pixel height of the em square as drawn; only sets the scale, as `setSize`.
-    /// @return true when the font can be drawn. Failures to build it print
+    /// @return true when the font can be drawn, and for the empty font of a name that could not be
+    ///         built before. Failures to build it print
     ///         "FT_New_Memory_Face failed <code> !" (no font, no data, no name),
     ///         "FT_Set_Pixel_Sizes failed !" (a bitmap font without a size of 50) or
     ///         "pixelData: out of memory"; the object then draws nothing, and the name keeps an
@@ -147,12 +150,11 @@ public:
     void setOutlineColor(Math::Vector4<float> color);
 
     /// @param width of the outline in the field, 0 to 0.5, from the next draw on: 0.5 is 8 pixels
-    /// at
-    ///        a size of 50. No outline up to 0.001; 0 at construction.
+    ///        at a size of 50. No outline up to 0.001; 0 at construction.
     void setOutlineWidth(float width);
 
-    /// Deletes the object's GL objects, and the font's texture unless another object uses it. The
-    /// batch stays and can be drawn again once the font is there. Needs the current GL context.
+    /// Deletes the object's GL objects, and the textures of all fonts that no other object uses.
+    /// The batch stays and can be drawn again once the font is there. Needs the current GL context.
     void clear();
 
     /// @return the GL name of the font's atlas texture, which all its users share; 0 without one.

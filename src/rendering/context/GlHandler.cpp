@@ -51,7 +51,6 @@ GlHandler& GlHandler::instance() {
 
 GlHandler::GlHandler() : mActiveShader(neverActive), mViewPort(0.0F, 0.0F) {
     Detail::reportEntryPoints();
-    Detail::enableDebugOutput();
     mGlVersion = Detail::glVersionText();
     mGlSlVersion = Detail::glslVersionText();
     initStandardShaders();
@@ -65,6 +64,7 @@ void GlHandler::initStandardShaders() {
     if (!Detail::glReady()) {
         return;
     }
+    Detail::enableDebugOutput();
     for (const Detail::StandardProgram& recipe : Detail::standardPrograms()) {
         mShaders.insert_or_assign(recipe.number, linked(recipe));
     }

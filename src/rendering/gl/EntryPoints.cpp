@@ -43,8 +43,12 @@ Loaded load() {
     return {code, usable && allPresent()};
 }
 
-Loaded& loaded() {
+// Tries again while it has failed: something may have asked before a context was current.
+const Loaded& loaded() {
     static Loaded result = load();
+    if (!result.ready) {
+        result = load();
+    }
     return result;
 }
 
@@ -63,12 +67,9 @@ bool glReady() {
 }
 
 void reportEntryPoints() {
-    if (!loaded().ready) {
-        loaded() = load();  // something may have asked before the context was current
-    }
-    if (loaded().code != GLEW_OK) {
+    if (const GLenum code = loaded().code; code != GLEW_OK) {
         report("GlHandler::GlHandler Error: %s\n",
-               reinterpret_cast<const char*>(glewGetErrorString(loaded().code)));
+               reinterpret_cast<const char*>(glewGetErrorString(code)));
     }
 }
 

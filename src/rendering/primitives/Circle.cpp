@@ -3,6 +3,7 @@
 #include "rendering/context/DrawPass.h"
 #include "rendering/context/ProgramNumbers.h"
 #include "rendering/geometry/Shapes.h"
+#include "rendering/gl/Errors.h"
 #include "rendering/gl/Mesh.h"
 #include "rendering/gl/Names.h"
 
@@ -18,6 +19,9 @@ constexpr Detail::UploadLabels circleLabels{
     .later = {.bind = "glBindVertexArray",
               .streams = {{{.bind = "glBindBuffer", .data = "glBufferData"}}}}};
 
+// Far more corners than a disc has pixels.
+constexpr unsigned mostSegments = 1000000;
+
 }  // namespace
 
 Circle::Circle() = default;
@@ -26,6 +30,10 @@ Circle& Circle::operator=(const Circle&) = default;
 Circle::~Circle() = default;
 
 void Circle::setCircle(double radius, unsigned segments) {
+    if (segments > mostSegments) {
+        Detail::reportInvalidValue("Circle");
+        return;
+    }
     Detail::appendDisc(mVertices, radius, segments);
 }
 

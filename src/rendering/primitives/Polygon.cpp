@@ -21,9 +21,11 @@ Polygon::~Polygon() = default;
 void Polygon::addTessPolygon(Tesselator::TessPolygon polygon) {
     mDirty = true;
     for (const Tesselator::TessPrimitive& primitive : polygon.primitives) {
-        mBatches.push_back({primitive.type, static_cast<unsigned>(mVertices.size()),
-                            static_cast<unsigned>(primitive.vertices.size())});
+        // Vertices first: without memory for the second, no batch reaches beyond them.
+        const auto start = static_cast<unsigned>(mVertices.size());
         mVertices.insert(mVertices.end(), primitive.vertices.begin(), primitive.vertices.end());
+        mBatches.push_back(
+            {primitive.type, start, static_cast<unsigned>(primitive.vertices.size())});
     }
 }
 

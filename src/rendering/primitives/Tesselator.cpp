@@ -3,6 +3,7 @@
 #include <Orlek/OpenGL/Tesselator.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <memory>
 #include <utility>
@@ -35,24 +36,35 @@ bool isFinite(const Math::Vector3<float>& p) {
 
 // GLU goes round in circles when its sweep meets edges whose lengths differ by dozens of powers of
 // ten: what it computes of the one is less than the rounding of the other. It is given the corners
-// on a grid, so fine that floats of the outline's size lie on it, and so coarse that doubles can
-// tell exactly on which side of an edge a corner lies; in its answer the corners are the outline's
-// own.
+// on a grid, along each axis so fine that floats of the outline's size lie on it, and so coarse
+// that doubles can tell exactly on which side of an edge a corner lies; in its answer the corners
+// are the outline's own. Axes differ without harm: the sweep never mixes them.
 class CornerGrid {
 public:
     explicit CornerGrid(const std::vector<Math::Vector3<float>>& outline) {
-        float extent = 0.0F;
+        Math::Vector3<float> extent;
         for (const auto& p : outline) {
-            extent = std::max({extent, std::fabs(p.x), std::fabs(p.y), std::fabs(p.z)});
+            extent.x = std::max(extent.x, std::fabs(p.x));
+            extent.y = std::max(extent.y, std::fabs(p.y));
+            extent.z = std::max(extent.z, std::fabs(p.z));
         }
-        constexpr int bits = 25;
-        mUnit = extent > 0.0F ? std::ldexp(1.0, std::ilogb(extent) - bits) : 1.0;
+        mUnits = {unitOf(extent.x), unitOf(extent.y), unitOf(extent.z)};
     }
 
-    double onGrid(float coordinate) const { return std::nearbyint(coordinate / mUnit) * mUnit; }
+    std::array<double, 3> onGrid(const Math::Vector3<float>& p) const {
+        return {rounded(p.x, mUnits[0]), rounded(p.y, mUnits[1]), rounded(p.z, mUnits[2])};
+    }
 
 private:
-    double mUnit;
+    static double unitOf(float extent) {
+        constexpr int bits = 25;
+        return extent > 0.0F ? std::ldexp(1.0, std::ilogb(extent) - bits) : 1.0;
+    }
+    static double rounded(float coordinate, double unit) {
+        return std::nearbyint(coordinate / unit) * unit;
+    }
+
+    std::array<double, 3> mUnits;
 };
 
 // GLU loops or crashes on coordinates that are not finite, and takes hours and all memory when
@@ -109,7 +121,7 @@ Tesselator::TessPolygon Tesselator::tesselate() {
     mCoords.reserve(mVertices.size());  // GLU keeps pointers to them
     const CornerGrid grid(mVertices);
     for (const Math::Vector3<float>& p : mVertices) {
-        Coordinates place{grid.onGrid(p.x), grid.onGrid(p.y), grid.onGrid(p.z)};
+        auto place = grid.onGrid(p);
         gluTessVertex(tess.get(), place.data(),
                       mCoords.emplace_back(Coordinates{p.x, p.y, p.z}).data());
     }

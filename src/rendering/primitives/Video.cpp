@@ -1,5 +1,7 @@
 #include <Orlek/OpenGL/Video.h>
 
+#include <utility>
+
 #include "rendering/context/DrawPass.h"
 #include "rendering/context/ProgramNumbers.h"
 #include "rendering/geometry/Positions.h"
@@ -27,13 +29,17 @@ Video& Video::operator=(const Video&) = default;
 Video::~Video() = default;
 
 void Video::init(unsigned width, unsigned height) {
-    if (!Detail::replaceTexture(mTexture, Detail::imageRecipe, {nullptr, width, height, rgb},
+    std::shared_ptr<Detail::Texture> texture;
+    if (!Detail::replaceTexture(texture, Detail::imageRecipe, {nullptr, width, height, rgb},
                                 videoLabel)) {
         return;
     }
+    auto pbo = Detail::PixelBuffer::create(std::size_t{width} * height * bytesPerPixel);
     Detail::releaseShare(mMesh);
+    Detail::releaseShare(mTexture);
     Detail::releaseShare(mPbo);
-    mPbo = Detail::PixelBuffer::create(std::size_t{width} * height * bytesPerPixel);
+    mTexture = std::move(texture);
+    mPbo = std::move(pbo);
     mWidth = width;
     mHeight = height;
     clearVertex();

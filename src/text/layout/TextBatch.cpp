@@ -14,12 +14,21 @@ TextBatch::TextBatch(Lists lists, std::size_t glyphs, const Placement& placement
       mRestartIndex(restartIndex),
       mVertexCount(lists.vertices.size()),
       mIndexCount(lists.indices.size()) {
-    mLists.vertices.resize(mVertexCount + glyphs * mostCorners);
-    mLists.uvs.resize(mVertexCount + glyphs * mostCorners);
-    mLists.indices.resize(mIndexCount + glyphs * (mostCorners + 1));
+    try {
+        mLists.vertices.resize(mVertexCount + glyphs * mostCorners);
+        mLists.uvs.resize(mVertexCount + glyphs * mostCorners);
+        mLists.indices.resize(mIndexCount + glyphs * (mostCorners + 1));
+    } catch (...) {
+        trim();
+        throw;
+    }
 }
 
 TextBatch::~TextBatch() {
+    trim();
+}
+
+void TextBatch::trim() {
     mLists.vertices.resize(mVertexCount);
     mLists.uvs.resize(mVertexCount);
     mLists.indices.resize(mIndexCount);

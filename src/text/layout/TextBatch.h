@@ -45,6 +45,9 @@ public:
     void append(const OpenGL::GlyphInfo& glyph, Math::Vector2<float> shift);
 
 private:
+    /// Gives the lists back what has not been filled.
+    void trim();
+
     Lists mLists;
     const float mScale;
     const Math::Matrix4<float> mTransform;

@@ -47,6 +47,9 @@ struct TextureFontSdf::FontType {
     std::shared_ptr<Detail::Texture> texture;
     Detail::GlyphSet mGlyphs;
     bool toBeBuilt = false;  ///< The texture was deleted.
+
+    /// Whether no object has a share of the texture.
+    bool isUnused() const { return texture.use_count() == 1; }
 };
 
 struct TextureFontSdf::FontCache {
@@ -91,6 +94,7 @@ bool TextureFontSdf::loadData(const char* name, const char* data, int size, int 
     cache.mStaticFontId += isNew ? 1 : 0;
     if (mFontId != entry->second) {
         clearVertex();
+        Detail::releaseObjects(mText);  // the quads of the other font
         mTexture.reset();
         mFontId = entry->second;
     }
@@ -206,12 +210,14 @@ void TextureFontSdf::setOutlineWidth(float width) {
     mOutlineWidth = width;
 }
 
+// Fonts that their last user has left for another go too: no other call would delete them.
 void TextureFontSdf::clear() {
     mTexture.reset();
-    FontType* const font = currentFont();
-    if (font != nullptr && font->texture.use_count() == 1) {
-        Detail::releaseShare(font->texture);
-        font->toBeBuilt = true;
+    for (auto& [id, font] : fontCache().mFonts) {
+        if (font.isUnused()) {
+            Detail::releaseShare(font.texture);
+            font.toBeBuilt = true;
+        }
     }
     Detail::releaseObjects(mText);
 }

@@ -151,6 +151,15 @@ TEST_F(FillTest, DiscIsRoundAndClockwiseFromTwelve) {
     EXPECT_EQ(pixelsOf(disc), 0);
 }
 
+TEST_F(FillTest, RefusesADiscOfMillionsOfCorners) {
+    Circle disc;
+    disc.setCircle(10, 12);
+    const int pixels = pixelsOf(disc);
+    EXPECT_EQ(captureStdout([&] { disc.setCircle(20, 0xFFFFFFFFU); }),
+              "Error <Circle> <Nix> 1281\n");
+    EXPECT_EQ(pixelsOf(disc), pixels);
+}
+
 TEST_F(FillTest, SecondDiscWaitsForAnUpload) {
     MatrixTranslate(100, 50, 0);
     Circle disc;

@@ -8,6 +8,7 @@
 #include <limits>
 #include <numbers>
 #include <random>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -157,6 +158,16 @@ TEST(Tesselator, NumbersTheVerticesAndKeepsOutlineAndPlane) {
     EXPECT_EQ(area(sloping), 16);
     for (const auto& vertex : sloping.primitives.at(0).vertices) {
         EXPECT_EQ(vertex.z, vertex.x * 2);
+    }
+}
+
+TEST(Tesselator, FillsOutlinesThatAreSmallBesideTheirHeight) {
+    for (const auto& [side, z] : {std::pair(1.0F, 1e9F), std::pair(3e-5F, 12000.0F)}) {
+        Tesselator tesselator;
+        for (const Point& p : {Point(0, 0), Point(side, 0), Point(side, side), Point(0, side)}) {
+            tesselator.addVertex(Vertex(p.x, p.y, z));
+        }
+        EXPECT_EQ(area(tesselator.tesselate()), double{side} * side);
     }
 }
 

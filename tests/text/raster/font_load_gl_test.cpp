@@ -144,7 +144,7 @@ TEST_F(FontLoadTest, NamesShareOneTextureUntilTheLastUserClears) {
     EXPECT_TRUE(drawsBatch(first));
 }
 
-TEST_F(FontLoadTest, AnotherFontLeavesTheFirstForTheWayBack) {
+TEST_F(FontLoadTest, AnotherFontLeavesTheFirstForTheWayBackUntilAClear) {
     TextureFontSdf font;
     ASSERT_TRUE(load(font, "one", sans));
     add(font);
@@ -154,9 +154,13 @@ TEST_F(FontLoadTest, AnotherFontLeavesTheFirstForTheWayBack) {
     ASSERT_TRUE(load(font, "other", wholeText("/usr/share/fonts/truetype/dejavu/DejaVuSerif.ttf")));
     EXPECT_FALSE(drawsBatch(font)) << "its coordinates are those of the other atlas";
     EXPECT_TRUE(draws(font));
-    font.clear();
     ASSERT_TRUE(loadAgain(font, "one"));
     EXPECT_EQ(font.texture(), texture);
+    ASSERT_TRUE(loadAgain(font, "other"));
+    font.clear();
+    EXPECT_FALSE(glIsTexture(texture)) << "goes with the last";
+    ASSERT_TRUE(load(font, "one", sans)) << "made again";
+    EXPECT_TRUE(draws(font));
 }
 
 TEST_F(FontLoadTest, RefusedFontsStayEmptyUnderTheirName) {

@@ -148,6 +148,18 @@ TEST_F(TextureFontSdfTest, BatchAndSingleTextsGiveTheSamePixels) {
     EXPECT_TRUE(batched("", 10, 20).blank());
 }
 
+TEST_F(TextureFontSdfTest, AFailedLoadLeavesNoQuadsOfTheFontBefore) {
+    const std::string bytes = wholeText("/usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf");
+    const auto size = static_cast<int>(bytes.size());
+    TextureFontSdf bold;
+    ASSERT_TRUE(bold.loadData("bold", bytes.data(), size, 50));
+    bold.clear();
+    captureStdout([&] { EXPECT_FALSE(font.loadData("bold", "no font", 7, 50)); });
+    ASSERT_TRUE(bold.loadData("bold", bytes.data(), size, 50));
+    const FontPicture expected = drawn([&] { bold.renderFont(10, 20, "W", bold.BOTTOM_LEFT); });
+    EXPECT_EQ(atOnce("W", 10, 20).distance(expected), 0);
+}
+
 TEST_F(TextureFontSdfTest, LeavesTheMatrixEvenOnAFullStack) {
     for (int i = 0; i < 40; ++i) {
         MatrixPush();
