@@ -1,6 +1,8 @@
 #include <Orlek/Network/SocketTcpServer.h>
 
+#include <cerrno>
 #include <cstdint>
+#include <optional>
 
 #include "network/DottedAddress.h"
 #include "platform/Report.h"
@@ -30,6 +32,7 @@ const char* startListening(int socket, int port) {
         return "bind";
     }
     enlargeBuffers(socket);
+    setBlocking(socket, false);  // whoever waits for a peer may find that another was faster
     return listenSocket(socket, backlog) ? nullptr : "listen";
 }
 
@@ -37,6 +40,26 @@ const char* startListening(int socket, int port) {
 unsigned long firstOctetLowest(unsigned long address) {
     return ((address & 0xFF) << 24) | ((address & 0xFF00) << 8) | ((address >> 8) & 0xFF00) |
            ((address >> 24) & 0xFF);
+}
+
+bool accept(int listener, std::optional<unsigned int> timeoutMs, SocketTcp& client) {
+    Endpoint peer;
+    NewSocket socket(acceptSocket(listener, peer, timeoutMs));
+    if (!socket.isOpen()) {
+        if (errno != ETIMEDOUT) {
+            reportSystemError("accept");
+        }
+        return false;
+    }
+    client.setDescriptor(static_cast<std::uint64_t>(socket.get()));
+    const int accepted = socket.handedOn();
+    client.setName(dottedAddress(peer.address));
+    client.setAddress(firstOctetLowest(peer.address));
+    enlargeBuffers(accepted);
+    if (!setSendTimeout(accepted, sendTimeoutUs)) {
+        reportSystemError("setsockopt");
+    }
+    return true;
 }
 
 }  // namespace
@@ -59,26 +82,11 @@ bool SocketTcpServer::init(int port) {
 }
 
 bool SocketTcpServer::acceptConnection(SocketTcp& client) {
-    Endpoint peer;
-    NewSocket socket(acceptSocket(mSocket->get(), peer));
-    if (!socket.isOpen()) {
-        reportSystemError("accept");
-        return false;
-    }
-    client.setDescriptor(static_cast<std::uint64_t>(socket.get()));
-    const int accepted = socket.handedOn();
-    client.setName(dottedAddress(peer.address));
-    client.setAddress(firstOctetLowest(peer.address));
-    enlargeBuffers(accepted);
-    if (!setSendTimeout(accepted, sendTimeoutUs)) {
-        reportSystemError("setsockopt");
-    }
-    return true;
+    return accept(mSocket->get(), {}, client);
 }
 
 bool SocketTcpServer::acceptConnectionNonBlock(SocketTcp& client) {
-    return mSocket->isOpen() && waitReadable(mSocket->get(), acceptTimeoutMs) == Outcome::done &&
-           acceptConnection(client);
+    return mSocket->isOpen() && accept(mSocket->get(), acceptTimeoutMs, client);
 }
 
 bool SocketTcpServer::closeConnection() {

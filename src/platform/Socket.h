@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <utility>
 
@@ -59,9 +60,11 @@ Outcome connectSocket(int socket, const Endpoint& peer, unsigned int timeoutMs);
 bool bindSocket(int socket, const Endpoint& local);
 bool listenSocket(int socket, int backlog);
 
-/// Waits for a peer and takes it; peers that have gone meanwhile are passed over.
-/// @return the socket of the peer, noSocket when that failed.
-int acceptSocket(int listener, Endpoint& peer);
+/// Waits for a peer and takes it, for `timeoutMs` at most when there is such; peers that have gone
+/// meanwhile are passed over. The listener does not block, or the limit does not hold where another
+/// process takes the peer.
+/// @return the socket of the peer, noSocket when that failed, with ETIMEDOUT when the time passed.
+int acceptSocket(int listener, Endpoint& peer, std::optional<unsigned int> timeoutMs = {});
 
 /// Waits at most `timeoutMs` for bytes, for a peer to accept, or for an error to collect.
 Outcome waitReadable(int socket, unsigned int timeoutMs);

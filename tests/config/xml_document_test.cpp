@@ -113,6 +113,35 @@ TEST(XmlDocument, BoundsAreReached) {
     }
 }
 
+TEST(XmlDocument, AGoodFileDoesNotGiveWayToOneThatCannotBeRead) {
+    const TempDir dir;
+    const std::string path = dir.write("good.xml", "<good />");
+    const auto written = [&](auto build) {
+        XmlDocument document;
+        XmlElement root("root");
+        document.appendElement(root);
+        build(root);
+        return document.write(path);
+    };
+    EXPECT_FALSE(written([](XmlElement& root) {
+        for (int i = 0; i < 257; ++i) {
+            root.setAttributeInt("a" + std::to_string(i), i);
+        }
+    }));
+    EXPECT_FALSE(written([](XmlElement root) {
+        for (int i = 0; i < 256; ++i) {
+            XmlElement child("child");
+            root.appendElement(child);
+            root = child;
+        }
+    }));
+    EXPECT_FALSE(written([](XmlElement& root) { root.setAttributeString("a", "caf\xE9"); }));
+    EXPECT_FALSE(written([](XmlElement& root) { root.setAttributeString("1 =", ""); }));
+    EXPECT_EQ(wholeText(path), "<good />");
+    EXPECT_TRUE(written([](XmlElement& root) { root.setAttributeString("a", "caf\xC3\xA9"); }));
+    EXPECT_TRUE(XmlDocument().read(path));
+}
+
 TEST(XmlDocument, ReadsAndWritesWhatTinyXmlDoes) {
     const std::vector<std::string> rows = {
         "<a/>",

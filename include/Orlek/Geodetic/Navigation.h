@@ -79,7 +79,7 @@ ORLEK_EXPORT bool calcDmeDistIntersection(double lat, double lon, double course,
 ORLEK_EXPORT double getHeadingDifference(double from, double to);
 
 /// Gives the turn from one heading to another in a given direction.
-/// @param from, to the headings in degrees, of any number of turns.
+/// @param from, to the headings in degrees, within 2^31 turns.
 /// @param clockwise true turns right, false turns left.
 /// @return the turn in degrees: 0 to 360 to the right, -360 to -0 to the left.
 ORLEK_EXPORT double getHeadingDifference(double from, double to, bool clockwise);

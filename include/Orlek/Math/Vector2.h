@@ -78,7 +78,7 @@ struct Vector2<double> {
     /// @return the vector with each component rounded to single precision.
     operator Vector2<float>() const { return {static_cast<float>(x), static_cast<float>(y)}; }
 
-    /// @return the compass heading of the vector in radians, in [0, 2 pi): 0 is +y, pi/2 is +x.
+    /// @return the compass heading of the vector in radians, in [0, 2 pi]: 0 is +y, pi/2 is +x.
     double Heading() const {
         constexpr double fullTurn = 6.283185307179586;
         const double heading = std::atan2(x, y);

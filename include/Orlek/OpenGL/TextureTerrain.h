@@ -28,7 +28,7 @@ namespace Orlek::OpenGL {
 /// - c = osm (map color b) + (1 - osm) (Ch b),
 /// - (contrast (c - 0.5) + 0.5) brightness.
 ///
-/// All members but the setters and addVertex() belong to the thread whose GL context is current.
+/// load(), loadNormals(), clear() and render() belong to the thread whose GL context is current.
 /// The destructor makes no GL call: call clear() before the context goes away, or what is left is
 /// deleted at the next upload of any drawable. Once loaded or drawn, the object and its copies
 /// belong to that thread in all. Copies share GL objects until one of them changes.

@@ -18,8 +18,8 @@ namespace Orlek::XML {
 ///
 /// The parser is TinyXML, which is forgiving: it takes attributes without quotes, leaves the name
 /// of a reference that it does not know, and passes over document types. What it would pass over
-/// silently although the file is damaged is refused here: text outside of the root, and comments,
-/// declarations and tags without an end.
+/// silently although the file is damaged is refused here: text outside of the root, tags that do
+/// not begin with a name, and comments, declarations and tags without an end.
 ///
 /// @code
 /// Orlek::XML::XmlDocument document;
@@ -61,8 +61,9 @@ public:
     /// @param path the file; created when it is missing, but not its directory.
     /// @return true when the content has reached the disk. False when it has not, when the path
     ///         names something that is no regular file or may not be written, when new files may
-    ///         not be made beside it, and for more than 64 MiB, which could not be read back.
-    ///         Nothing is printed.
+    ///         not be made beside it, and for what read() would refuse: more than 64 MiB, 256
+    ///         levels or 256 attributes of an element, a name that is none, a text that ends in
+    ///         the middle of a UTF-8 character. Nothing is printed.
     bool write(const std::string& path);
 
     /// @return the first element of the document; invalid when there is none. As long as the

@@ -87,7 +87,8 @@ public:
 
     /// Sets an attribute, adding it behind the others when it is new.
     /// @param name as it will stand in the file: not checked.
-    /// @param value any text. In a file, control characters other than tab, line feed and carriage
+    /// @param value any text, in UTF-8 unless the declaration of its document says otherwise. In a
+    ///        file, control characters other than tab, line feed and carriage
     ///        return become references that only this library reads back.
     void setAttributeString(const std::string& name, const std::string& value);
 

@@ -69,6 +69,16 @@ std::optional<Fault> readFile(const std::string& path, TiXmlDocument& document, 
     return Fault{"Out of memory."};
 }
 
+// What an application has built may go beyond the limits, or have bytes that swallow a quote. A
+// good file must not give way to one that cannot be read.
+bool isReadable(std::string& text) {
+    const std::size_t size = text.size();
+    text.append(Detail::XmlScan::padding, '\0');
+    const bool readable = Detail::XmlScan({text.data(), size}).run();
+    text.resize(size);
+    return readable;
+}
+
 // TinyXML copies texts and attributes up to their first zero byte, which a reference can give them.
 void copyZeroBytes(const TiXmlNode& from, TiXmlNode& to) {
     to.SetValue(from.ValueStr());
@@ -128,7 +138,7 @@ bool XmlDocument::read(const std::string& path) {
 bool XmlDocument::write(const std::string& path) {
     std::string text(mTree->hasMark ? byteOrderMark : "");
     Detail::appendXmlText(mTree->document, text);
-    return Detail::XmlOutput(path).finish(text);
+    return isReadable(text) && Detail::XmlOutput(path).finish(text);
 }
 
 XmlElement XmlDocument::root() const {

@@ -33,7 +33,8 @@ public:
 
     /// Walks the text. False when it is beyond the limits or broken; fault() tells why. Broken is
     /// also what the parser would not notice outside of the root element: text, and what is not
-    /// ended. Nothing at all, or no more than space, is left to the parser.
+    /// ended; and everywhere a tag that does not begin with a name. Nothing at all, or no more than
+    /// space, is left to the parser.
     bool run();
 
     /// What is wrong, in words, and where.

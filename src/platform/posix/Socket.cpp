@@ -59,7 +59,8 @@ int remainingMs(SteadyClock::time_point end) {
     return static_cast<int>(std::clamp<std::int64_t>(left, 0, std::numeric_limits<int>::max()));
 }
 
-/// Waits for `events` or an error; without a limit when there is none.
+/// Waits for `events` or an error; without a limit when there is none. `again`, with ETIMEDOUT,
+/// when the time has passed.
 Outcome waitFor(int socket, short events, std::optional<unsigned int> timeoutMs) {
     const auto end = SteadyClock::now() + std::chrono::milliseconds(timeoutMs.value_or(0));
     pollfd waited = {socket, events, 0};
@@ -76,6 +77,7 @@ Outcome waitFor(int socket, short events, std::optional<unsigned int> timeoutMs)
             return Outcome::failed;
         }
         if (timeoutMs && SteadyClock::now() >= end) {
+            errno = ETIMEDOUT;
             return Outcome::again;
         }
     }
@@ -85,7 +87,6 @@ Outcome waitFor(int socket, short events, std::optional<unsigned int> timeoutMs)
 Outcome finishConnect(int socket, std::optional<unsigned int> timeoutMs) {
     const Outcome outcome = waitFor(socket, POLLOUT, timeoutMs);
     if (outcome != Outcome::done) {
-        errno = outcome == Outcome::again ? ETIMEDOUT : errno;
         return outcome;
     }
     int error = 0;
@@ -163,17 +164,26 @@ bool listenSocket(int socket, int backlog) {
     return ::listen(socket, backlog) == 0;
 }
 
-int acceptSocket(int listener, Endpoint& peer) {
-    sockaddr_in address = {};
-    int accepted = noSocket;
-    do {
+int acceptSocket(int listener, Endpoint& peer, std::optional<unsigned int> timeoutMs) {
+    for (;;) {
+        sockaddr_in address = {};
         socklen_t size = sizeof(address);
-        accepted = ::accept4(listener, reinterpret_cast<sockaddr*>(&address), &size, SOCK_CLOEXEC);
-    } while (accepted < 0 && (errno == EINTR || errno == ECONNABORTED));
-    if (accepted >= 0) {
-        peer = {ntohl(address.sin_addr.s_addr), ntohs(address.sin_port)};
+        const int accepted =
+            ::accept4(listener, reinterpret_cast<sockaddr*>(&address), &size, SOCK_CLOEXEC);
+        if (accepted >= 0) {
+            peer = {ntohl(address.sin_addr.s_addr), ntohs(address.sin_port)};
+            return accepted;
+        }
+        if (errno == EINTR || errno == ECONNABORTED) {
+            continue;
+        }
+        if (errno != EAGAIN && errno != EWOULDBLOCK) {
+            return noSocket;
+        }
+        if (waitFor(listener, POLLIN, timeoutMs) != Outcome::done) {
+            return noSocket;
+        }
     }
-    return accepted;
 }
 
 Outcome waitReadable(int socket, unsigned int timeoutMs) {
