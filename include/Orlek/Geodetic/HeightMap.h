@@ -87,17 +87,20 @@ public:
     ///
     /// @param lat latitude in degrees, -90 to 90, north positive, WGS 84.
     /// @param lon longitude in degrees, -180 to 180, east positive.
-    /// @param load whether samples may be read from disk, which takes milliseconds.
+    /// @param load whether samples may be read from disk, which takes milliseconds, tens of them
+    ///        for a tile of 1", and as long as the disk does.
     /// @param lowRes whether to leave the high-resolution tiles out.
     /// @return metres above mean sea level. 0 when the object is not ready, no tile covers the
-    /// point,
-    ///         the tile is not loaded or cannot be read, the post is missing (a DTED void reads
-    ///         as -1), or the coordinates are out of range or not finite. As 0 is an elevation too,
-    ///         ask getNormal() where the difference matters.
+    ///         point, the tile is not loaded or cannot be read, the post is missing (a DTED void
+    ///         reads as -1), or the coordinates are out of range or not finite. As 0 is an
+    ///         elevation too, ask getNormal() where the difference matters.
     double getAltitude(double lat, double lon, bool load, bool lowRes);
 
     /// The direction in which the surface of the terrain faces, from slopes of the Catmull-Rom
-    /// surface through the sixteen posts around the point (Catmull and Rom 1974).
+    /// surface through the sixteen posts around the point (Catmull and Rom 1974). Posts count as if
+    /// a degree of longitude were as long as one of latitude is, and the other way round: away from
+    /// the equator slopes to the east come out cos(lat) times as steep, those to the north divided
+    /// by it. For shading that is enough.
     ///
     /// Each component c of the unit vector, -1 to 1, is packed as (c + 1) * 127.5, rounded down;
     /// flat ground is (127, 127, 255).

@@ -5,8 +5,8 @@
 ///
 /// Latitudes and longitudes are in degrees, north and east positive; bearings and courses in
 /// degrees clockwise from north; distances in metres. Arguments are not checked: a latitude beyond
-/// 90 degrees, a pole where a longitude is asked for, or a value that is not finite gives infinite
-/// or NaN results (0 from calcBearing()).
+/// 90 degrees gives results without meaning; a pole where a longitude is asked for, or a value that
+/// is not finite, infinite or NaN ones (0 from calcBearing()).
 ///
 /// Two kinds of earth serve: great circles on a sphere for bearing and distance, and the flat grid
 /// of latLong2Grid() with 111319.49079327358 metres per degree for the rest, which is good for the
@@ -48,8 +48,8 @@ ORLEK_EXPORT void calcPointFromBrgDistance(double lat, double lon, double bearin
 ///
 /// The courses count as infinite lines: a crossing behind a start is found too. It is computed in
 /// single precision, with two points of each course one metre apart, so the direction of the second
-/// course is the coarser the farther its start lies from the first: good to 0.02 degrees at 5 km
-/// and to 0.3 degrees at 100 km.
+/// course is the coarser the farther its start lies from the first: good to 0.03 degrees at 5 km
+/// and to 0.6 degrees at 100 km.
 /// @param lat1, lon1 the first position, in degrees.
 /// @param course1 the course through it, in degrees.
 /// @param lat2, lon2 the second position, in degrees.

@@ -45,7 +45,8 @@ public:
     ///             excluded.
     /// @param[out] t the place of the foot along the segment, 0 at p1 and 1 at p2; NaN for a
     ///             segment without length.
-    /// @return the distance to the foot, or to the nearer end where the foot lies beyond it.
+    /// @return the distance to the foot, or to the nearer end where the foot lies beyond it; NaN
+    ///         for a segment without length.
     double distanceToPoint(Vector2<double> point, bool& within, double& t) const;
 
 private:

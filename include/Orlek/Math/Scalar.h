@@ -18,6 +18,7 @@ namespace Orlek::Math {
 ///        not brought all the way.
 /// @param min the lower end.
 /// @param max the upper end, above @p min.
+/// @tparam T double, float, int or a wider signed type.
 /// @return the quantity in [min, max].
 template <typename T>
 T circLimit(T value, T min, T max) {
@@ -54,6 +55,7 @@ T clampTo(T value, T min, T max) {
 /// @param x the place; before @p x0 it counts as @p x0, beyond @p x1 as @p x1.
 /// @param x0, x1 the places of the two points; equal ones give NaN or one of the two values.
 /// @param y0, y1 the values there.
+/// @tparam T double or float; whole numbers give one of the two values.
 /// @return the value at @p x.
 template <typename T>
 T interpolate(T x, T x0, T x1, T y0, T y1) {

@@ -66,8 +66,8 @@ public:
 
     /// Asks for the value of an option.
     /// @param name the registered name.
-    /// @param[out] value gets the value given or the default; unchanged when @p name is not
-    ///             registered.
+    /// @param[out] value gets the value given or the default; of a switch "true" or "false", which
+    ///             turns each time that it is given. Unchanged when @p name is not registered.
     /// @return whether the option has been given; false for a name that is not registered.
     bool getParameter(const std::string& name, std::string& value) const;
 

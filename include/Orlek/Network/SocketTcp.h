@@ -64,12 +64,12 @@ public:
     /// Does not close the connection.
     virtual ~SocketTcp();
 
-    /// Connects, waiting as long as the system does: 127 s on Linux for an address that never
-    /// answers (net.ipv4.tcp_syn_retries).
+    /// Connects, waiting as long as the system does: 127 to 135 s on Linux for an address that
+    /// never answers (net.ipv4.tcp_syn_retries).
     ///
     /// When there is no socket left it prints the system's reason for "socket" and
-    /// "SocketTcp::createTcpClientSocket failed 0x%x port %d\n"; other failures are silent and
-    /// leave the reason in `errno`.
+    /// "SocketTcp::createTcpClientSocket failed 0x%x port %d\n"; other failures of the connection
+    /// are silent and leave the reason in `errno`.
     /// @param address in host byte order, 0x7F000001 is 127.0.0.1; 0 gives false.
     /// @param port 1 to 65535.
     /// @return whether it is connected.
@@ -101,7 +101,8 @@ public:
     ///         it ended now. Ids of 0xFFFFFFFF and 0xFFFFFFFE cannot be told from these.
     int readPackage(void* payload, MsgHeader& header);
 
-    /// Sends a package, or queues it. Never waits.
+    /// Sends a package, or queues it. Never waits. Without a connection nothing happens: the
+    /// package is not kept for a later one.
     ///
     /// Prints "SocketTcp::writePackage ret %d\n" when the send failed; the package is lost then. It
     /// stays connected: that the peer has gone is for readPackage() to find, so call both. A

@@ -45,7 +45,7 @@ public:
     /// @return whether a peer was accepted.
     bool acceptConnection(SocketTcp& client);
 
-    /// As acceptConnection(), but gives up, without a message, after 1 ms.
+    /// As acceptConnection(), but gives up, without a message, after 1 ms when no peer comes.
     /// @param[out] client as above.
     /// @return whether a peer was accepted.
     bool acceptConnectionNonBlock(SocketTcp& client);

@@ -40,8 +40,8 @@ public:
     ~Circle();
 
     /// Appends a disc: its centre, then the rim clockwise from twelve o'clock (y up) back to its
-    /// start. After a first render() it is not shown until clearVertex() has been called, so call
-    /// that first to replace a disc.
+    /// start. After a first render() it is not shown until clearVertex() or clear() has been
+    /// called, so call the first before to replace a disc.
     /// @param radius in model coordinates. @param segments corners of the rim; 0: nothing happens;
     ///        more than 1,000,000: nothing but the line "Error <Circle> <Nix> 1281".
     void setCircle(double radius, unsigned segments);

@@ -56,8 +56,8 @@ class ORLEK_EXPORT GlHandler {
 public:
     /// @return the one object. The first call loads the GL entry points, switches the driver's
     /// error messages on (they go to the standard error stream), builds the standard programs and
-    /// prints the GL and GLSL versions; it needs the context current, and nothing draws for the
-    /// life of the process when it is made without.
+    /// prints the GL and GLSL versions; it needs the context current. Made without, it prints empty
+    /// versions, and the first draw with a context does the rest.
     ///
     /// When the loader complains, one line "GlHandler::GlHandler Error: text" is printed. Its
     /// complaint about a missing GLX display (EGL, Wayland) is harmless; after any other the GL
@@ -121,9 +121,9 @@ public:
     /// @param name its name. @param pattern exactly 32 ints, read and not kept.
     void setStippleVar(std::string name, int* const pattern);
 
-    /// Builds the standard programs and asks the driver for its error messages. The first
-    /// instance() has done so; another call does it anew, for a context that has replaced a lost
-    /// one.
+    /// Builds the standard programs, reads the versions and asks for the driver's messages. The
+    /// first instance() has done so; another call does it anew, for a context that has replaced a
+    /// lost one.
     void initStandardShaders();
 
 private:

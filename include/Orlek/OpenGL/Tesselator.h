@@ -59,7 +59,8 @@ public:
     /// Starts a new outline.
     void clearVertex();
 
-    /// Cuts the outline into triangles; the outline stays. Where it crosses itself, vertices are
+    /// Cuts the outline into triangles, which takes up to a minute for thousands of corners that
+    /// cross each other; the outline stays. Where it crosses itself, vertices are
     /// added. The last corner is joined to the first.
     /// @return the primitives; none for fewer than 3 corners, for an outline without area, for one
     /// with a coordinate that is not finite, and for one of more than 1,000 corners that crosses

@@ -75,7 +75,8 @@ public:
     /// with a printed line for an image larger than the largest texture.
     unsigned createTexture(const void* image);
 
-    /// Appends a triangle strip that is not joined to what follows.
+    /// Appends a triangle strip that is not joined to what follows, but continues what stands
+    /// before it and has no end: the quad of load(), or vertices that were added one by one.
     /// @param positions in model coordinates.
     /// @param uvs texture coordinates, one a position. While the object has fewer of them than
     /// vertices, all are ignored and everything shows the texel at (0, 0).

@@ -71,7 +71,7 @@ public:
     XmlElement root() const;
 
     /// Adds an element behind the others, which then belongs to the document. An element that has a
-    /// place already is left where it is. A document that is to be read again has one.
+    /// place already is left where it is. Other programs want exactly one in a file.
     /// @param element stays a handle on the element.
     void appendElement(XmlElement& element);
 

@@ -51,8 +51,6 @@ GlHandler& GlHandler::instance() {
 
 GlHandler::GlHandler() : mActiveShader(neverActive), mViewPort(0.0F, 0.0F) {
     Detail::reportEntryPoints();
-    mGlVersion = Detail::glVersionText();
-    mGlSlVersion = Detail::glslVersionText();
     initStandardShaders();
     glVersion();
     glSlVersion();
@@ -61,6 +59,8 @@ GlHandler::GlHandler() : mActiveShader(neverActive), mViewPort(0.0F, 0.0F) {
 void GlHandler::initStandardShaders() {
     mActiveShader = neverActive;
     mActiveProgram = nullptr;
+    mGlVersion = Detail::glVersionText();
+    mGlSlVersion = Detail::glslVersionText();
     if (!Detail::glReady()) {
         return;
     }
@@ -101,6 +101,11 @@ void GlHandler::activateViewPort() {
 void GlHandler::activateShader(unsigned int number) {
     if (number == mActiveShader) {
         return;
+    }
+    if (mShaders.empty() && Detail::glReady()) {  // the object is older than the context
+        initStandardShaders();
+        glVersion();
+        glSlVersion();
     }
     const auto program = mShaders.find(number);
     if (program != mShaders.end()) {

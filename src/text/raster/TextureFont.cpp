@@ -53,10 +53,12 @@ bool TextureFont::loadData(const char* name, const char* data, int size, int pix
         return false;
     }
     Detail::GlyphAtlas atlas;
-    if (!Detail::buildAtlas(face, pixelSize, shelves, atlas, mGlyphs)) {
+    Detail::GlyphSet glyphs;  // without those of an earlier font
+    if (!Detail::buildAtlas(face, pixelSize, shelves, atlas, glyphs)) {
         return false;
     }
     clear();
+    mGlyphs = std::move(glyphs);
     return makeObjects(atlas);
 }
 

@@ -4,6 +4,7 @@
 
 #include <map>
 #include <memory>
+#include <utility>
 
 #include "platform/Report.h"
 #include "rendering/context/DrawPass.h"
@@ -115,9 +116,11 @@ bool TextureFontSdf::createGlyphTexture(const char* data, int size, FontType& fo
         return false;
     }
     Detail::GlyphAtlas atlas;
-    if (!Detail::buildFieldAtlas(face, atlas, font.mGlyphs)) {
+    Detail::GlyphSet glyphs;  // without those of an earlier font
+    if (!Detail::buildFieldAtlas(face, atlas, glyphs)) {
         return false;
     }
+    font.mGlyphs = std::move(glyphs);
     font.texture = Detail::Texture::create(Detail::coverageRecipe, atlas.image());
     font.toBeBuilt = font.texture == nullptr;
     return !font.toBeBuilt;

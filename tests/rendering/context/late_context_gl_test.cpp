@@ -1,5 +1,6 @@
 // Objects that were used before there was a context: they draw once there is one.
 #include <GL/glew.h>
+#include <Orlek/OpenGL/GlHandler.h>
 #include <Orlek/OpenGL/MatrixStack.h>
 #include <Orlek/OpenGL/Texture.h>
 #include <gtest/gtest.h>
@@ -26,6 +27,8 @@ TEST(LateContext, DrawsAndReportsFromTheMomentItIsThere) {
                   image.render();
               }),
               "");
+    EXPECT_NE(captureStdout([] { GlHandler::instance(); }).find("GL version <> 0.0"),
+              std::string::npos);
     const OrlekSupport::HeadlessContext context(64, 64);
     MatrixLoadIdent();
     const std::string start = captureStdout([&] {

@@ -116,6 +116,18 @@ TEST_F(FontLoadTest, TextureFontDrawsBitmapFonts) {
     EXPECT_EQ(row(9, 9, 20), ".......#...");
 }
 
+TEST_F(FontLoadTest, AnotherFontLeavesNoCharactersOfTheFirst) {
+    const std::string noBits = wholeText(oddFonts + "no_bits.bdf");  // an A with a size alone
+    TextureFont fresh;
+    ASSERT_TRUE(load(fresh, "fresh", noBits, 4));
+    TextureFont used;
+    ASSERT_TRUE(load(used, "used", sans));
+    EXPECT_TRUE(draws(used));
+    ASSERT_TRUE(load(used, "used", noBits, 4));
+    EXPECT_FALSE(draws(fresh));
+    EXPECT_FALSE(draws(used));
+}
+
 TEST_F(FontLoadTest, NamesShareOneTextureUntilTheLastUserClears) {
     TextureFontSdf first;
     TextureFontSdf second;
