@@ -1,4 +1,4 @@
-// Atlases when memory runs out: each allocation of some size fails in turn.
+// Atlases and batches when memory runs out: each allocation of some size fails in turn.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -8,6 +8,7 @@
 #include "support/Capture.h"
 #include "support/FailingAllocation.h"
 #include "text/FreeTypeReference.h"
+#include "text/layout/TextBatch.h"
 #include "text/raster/FieldAtlas.h"
 
 namespace Orlek::Detail {
@@ -68,6 +69,23 @@ TEST(AtlasMemory, LacksTheAtlasOrKeepsPlainCoverage) {
     }
     EXPECT_EQ(refused, 1);
     EXPECT_GT(plain, 0);
+}
+
+TEST(BatchMemory, KeepsWhatItHasWhenThereIsNoneForMore) {
+    constexpr Math::Matrix4<float> here{{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1}};
+    constexpr std::size_t many = 1000;
+    for (int failing = 1; failing <= 3; ++failing) {
+        std::vector<Math::Vector3<float>> vertices(4);
+        std::vector<Math::Vector2<float>> uvs(4);
+        std::vector<std::uint32_t> indices(5);
+        OrlekTest::failingAllocation(failing, [&] {
+            EXPECT_THROW(TextBatch({vertices, uvs, indices}, many, {1.0F, here}, 77U),
+                         std::bad_alloc);
+        });
+        EXPECT_EQ(vertices.size(), 4U);
+        EXPECT_EQ(uvs.size(), 4U);
+        EXPECT_EQ(indices.size(), 5U);
+    }
 }
 
 }  // namespace
