@@ -65,19 +65,6 @@ MemoryFile::MemoryFile(const std::uint8_t* data, std::size_t size, const char* n
 
 namespace Orlek::Detail {
 
-RegularFile::RegularFile(RegularFile&& other) noexcept
-    : mDescriptor(std::exchange(other.mDescriptor, -1)), mSize(std::exchange(other.mSize, 0)) {}
-
-RegularFile& RegularFile::operator=(RegularFile&& other) noexcept {
-    std::swap(mDescriptor, other.mDescriptor);
-    std::swap(mSize, other.mSize);
-    return *this;
-}
-
-RegularFile::~RegularFile() {
-    close();
-}
-
 void RegularFile::close() {
     mDescriptor = -1;
     mSize = 0;

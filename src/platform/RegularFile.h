@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <utility>
 
 namespace Orlek::Detail {
 
@@ -14,9 +15,14 @@ namespace Orlek::Detail {
 class RegularFile {
 public:
     RegularFile() = default;
-    RegularFile(RegularFile&& other) noexcept;
-    RegularFile& operator=(RegularFile&& other) noexcept;
-    ~RegularFile();
+    RegularFile(RegularFile&& other) noexcept
+        : mDescriptor(std::exchange(other.mDescriptor, -1)), mSize(std::exchange(other.mSize, 0)) {}
+    RegularFile& operator=(RegularFile&& other) noexcept {
+        std::swap(mDescriptor, other.mDescriptor);
+        std::swap(mSize, other.mSize);
+        return *this;
+    }
+    ~RegularFile() { close(); }
 
     /// Opens `path` and takes its size. False, with errno set, when that fails or the path names no
     /// regular file (EISDIR for a directory, ENOTSUP for anything else).

@@ -23,19 +23,6 @@ int openForReading(const char* path) {
 
 }  // namespace
 
-RegularFile::RegularFile(RegularFile&& other) noexcept
-    : mDescriptor(std::exchange(other.mDescriptor, -1)), mSize(std::exchange(other.mSize, 0)) {}
-
-RegularFile& RegularFile::operator=(RegularFile&& other) noexcept {
-    std::swap(mDescriptor, other.mDescriptor);
-    std::swap(mSize, other.mSize);
-    return *this;
-}
-
-RegularFile::~RegularFile() {
-    close();
-}
-
 void RegularFile::close() {
     if (mDescriptor >= 0) {
         const int error = errno;
