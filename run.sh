@@ -112,7 +112,7 @@ gallery() {
   local programs=build/run/examples/gallery names name
   mapfile -t names <"$programs/pictures.txt"
   if [ "$window" = yes ]; then
-    if [ ! -x "$programs/orlek-gallery-${1:-}" ]; then
+    if [[ -z "${1:-}" || " ${names[*]} " != *" ${1:-} "* ]]; then
       echo "run.sh: gallery --window NAME takes one of: ${names[*]}" >&2
       exit 1
     fi

@@ -13,8 +13,8 @@ Usage: ./test.sh [release|asan|tsan|fuzz|style|abi|wayland]...
        ./test.sh soak|coverage|refused|waits|lint|compilers|valgrind|cycles [options]
 
 Without arguments all of the first line but its last two run, in this order:
-  style    formatting, headers, who includes whom
-  release  every test, optimised build
+  style    formatting
+  release  every test, optimised build; headers by themselves, who includes whom
   asan     every test under the address and undefined-behaviour sanitizers (clang)
   tsan     the tests with threads under the thread sanitizer
   fuzz     each fuzz target for some seconds, from its corpus, in the build of asan
@@ -40,6 +40,13 @@ case "${1:-}" in
     exec "tests/steps/$1.sh" "${@:2}"
     ;;
 esac
+
+for step in "$@"; do
+  case "$step" in
+    style | release | asan | tsan | fuzz | abi | wayland) ;;
+    *) echo "test.sh: unknown step $step (see ./test.sh --help)" >&2; exit 2 ;;
+  esac
+done
 
 # shellcheck disable=SC2086
 install_packages $run_packages $test_packages
@@ -93,7 +100,6 @@ for step in "$@"; do
     fuzz) build asan --target orlek_fuzz_targets; run asan -L fuzz ;;
     abi) install_packages abigail-tools xz-utils; packaging/abi.sh ;;
     wayland) tests/steps/wayland.sh ;;
-    *) echo "test.sh: unknown step $step (see ./test.sh --help)" >&2; exit 1 ;;
   esac
 done
 echo "All tests passed."

@@ -28,21 +28,25 @@ kind=plain runs="" seconds="" slice=60 targets=() only_table=no
 while [ $# -gt 0 ]; do
   case "$1" in
     --sanitize) kind=sanitized ;;
-    --runs) runs=$2; shift ;;
-    --seconds) seconds=$2; shift ;;
-    --slice) slice=$2; shift ;;
+    --runs) runs=${2:-none}; shift ;;
+    --seconds) seconds=${2:-none}; shift ;;
+    --slice) slice=${2:-none}; shift ;;
     --table) only_table=yes ;;
     --help | -h) usage; exit ;;
     -*) usage >&2; exit 2 ;;
     *) targets+=("$1") ;;
   esac
-  shift
+  shift || true
 done
 [ -n "$runs$seconds" ] || seconds=60
+for number in "$runs" "$seconds" "$slice"; do
+  [[ "$number" =~ ^([1-9][0-9]{0,15})?$ ]] ||
+    { echo "campaign.sh: $number is no number above zero" >&2; exit 2; }
+done
 
 home=build/campaign
 totals=$home/totals.tsv  # program, target, executions, processor seconds, new inputs, findings
-mkdir -p "$home"
+mkdir -p "$home/findings"
 touch "$totals"
 
 print_table() {

@@ -25,6 +25,10 @@ cmake --preset fuzz-coverage >"$build.log" 2>&1 || { cat "$build.log"; exit 1; }
 cmake --build "$build" --target orlek_fuzz_targets >>"$build.log" 2>&1 ||
   { cat "$build.log"; exit 1; }
 
+for name in "$@"; do
+  grep -q "^$name " "$build/fuzz_targets.txt" || { echo "coverage.sh: no target $name" >&2; exit 2; }
+done
+
 tool() { command -v "$1" || command -v "$1-14"; }
 profdata=$(tool llvm-profdata)
 cov=$(tool llvm-cov)

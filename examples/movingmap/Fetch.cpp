@@ -3,12 +3,14 @@
 #include "Fetch.h"
 
 #include <Orlek/Network.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
+#include <string>
 #include <string_view>
 
 #include "Png.h"
@@ -65,7 +67,7 @@ std::vector<Fetch> takeFetches(std::vector<char*>& arguments) {
 }
 
 bool fetch(const Fetch& wanted) {
-    const std::string part = wanted.file + ".part";
+    const std::string part = wanted.file + ".part-" + std::to_string(getpid());
     std::error_code ignored;
     fs::remove(part, ignored);
     try {

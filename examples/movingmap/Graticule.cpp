@@ -1,6 +1,8 @@
 // In a flat map the lines are straight: a line is found from where it meets the picture's edges.
 #include "Graticule.h"
 
+#include <Orlek/Math/Scalar.h>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -66,8 +68,9 @@ private:
     void add(const std::string& label, Point at) {
         const Box box{at, Point(at.x + mText.width(label), at.y + mText.capHeight())};
         const Box spaced = box.grown(0.5 * mPad);
-        const bool covered = std::any_of(mBlocked.begin(), mBlocked.end(),
-                                         [&](const Box& other) { return other.overlaps(spaced); });
+        const auto covers = [&](const Box& other) { return other.overlaps(spaced); };
+        const bool covered = std::any_of(mBlocked.begin(), mBlocked.end(), covers) ||
+                             std::any_of(mPlaces.begin(), mPlaces.end(), covers);
         if (mArea.contains(box) && !covered) {
             mText.add(label, at, Align::left, white);
             mPlaces.push_back(box);
@@ -98,7 +101,9 @@ std::vector<Box> drawGraticule(Canvas& canvas, const MapView& view, const Box& a
         graticuleMinutes(leastPixels * view.metresPerPixel() / metresPerMile) / 60.0;
     const Extremes lats = boundsOf(view, &Position::lat);
     const Extremes lons = boundsOf(view, &Position::lon);
-    for (double lat = std::ceil(lats.low / step) * step; lat <= lats.high; lat += step) {
+    const double north = std::min(lats.high, 89.999);  // nothing lies beyond the poles
+    for (double lat = std::ceil(std::max(lats.low, -89.999) / step) * step; lat <= north;
+         lat += step) {
         const Point a = view.toScreen({lat, lons.low});
         const Point b = view.toScreen({lat, lons.high});
         canvas.stroke.segment(a, b);
@@ -108,7 +113,7 @@ std::vector<Box> drawGraticule(Canvas& canvas, const MapView& view, const Box& a
         const Point a = view.toScreen({lats.low, lon});
         const Point b = view.toScreen({lats.high, lon});
         canvas.stroke.segment(a, b);
-        labels.addFor(a, b, longitudeLabel(lon));
+        labels.addFor(a, b, longitudeLabel(Orlek::Math::circLimit(lon, -180.0, 180.0)));
     }
     canvas.stroke.draw({.colour = Colour(1.0F, 1.0F, 1.0F, 0.38F), .width = canvas.unit});
     return labels.places();

@@ -154,6 +154,9 @@ Options collect() {
     options.width = numberOf("--width", 320, 8192);
     options.height = numberOf("--height", 240, 8192);
     options.scale = numberOf("--scale", 0.5, 3.0);
+    if (options.width < 320 * options.scale || options.height < 240 * options.scale) {
+        throw std::runtime_error("--scale: the picture has room for less than 320 x 240 pixels");
+    }
     return options;
 }
 

@@ -2,6 +2,8 @@
 // additions, an elevation and a normal.
 #include "SampleRelief.h"
 
+#include <Orlek/Math/Scalar.h>
+
 #include <algorithm>
 
 #include "ReliefSampler.h"
@@ -38,7 +40,8 @@ SampleGrid gridOf(const MapView& view, int step) {
 void sampleRelief(Orlek::Geodetic::HeightMap& terrain, const MapView& view, int step,
                   ReliefImage& image) {
     const SampleGrid grid = gridOf(view, step);
-    const auto ground = [&](const Position& at, PackedNormal& normal, double& heightM) {
+    const auto ground = [&](const Position& place, PackedNormal& normal, double& heightM) {
+        const Position at{place.lat, Orlek::Math::circLimit(place.lon, -180.0, 180.0)};
         normal = normalAt(terrain, at);
         if (!isTerrain(normal)) {
             return false;

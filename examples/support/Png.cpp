@@ -2,12 +2,30 @@
 #include "Png.h"
 
 #include <png.h>
+#include <unistd.h>
 
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
 #include <stdexcept>
 
 namespace OrlekSupport {
 
 namespace {
+
+namespace fs = std::filesystem;
+
+// 256 MiB; a file of some kilobytes may promise far more.
+constexpr std::uint64_t mostPixels = std::uint64_t{1} << 26U;
+
+/// Where links lead to, so that they stay.
+std::string targetOf(const std::string& path) {
+    std::error_code error;
+    const fs::path target = fs::canonical(path, error);
+    return error ? path : target.string();
+}
 
 // Frees what libpng holds, whichever way a function is left.
 struct PngImage : png_image {
@@ -34,12 +52,22 @@ void setRgb(const Image& image, PngImage& png) {
 
 }  // namespace
 
+// A picture takes the place of another whole or not at all; what is no file is written as it is.
 void writePng(const std::string& path, const Image& image) {
-    PngImage png;
-    setRgb(image, png);
-    const std::vector<std::uint8_t> rgb = withoutAlpha(image);
-    if (png_image_write_to_file(&png, path.c_str(), 0, rgb.data(), 0, nullptr) == 0) {
-        throw std::runtime_error("cannot write " + path + ": " + png.message);
+    const std::string bytes = encodePng(image);
+    std::error_code ignored;
+    const bool isFile = !fs::exists(path, ignored) || fs::is_regular_file(path, ignored);
+    const std::string part = isFile ? path + ".part-" + std::to_string(getpid()) : path;
+    errno = 0;
+    std::ofstream file(part, std::ios::binary);
+    file << bytes;
+    file.close();
+    if (!file || (isFile && std::rename(part.c_str(), targetOf(path).c_str()) != 0)) {
+        const std::string reason = std::strerror(errno);
+        if (isFile) {
+            fs::remove(part, ignored);
+        }
+        throw std::runtime_error("cannot write " + path + ": " + reason);
     }
 }
 
@@ -57,9 +85,16 @@ std::string encodePng(const Image& image) {
 }
 
 Image readPng(const std::string& path) {
+    std::error_code ignored;
+    if (fs::exists(path, ignored) && !fs::is_regular_file(path, ignored)) {
+        throw std::runtime_error("cannot read " + path + ": no regular file");
+    }
     PngImage png;
     if (png_image_begin_read_from_file(&png, path.c_str()) == 0) {
         throw std::runtime_error("cannot read " + path + ": " + png.message);
+    }
+    if (std::uint64_t{png.width} * png.height > mostPixels) {
+        throw std::runtime_error("cannot read " + path + ": more than 67,108,864 pixels");
     }
     png.format = PNG_FORMAT_RGBA;
     Image image(static_cast<int>(png.width), static_cast<int>(png.height));

@@ -7,6 +7,7 @@
 #include <png.h>
 
 #include <cstdio>
+#include <fstream>
 #include <initializer_list>
 #include <stdexcept>
 #include <vector>
@@ -51,8 +52,14 @@ void writePng(const std::string& file, int width, int height) {
     png.height = png_uint_32(height);
     png.format = PNG_FORMAT_RGB;
     const int bottomFirst = -width * 3;  // GL's lowest row comes first
-    if (png_image_write_to_file(&png, file.c_str(), 0, rgb.data(), bottomFirst, nullptr) == 0) {
-        throw std::runtime_error("cannot write " + file + ": " + png.message);
+    std::vector<char> bytes(PNG_IMAGE_PNG_SIZE_MAX(png));
+    png_alloc_size_t size = bytes.size();
+    png_image_write_to_memory(&png, bytes.data(), &size, 0, rgb.data(), bottomFirst, nullptr);
+    std::ofstream picture(file, std::ios::binary);
+    picture.write(bytes.data(), std::streamsize(size));
+    picture.close();
+    if (PNG_IMAGE_FAILED(png) || !picture) {
+        throw std::runtime_error("cannot write " + file);
     }
     std::printf("%s\n", file.c_str());
 }

@@ -8,6 +8,10 @@
 
 int main(int argc, char** argv) {
     const bool pictureOnly = argc > 1 && std::string(argv[1]) == "--picture";
+    if (argc > 3 || (argc > 1 && !pictureOnly)) {
+        std::fprintf(stderr, "Usage: %s [--picture [FILE.png]]\n", argv[0]);
+        return 2;
+    }
     const std::string file = argc > 2 ? argv[2] : "template.png";
     try {
         Screen screen("Orlek template", 800, 800, pictureOnly);

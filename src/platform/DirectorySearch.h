@@ -14,6 +14,19 @@ enum class FileKind : std::uint8_t { missing, regular, directory, other };
 /// What `path` names, links followed; `missing` also when it cannot be reached.
 FileKind fileKind(const std::string& path);
 
+/// Tells whether a file is as it was: two that are equal stand for the same content, unless it was
+/// changed twice within some milliseconds.
+struct FileStamp {
+    FileKind kind = FileKind::missing;
+    std::uint64_t number = 0;
+    std::uint64_t size = 0;
+    std::int64_t changedNs = 0;
+    bool operator==(const FileStamp&) const = default;
+};
+
+/// The stamp of what `path` names, links followed.
+FileStamp fileStamp(const std::string& path);
+
 /// Makes one directory whose parent exists. False when it cannot, or something is there already.
 bool createDirectory(const std::string& path);
 

@@ -10,7 +10,7 @@ SRTM tiles (.zip).
 
   list DIR    one line for each file: cell, kind, posts, bytes, file, and the rule by which it is
               loaded or why it is not
-  check DIR   loads every tile and says for each bad one why
+  check DIR   loads every tile in use and says for each bad one why
               (bad|unused, file, reason in a few words, reason in full)
 
   pack FILE.hgt...

@@ -82,6 +82,18 @@ FileKind fileKind(const std::string& path) {
     return kindOfTarget(AT_FDCWD, path.c_str());
 }
 
+FileStamp fileStamp(const std::string& path) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0) {
+        return {};
+    }
+    // The time of a change, which no program sets back.
+    const std::int64_t seconds = status.st_ctim.tv_sec;
+    return {kindOfMode(status.st_mode), static_cast<std::uint64_t>(status.st_ino),
+            static_cast<std::uint64_t>(status.st_size),
+            seconds * 1'000'000'000 + status.st_ctim.tv_nsec};
+}
+
 bool createDirectory(const std::string& path) {
     // With a zero byte in it the path would name another directory.
     return path.find('\0') == std::string::npos && ::mkdir(path.c_str(), 0777) == 0;

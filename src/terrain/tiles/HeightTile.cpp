@@ -9,7 +9,6 @@
 
 #include "files/InflateStream.h"
 #include "files/ZipArchive.h"
-#include "platform/DirectorySearch.h"
 #include "platform/MallocArray.h"
 #include "platform/PageArray.h"
 #include "platform/RegularFile.h"
@@ -105,7 +104,7 @@ bool HeightTile::parseName(const std::string& path) {
 
 void HeightTile::load() {
     if (mType == Type::srtm) {
-        mFault = loadSrtm();
+        loadSrtmOnceWhenDamaged();
     } else if (!mFailed) {
         mFault = loadDted();
         mFailed = mFault != ReadFault::none && mFault != ReadFault::noMemory;
@@ -113,6 +112,17 @@ void HeightTile::load() {
             reportUnusable(mPath);
         }
     }
+}
+
+// All of a damaged archive may have to be inflated before that shows, and a map asks for its cell
+// in every row: it is left alone until the file is another.
+void HeightTile::loadSrtmOnceWhenDamaged() {
+    const FileStamp stamp = fileStamp(mPath);
+    if (stamp.kind == FileKind::regular && stamp == mDamaged) {
+        return;
+    }
+    mFault = stamp.kind == FileKind::regular ? loadSrtm() : ReadFault::unreadable;
+    mDamaged = mFault == ReadFault::damaged ? stamp : FileStamp{};
 }
 
 /// Opens the file and takes the grid from its header.
@@ -142,9 +152,6 @@ ReadFault HeightTile::loadDted() {
 }
 
 ReadFault HeightTile::loadSrtm() {
-    if (fileKind(mPath) != FileKind::regular) {
-        return ReadFault::unreadable;
-    }
     InflateStream content;
     std::uint32_t size = 0;
     const ReadFault opened = openFirstEntry(mPath, content, size);

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "files/ReadFault.h"
+#include "platform/DirectorySearch.h"
 #include "platform/PageArray.h"
 #include "terrain/tiles/TileGrid.h"
 #include "terrain/tiles/TileKey.h"
@@ -34,7 +35,7 @@ public:
 
     /// Reads the samples. The tile stays unloaded when there is no memory, or its file is missing,
     /// is no tile or is shorter than its header says. A DTED file that fails so prints a line and
-    /// is never tried again.
+    /// is never tried again; an archive whose content is damaged, only when the file has changed.
     void load();
     void unload() { mData.reset(); }
 
@@ -59,6 +60,7 @@ private:
     ReadFault openDted(RegularFile& file);
     ReadFault loadDted();
     ReadFault loadSrtm();
+    void loadSrtmOnceWhenDamaged();
     void takeSamples(PageArray<std::int16_t> samples);
 
     PageArray<std::int16_t> mData;
@@ -66,6 +68,7 @@ private:
     Type mType = Type::dted;
     ReadFault mFault = ReadFault::none;
     bool mFailed = false;
+    FileStamp mDamaged;  ///< The archive as it was when it was found damaged.
     bool mLowRes = false;
     TileGrid mGrid;
     std::string mPath;

@@ -1,7 +1,10 @@
-// Which tiles stay loaded.
+// Which tiles stay loaded, and how often their files are read.
 #include "terrain/tiles/TileSet.h"
 
 #include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
 
 #include "terrain/TileFiles.h"
 
@@ -11,6 +14,37 @@ using Orlek::Detail::HeightTile;
 using Orlek::Detail::TileKey;
 using Orlek::Detail::TileMap;
 using Orlek::Detail::TileSet;
+
+/// How many bytes this process has read so far.
+long bytesRead() {
+    std::ifstream counts("/proc/self/io");
+    std::string name;
+    long bytes = -1;
+    counts >> name >> bytes;
+    return bytes;
+}
+
+TEST(HeightTile, ADamagedArchiveIsReadOnceUntilItChanges) {
+    const OrlekTest::TempDir dir;
+    const std::string samples = OrlekTest::srtmSamples(1201, 1201, [](int, int) { return 12; });
+    const std::string whole = OrlekTest::archiveOf(samples);
+    const std::string damaged =
+        OrlekTest::archiveOf(OrlekTest::storedDeflate(samples.substr(1)), samples.size());
+    HeightTile tile;
+    ASSERT_TRUE(tile.parseName(dir.write("N45E006.SRTMGL3.hgt.zip", damaged)));
+    const auto readByLoading = [&] {
+        const long before = bytesRead();
+        tile.load();
+        return bytesRead() - before;
+    };
+    const long first = readByLoading();
+    EXPECT_EQ(tile.fault(), Orlek::Detail::ReadFault::damaged);
+    EXPECT_LT(readByLoading(), first / 4);
+    EXPECT_EQ(tile.fault(), Orlek::Detail::ReadFault::damaged);
+    dir.write("N45E006.SRTMGL3.hgt.zip", whole);
+    tile.load();
+    EXPECT_TRUE(tile.loaded());
+}
 
 // A scan that finds a tile again makes a new object of it. Without the old one given up, each scan
 // would cost as much memory as the tiles in use take.
