@@ -46,7 +46,7 @@ bool accept(int listener, std::optional<unsigned int> timeoutMs, SocketTcp& clie
     Endpoint peer;
     NewSocket socket(acceptSocket(listener, peer, timeoutMs));
     if (!socket.isOpen()) {
-        if (errno != ETIMEDOUT) {
+        if (!timeoutMs || errno != ETIMEDOUT) {
             reportSystemError("accept");
         }
         return false;

@@ -215,6 +215,9 @@ void TextureFontSdf::setOutlineWidth(float width) {
 
 // Fonts that their last user has left for another go too: no other call would delete them.
 void TextureFontSdf::clear() {
+    if (currentFont() == nullptr) {
+        return;  // makes no GL call
+    }
     mTexture.reset();
     for (auto& [id, font] : fontCache().mFonts) {
         if (font.isUnused()) {
