@@ -101,14 +101,21 @@ std::string printedText(const Orlek::XML::XmlDocument& document) {
     return text;
 }
 
-/// A copy prints the same, and is written.
+/// A copy prints the same, and is written so that it can be read; or not at all, which takes bytes
+/// that are no characters and swallow the quote that the parser has set behind them.
 void checkWritten(const Orlek::XML::XmlDocument& document, const std::string& printed) {
     static const OrlekTest::TempDir dir;
     static const std::string path = dir.path("document.xml");
     std::vector<char> written;
     Orlek::XML::XmlDocument copy(document);
     require(printedText(copy) == printed);
-    require(copy.write(path) && Orlek::Detail::readWholeFile(path, written) && !written.empty());
+    if (copy.write(path)) {
+        require(Orlek::Detail::readWholeFile(path, written) && !written.empty());
+        require(Orlek::XML::XmlDocument().read(path));
+    } else {
+        const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+        require(!std::all_of(printed.begin(), printed.end(), isAscii));
+    }
 }
 
 }  // namespace
