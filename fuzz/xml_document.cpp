@@ -103,7 +103,8 @@ std::string printedText(const Orlek::XML::XmlDocument& document) {
 
 /// A copy prints the same, and is written so that it can be read; or not at all, which takes bytes
 /// that are no characters and swallow the quote that the parser has set behind them.
-void checkWritten(const Orlek::XML::XmlDocument& document, const std::string& printed) {
+void checkWritten(const Orlek::XML::XmlDocument& document, const std::string& printed,
+                  std::string_view input) {
     static const OrlekTest::TempDir dir;
     static const std::string path = dir.path("document.xml");
     std::vector<char> written;
@@ -114,7 +115,7 @@ void checkWritten(const Orlek::XML::XmlDocument& document, const std::string& pr
         require(Orlek::XML::XmlDocument().read(path));
     } else {
         const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
-        require(!std::all_of(printed.begin(), printed.end(), isAscii));
+        require(!std::all_of(input.begin(), input.end(), isAscii));
     }
 }
 
@@ -122,15 +123,14 @@ void checkWritten(const Orlek::XML::XmlDocument& document, const std::string& pr
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const MemoryFile file(data, size);
+    const std::string text(reinterpret_cast<const char*>(data), size);
     Orlek::XML::XmlDocument document;
     const bool read = document.read(size > 0 ? file.path() : missingPath);
     const std::string printed = printedText(document);
     require(read || printed.empty());
     if (read) {
-        checkWritten(document, printed);
+        checkWritten(document, printed, text);
     }
-
-    const std::string text(reinterpret_cast<const char*>(data), size);
     if (text.find('\0') == std::string::npos) {
         checkScan(text, {});
         checkScan(text, {4, 2});
