@@ -9,7 +9,6 @@
 #include <string_view>
 #include <utility>
 
-#include "FuzzTarget.h"
 #include "MemoryFile.h"
 #include "platform/AtomicFile.h"
 #include "platform/DirectorySearch.h"

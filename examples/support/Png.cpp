@@ -63,7 +63,7 @@ void writePng(const std::string& path, const Image& image) {
     file << bytes;
     file.close();
     if (!file || (isFile && std::rename(part.c_str(), targetOf(path).c_str()) != 0)) {
-        const std::string reason = std::strerror(errno);
+        const std::string reason = errno == 0 ? "write error" : std::strerror(errno);
         if (isFile) {
             fs::remove(part, ignored);
         }

@@ -9,6 +9,8 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "config/Utf8Character.h"
+
 namespace OrlekTiles {
 
 namespace {
@@ -17,24 +19,9 @@ namespace {
     throw std::runtime_error(std::string("cannot write the results: ") + std::strerror(errno));
 }
 
-/// Bytes of the character that a text begins with; 0 for a control character and for what is no
-/// UTF-8.
-std::size_t printableLength(std::string_view text) {
-    const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const unsigned char first = byteAt(0);
-    if (first < 0x80) {
-        return first < 0x20 || first == 0x7F ? 0 : 1;
-    }
-    const std::size_t length = first < 0xE0 ? 2 : (first < 0xF0 ? 3 : 4);
-    if (first < 0xC2 || first > 0xF4 || text.size() < length) {
-        return 0;
-    }
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((byteAt(i) & 0xC0U) != 0x80) {
-            return 0;
-        }
-    }
-    return first == 0xC2 && byteAt(1) < 0xA0 ? 0 : length;
+/// C0 and C1, of which terminals take the second for such, too (ECMA-48).
+bool isControl(char32_t code) {
+    return code < 0x20 || (code >= 0x7F && code < 0xA0);
 }
 
 }  // namespace
@@ -85,19 +72,20 @@ void Console::note(const std::string& text) {
     std::fprintf(stderr, "orlek-tiles: %s\n", printable(text).c_str());
 }
 
-// A terminal takes the bytes of control characters above 0x7F for such, too.
 std::string printable(const std::string& text) {
     std::string safe;
-    for (std::size_t i = 0; i < text.size();) {
-        if (const std::size_t length = printableLength(std::string_view(text).substr(i))) {
-            safe.append(text, i, length);
-            i += length;
+    for (std::size_t at = 0; at < text.size();) {
+        const auto [code, length] =
+            Orlek::Detail::firstUtf8Character(std::string_view(text).substr(at));
+        if (length > 0 && !isControl(code)) {
+            safe.append(text, at, length);
+            at += length;
         } else {
             char escape[8];
             std::snprintf(escape, sizeof escape, "\\x%02X",
-                          static_cast<unsigned>(static_cast<unsigned char>(text[i])));
+                          static_cast<unsigned>(static_cast<unsigned char>(text[at])));
             safe += escape;
-            ++i;
+            ++at;
         }
     }
     return safe;

@@ -6,42 +6,14 @@
 #include <charconv>
 #include <cstddef>
 
+#include "config/Utf8Character.h"
+
 namespace Orlek::Detail {
 
 namespace {
 
 // A file may nest 256 elements: the root, these, and the leaf.
 constexpr std::size_t mostGroups = 254;
-
-struct Character {
-    char32_t code = 0;
-    std::size_t length = 0;  // bytes; 0 when they are not UTF-8
-};
-
-bool isContinuation(char c) {
-    return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
-}
-
-// The first character of a text that is not empty.
-Character firstCharacter(std::string_view text) {
-    const auto first = static_cast<unsigned char>(text.front());
-    if (first < 0x80) {
-        return {first, 1};
-    }
-    const std::size_t length = first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
-    if (first < 0xC2 || first > 0xF4 || text.size() < length ||
-        !std::all_of(text.begin() + 1, text.begin() + std::ptrdiff_t(length), isContinuation)) {
-        return {};
-    }
-    char32_t code = first & (0x7FU >> length);
-    for (const char c : text.substr(1, length - 1)) {
-        code = code << 6U | (static_cast<unsigned char>(c) & 0x3FU);
-    }
-    constexpr char32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};
-    const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
-    return code < smallest[length] || surrogate || code > 0x10FFFF ? Character{}
-                                                                   : Character{code, length};
-}
 
 struct CodeRange {
     char32_t first;
@@ -69,7 +41,7 @@ bool isGroupName(std::string_view name) {
         return false;
     }
     for (std::size_t at = 0; at < name.size();) {
-        const Character character = firstCharacter(name.substr(at));
+        const Utf8Character character = firstUtf8Character(name.substr(at));
         const bool fits =
             isIn(nameStarts, character.code) || (at > 0 && isIn(nameOthers, character.code));
         if (character.length == 0 || !fits) {
@@ -107,7 +79,7 @@ PropertyPlace placeProperty(std::string_view key) {
 
 bool isUtf8(std::string_view text) {
     for (std::size_t at = 0; at < text.size();) {
-        const std::size_t length = firstCharacter(text.substr(at)).length;
+        const std::size_t length = firstUtf8Character(text.substr(at)).length;
         if (length == 0) {
             return false;
         }
@@ -120,7 +92,7 @@ std::string escapeBytes(std::string_view text) {
     constexpr std::string_view digits = "0123456789ABCDEF";
     std::string escaped;
     for (std::size_t at = 0; at < text.size();) {
-        const std::size_t length = firstCharacter(text.substr(at)).length;
+        const std::size_t length = firstUtf8Character(text.substr(at)).length;
         if (length > 0 && text[at] != '%') {
             escaped += text.substr(at, length);
             at += length;
