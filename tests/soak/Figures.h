@@ -7,53 +7,23 @@
 
 namespace OrlekTest {
 
-/// Times of frames in milliseconds, with memory for all of them from the beginning.
-class FrameTimes {
-public:
-    explicit FrameTimes(std::size_t most) : mMs(most, -1.0F) {}
-
-    void add(double ms) {
-        if (mCount < mMs.size()) {
-            mMs[mCount++] = static_cast<float>(ms);
-        }
-    }
-
-    struct Spread {
-        double median = 0.0;
-        double p999 = 0.0;  ///< The 99.9th percentile.
-        double longest = 0.0;
-    };
-    Spread spread() const;
-    std::size_t count() const { return mCount; }
-
-private:
-    std::vector<float> mMs;
-    std::size_t mCount = 0;
-};
-
-/// A number that must stay the same.
-class Constant {
-public:
-    void add(int value);
-    bool holds() const { return mLow == mHigh; }
-    int low() const { return mLow; }
-    int high() const { return mHigh; }
-
-private:
-    bool mAny = false;
-    int mLow = 0;
-    int mHigh = 0;
-};
+/// Room for so many values, whose memory is there from the beginning.
+inline std::vector<float> roomFor(std::size_t most) {
+    std::vector<float> values(most, -1.0F);
+    values.clear();
+    return values;
+}
 
 struct Figures {
-    explicit Figures(std::size_t mostFrames) : work(mostFrames), interval(mostFrames) {}
+    explicit Figures(std::size_t mostFrames)
+        : workMs(roomFor(mostFrames)), intervalMs(roomFor(mostFrames)) {}
 
-    FrameTimes work;      ///< From taking what has come until the picture is complete.
-    FrameTimes interval;  ///< From a frame's beginning to the next one's.
+    std::vector<float> workMs;      ///< From taking what has come until the picture is complete.
+    std::vector<float> intervalMs;  ///< From a frame's beginning to the next one's.
     /// Second by second in each period. Every other one has the same tiles.
-    std::array<std::vector<long>, 12> memoryKib;
-    Constant descriptors;
-    Constant names;
+    std::array<std::vector<float>, 12> memoryKib;
+    std::vector<int> descriptors;  ///< All the same, as the names of OpenGL.
+    std::vector<int> names;
     unsigned long rounds = 0;
     unsigned long connections = 0;
     unsigned long tileChanges = 0;

@@ -18,7 +18,7 @@ namespace {
 
 using namespace std::chrono_literals;
 using MovingMap::FeedMessage;
-using Milliseconds = std::chrono::duration<double, std::milli>;
+using Milliseconds = std::chrono::duration<float, std::milli>;
 
 constexpr int framesPerSecond = 60;
 constexpr auto betweenFrames = std::chrono::nanoseconds(1s) / framesPerSecond;
@@ -115,8 +115,8 @@ Figures MapRun::run(Sent& sent) {
             changeView();
         }
         drawFrame();
-        mFigures.work.add(Milliseconds(Clock::now() - begin).count());
-        mFigures.interval.add(Milliseconds(begin - before).count());
+        mFigures.workMs.push_back(Milliseconds(Clock::now() - begin).count());
+        mFigures.intervalMs.push_back(Milliseconds(begin - before).count());
         before = begin;
         if (settings.due(begin)) {
             writeSettings();
@@ -127,7 +127,10 @@ Figures MapRun::run(Sent& sent) {
         }
     }
     drain(sent);
-    savePicture();
+    if (!mPlan.picture.empty()) {
+        OrlekSupport::writePng(mPlan.picture,
+                               OrlekSupport::readFramebuffer(mPlan.width, mPlan.height));
+    }
     return mFigures;
 }
 
@@ -177,13 +180,13 @@ void MapRun::watchMemory(Clock::time_point now) {
     mMemoryDue += 1s;
     const auto period = static_cast<std::size_t>((now - mStart) / mPlan.period);
     if (period < mFigures.memoryKib.size()) {
-        mFigures.memoryKib[period].push_back(residentKib());
+        mFigures.memoryKib[period].push_back(static_cast<float>(residentKib()));
     }
 }
 
 void MapRun::count() {
-    mFigures.descriptors.add(static_cast<int>(openFiles()));
-    mFigures.names.add(liveNames(mostNamesOfARun));
+    mFigures.descriptors.push_back(static_cast<int>(openFiles()));
+    mFigures.names.push_back(liveNames(mostNamesOfARun));
     GLuint next = 0;
     glGenTextures(1, &next);
     glDeleteTextures(1, &next);
@@ -207,13 +210,6 @@ void MapRun::drain(Sent& sent) {
     mFigures.dropped = droppedDatagrams(mPlan.udpPort);
     mFigures.faults +=
         mPackageOrder.faults() + mPackages.scene().live->ignored + mDatagrams.scene().live->ignored;
-}
-
-void MapRun::savePicture() const {
-    if (!mPlan.picture.empty()) {
-        OrlekSupport::writePng(mPlan.picture,
-                               OrlekSupport::readFramebuffer(mPlan.width, mPlan.height));
-    }
 }
 
 }  // namespace OrlekTest

@@ -54,7 +54,6 @@ private:
     void watchMemory(Clock::time_point now);
     void count();
     void drain(Sent& sent);
-    void savePicture() const;
 
     Plan mPlan;
     TempDir mDir;
