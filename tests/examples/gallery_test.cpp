@@ -95,12 +95,4 @@ TEST_F(Gallery, saysInOneLineWhatIsWrong) {
     });
 }
 
-TEST_F(Gallery, opensAWindow) {
-    if (!hasScreen()) {
-        GTEST_SKIP() << noScreen;
-    }
-    const auto outcome = runInWindow(program("lines") + "--frames 3");
-    EXPECT_EQ(outcome.status, 0) << outcome.err << outcome.out;
-}
-
 }  // namespace

@@ -22,18 +22,14 @@ protected:
     struct Program {
         std::string command;
         std::string picture;
-        std::string someFrames;
     };
     const Program mPrograms[3] = {
-        {lines, "lines.png", "--frames 2"},
-        {PROGRAMS "/instruments/orlek-instruments ", "instruments.png", "--frames 2"},
-        {PROGRAMS "/movingmap/orlek-movingmap " + mNoTiles, "movingmap.png", "--frames 2"}};
+        {lines, "lines.png"},
+        {PROGRAMS "/instruments/orlek-instruments ", "instruments.png"},
+        {PROGRAMS "/movingmap/orlek-movingmap " + mNoTiles, "movingmap.png"}};
 
     Outcome runHere(const std::string& environment, const std::string& command) const {
         return run("cd " + mDir.path("") + " && env " + environment + " " + command);
-    }
-    Image pictureHere(const std::string& name) const {
-        return OrlekSupport::readPng(mDir.path(name));
     }
 
     // The last frame of a window.
@@ -57,7 +53,7 @@ TEST_F(Screens, areWindowsWhereThereIsADisplay) {
     for (const Program& program : mPrograms) {
         const Outcome outcome =
             runHere("-u WAYLAND_DISPLAY ASAN_OPTIONS=detect_leaks=0 timeout 60 xvfb-run -a",
-                    program.command + program.someFrames);
+                    program.command + "--frames 2");
         EXPECT_EQ(outcome.status, 0) << outcome.err;
         EXPECT_TRUE(has(outcome.out, "A window (DISPLAY=:")) << outcome.out;
         EXPECT_FALSE(std::filesystem::exists(mDir.path(program.picture)));
@@ -70,7 +66,7 @@ TEST_F(Screens, arePicturesWhereThereIsNone) {
         EXPECT_EQ(outcome.status, 0) << outcome.err;
         EXPECT_TRUE(has(outcome.out, "A picture (no screen")) << outcome.out;
         EXPECT_TRUE(has(outcome.out, "\n" + program.picture + "\n")) << outcome.out;
-        EXPECT_GT(pictureHere(program.picture).width, 0);
+        EXPECT_GT(OrlekSupport::readPng(mDir.path(program.picture)).width, 0);
     }
 }
 
@@ -80,7 +76,7 @@ TEST_F(Screens, thatCannotBeOpenedGiveAPictureOrTheReason) {
     const Outcome picture = runHere(gone, lines);
     EXPECT_EQ(picture.status, 0) << picture.err;
     EXPECT_TRUE(has(picture.out, "A picture (cannot open a window: ")) << picture.out;
-    EXPECT_EQ(pictureHere("lines.png").width, 960);
+    EXPECT_EQ(OrlekSupport::readPng(mDir.path("lines.png")).width, 960);
     expectRefusals({{"env " + gone + lines + "--window", "cannot open a window: "}});
 }
 

@@ -10,17 +10,12 @@
 
 namespace interface {
 
-inline int operations = 0;  // functions that the tables have named so far
-inline int data = 0;        // fields and constants
-inline int wrong = 0;       // constants that hold another value than documented
+inline int wrong = 0;  // constants that hold another value than documented
 
 /// Stores the address where the compiler may not drop it, so that the linker has to find it.
 template <typename Address>
 void keep(Address address) {
     [[maybe_unused]] volatile Address kept = address;
-    using Target = std::remove_pointer_t<Address>;
-    ++(std::is_member_function_pointer_v<Address> || std::is_function_v<Target> ? operations
-                                                                                : data);
 }
 
 /// Free functions or static member functions of one type.
@@ -65,7 +60,6 @@ void copied() {
         target = copy;
         target = std::move(copy);
     });
-    ++operations;
 }
 
 /// Classes of values: made without arguments and copied, without virtual operations.
