@@ -30,17 +30,6 @@ constexpr auto betweenRounds = 50ms;
 constexpr double startS = 300.0;
 constexpr double pace = 10.0;  // Flown time against the time of the clock.
 
-Traffic::Options datagramsTo(int port) {
-    Traffic::Options options;
-    options.udpPort = port;
-    options.udpTo = 0x7F000001;
-    return options;
-}
-
-void number(std::vector<FeedMessage>& round, std::uint32_t number) {
-    std::get<OwnShipMessage>(round.front()).reserved = number;
-}
-
 void sendRound(SocketTcp& map, const std::vector<FeedMessage>& round) {
     for (const FeedMessage& message : round) {
         const auto header = headerOf(message);
@@ -53,6 +42,9 @@ void sendRound(SocketTcp& map, const std::vector<FeedMessage>& round) {
 void sendFeeds(Orlek::Network::SocketTcpServer& server, int udpPort, Clock::duration period,
                Sent& sent) {
     const Traffic::AirTraffic traffic(MovingMap::defaultRoute(), 110.0, 5500.0);
+    Traffic::Options toTheMap;
+    toTheMap.udpPort = udpPort;
+    toTheMap.udpTo = 0x7F000001;
     SocketTcp map;
     std::optional<Traffic::Sender> datagrams;
     const Clock::time_point start = Clock::now();
@@ -60,23 +52,23 @@ void sendFeeds(Orlek::Network::SocketTcpServer& server, int udpPort, Clock::dura
     for (Clock::time_point now = start; !sent.stop; now = Clock::now()) {
         if (now >= renewal) {
             map.closeConnection();
-            datagrams.emplace(datagramsTo(udpPort));
+            datagrams.emplace(toTheMap);
             renewal += period;
         }
         if (!map.connected() && server.acceptConnectionNonBlock(map)) {
             ++sent.connections;
         }
         if (sent.connections > 0 && !datagrams) {
-            datagrams.emplace(datagramsTo(udpPort));
+            datagrams.emplace(toTheMap);
         }
         auto round =
             traffic.messagesAt(startS + pace * std::chrono::duration<double>(now - start).count());
         if (map.connected()) {
-            number(round, ++sent.tcpRounds);
+            std::get<OwnShipMessage>(round.front()).reserved = ++sent.tcpRounds;
             sendRound(map, round);
         }
         if (datagrams) {
-            number(round, ++sent.udpRounds);
+            std::get<OwnShipMessage>(round.front()).reserved = ++sent.udpRounds;
             for (const FeedMessage& message : round) {
                 datagrams->send(message);
             }
