@@ -2,26 +2,31 @@
 // edges across it, joints.
 #include <Orlek/OpenGL/GlHandler.h>
 
-#include <array>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
-#include "support/GlTest.h"
+#include "rendering/gl/Mesh.h"
+#include "rendering/gl/Names.h"
+#include "rendering/primitives/Outlines.h"
 
 namespace {
 
-using namespace Orlek::OpenGL;
+using namespace Orlek::Detail;
+using Orlek::OpenGL::GlHandler;
+using OrlekTest::Color;
+using OrlekTest::red;
 
-struct Vertex {
-    float x, y, z;
-    float position;
-    std::array<float, 4> color{1, 1, 1, 1};
+/// Points, and how far along the line each of them lies.
+struct Line {
+    std::vector<OrlekTest::Vertex> points;
+    std::vector<float> positions;
+    std::vector<Color> colors{points.size()};
 };
-using Vertices = std::vector<Vertex>;
 
 class WideLines : public OrlekTest::GlTest {
 protected:
-    void draw(unsigned program, const Vertices& vertices) {
+    void draw(unsigned program, const Line& line) {
         wipe();
         silently([&] {
             GlHandler& handler = GlHandler::instance();
@@ -31,22 +36,17 @@ protected:
             handler.setIntVar("antialias", antialias);
             handler.setIntVar("lineStipple", static_cast<int>(stipple));
             handler.activateViewPort();
-            MatrixActivate();
-            GLuint array = 0;
-            GLuint buffer = 0;
-            glGenVertexArrays(1, &array);
-            glGenBuffers(1, &buffer);
-            glBindVertexArray(array);
-            glBindBuffer(GL_ARRAY_BUFFER, buffer);
-            glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(vertices.size() * sizeof(Vertex)),
-                         vertices.data(), GL_STATIC_DRAW);
-            attribute(0, 3, offsetof(Vertex, x));
-            attribute(4, 4, offsetof(Vertex, color));
-            attribute(5, 1, offsetof(Vertex, position));
+            Orlek::OpenGL::MatrixActivate();
+            std::shared_ptr<Mesh> mesh;
+            const Stream streams[] = {streamOf(Attribute::Vertex, line.points),
+                                      streamOf(Attribute::Color, line.colors),
+                                      streamOf(Attribute::Position, line.positions)};
+            syncMesh(mesh, streams);
+            mesh->bind();
             glDrawArrays(program == 8 ? GL_LINES : GL_LINE_STRIP_ADJACENCY, 0,
-                         static_cast<GLsizei>(vertices.size()));
-            glDeleteVertexArrays(1, &array);
-            glDeleteBuffers(1, &buffer);
+                         static_cast<GLsizei>(line.points.size()));
+            glBindVertexArray(0);
+            releaseShare(mesh);
             GlHandler::checkError("draw", "Nix");
             handler.deactivateShader();
         });
@@ -55,23 +55,15 @@ protected:
     float lineWidth = 6;
     std::uint32_t stipple = 0;
     int antialias = 0;
-
-private:
-    static void attribute(GLuint location, GLint components, std::size_t offset) {
-        glVertexAttribPointer(location, components, GL_FLOAT, GL_FALSE, sizeof(Vertex),
-                              reinterpret_cast<const void*>(offset));
-        glEnableVertexAttribArray(location);
-    }
 };
 
-constexpr std::array<float, 4> red{1, 0, 0, 1};
-constexpr std::array<float, 4> blue{0, 0, 1, 1};
+const Color blue{0, 0, 1, 1};
 
 // One segment of 64 pixels; programs 9 and 10 get its ends doubled a little apart, since a segment
 // of no length has no direction.
-const Vertices segment{{20, 50, 0, 0}, {84, 50, 0, 64}};
-const Vertices extended{
-    {10, 50, 0, 8, red}, {20, 50, 0, 8, red}, {84, 50, 0, 72, blue}, {94, 50, 0, 82, blue}};
+const Line segment{{{20, 50, 0}, {84, 50, 0}}, {0, 64}};
+const Line extended{
+    {{10, 50, 0}, {20, 50, 0}, {84, 50, 0}, {94, 50, 0}}, {8, 8, 72, 82}, {red, red, blue, blue}};
 
 TEST_F(WideLines, AreBandsOfTheirWidth) {
     draw(8, segment);
@@ -114,7 +106,8 @@ TEST_F(WideLines, FadeAtTheirEdges) {
 
 TEST_F(WideLines, FillTheirJoints) {
     lineWidth = 8;
-    draw(9, {{10, 20, 0, 0}, {20, 20, 0, 0}, {60, 20, 0, 40}, {60, 60, 0, 80}, {60, 70, 0, 90}});
+    draw(9,
+         {{{10, 20, 0}, {20, 20, 0}, {60, 20, 0}, {60, 60, 0}, {60, 70, 0}}, {0, 0, 40, 80, 90}});
     EXPECT_TRUE(drawn(40, 20));
     EXPECT_TRUE(drawn(60, 40));
     EXPECT_TRUE(drawn(61, 18)) << "the outer side of the joint";

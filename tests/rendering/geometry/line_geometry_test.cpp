@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "rendering/geometry/Adjacency.h"
-#include "rendering/geometry/ImageBlock.h"
 #include "rendering/geometry/LineMeasure.h"
 
 namespace {
@@ -54,14 +53,6 @@ TEST(LineMeasure, KeepsTheSumInDouble) {
     }
     const Math::Matrix4<float> identity{{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1}};
     EXPECT_EQ(Detail::measureLine(line, identity, {2, 2}).back(), 1001.0F * 19999.0F);
-}
-
-TEST(ImageBlock, ReadsSizesAndFindsPixels) {
-    const std::uint32_t block[] = {640, 480, 0xDEADBEEF, 42};
-    const Detail::ImageBlock image = Detail::ImageBlock::parse(block);
-    EXPECT_EQ(image.width, 640U);
-    EXPECT_EQ(image.height, 480U);
-    EXPECT_EQ(image.pixels, reinterpret_cast<const unsigned char*>(&block[3]));
 }
 
 }  // namespace

@@ -2,8 +2,8 @@
 #include <Orlek/Math/Vector3.h>
 #include <Orlek/Math/Vector4.h>
 
-#include <array>
 #include <memory>
+#include <tuple>
 #include <vector>
 
 #include "rendering/gl/Mesh.h"
@@ -62,18 +62,18 @@ TEST_F(UploadTest, DestructorsLeaveTheirNamesToTheNextUpload) {
 }
 
 TEST_F(UploadTest, ReadsTightRowsWhateverTheApplicationHasSet) {
-    constexpr std::array<std::array<GLenum, 3>, 3> settings = {
-        {{GL_UNPACK_ALIGNMENT, 8, 4}, {GL_UNPACK_ROW_LENGTH, 100, 0}, {GL_UNPACK_SKIP_ROWS, 3, 0}}};
+    const std::tuple<GLenum, int, int> settings[] = {
+        {GL_UNPACK_ALIGNMENT, 8, 4}, {GL_UNPACK_ROW_LENGTH, 100, 0}, {GL_UNPACK_SKIP_ROWS, 3, 0}};
     GLuint buffer = 0;
     glGenBuffers(1, &buffer);
     glBindBuffer(GL_PIXEL_UNPACK_BUFFER, buffer);
     for (const auto& [name, value, usual] : settings) {
-        glPixelStorei(name, static_cast<GLint>(value));
+        glPixelStorei(name, value);
     }
     const std::shared_ptr<Texture> texture = Texture::create(coverageRecipe, {pixels.data(), 3, 2});
     for (const auto& [name, value, usual] : settings) {
-        EXPECT_EQ(integer(name), static_cast<GLint>(value));
-        glPixelStorei(name, static_cast<GLint>(usual));
+        EXPECT_EQ(integer(name), value);
+        glPixelStorei(name, usual);
     }
     EXPECT_EQ(static_cast<GLuint>(integer(GL_PIXEL_UNPACK_BUFFER_BINDING)), buffer);
     glBindBuffer(GL_PIXEL_UNPACK_BUFFER, 0);

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "LinesTest.h"
+#include "Outlines.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include <string>
 #include <type_traits>
 
-#include "LinesTest.h"
+#include "Outlines.h"
 
 namespace {
 
@@ -179,7 +179,7 @@ TYPED_TEST(StripsTest, DrawALeadingPart) {
 
 TYPED_TEST(StripsTest, TakeColoursOnlyWhenEveryVertexHasOne) {
     TypeParam& strips = this->lines;
-    const Color red{1, 0, 0, 1}, blue{0, 0, 1, 1};
+    const Color blue{0, 0, 1, 1};
     strips.setColor({0, 1, 0, 1});
     strips.addVertex(Point(10.5F, 10.5F), red);
     strips.addVertex(Vertex(30.5F, 10.5F, 0), red);
