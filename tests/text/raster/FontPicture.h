@@ -55,8 +55,6 @@ struct Box {
             }
         }
     }
-    int width() const { return right - left + 1; }
-    int height() const { return top - bottom + 1; }
 };
 
 /// Blends a text in white, its pen starting at (x, y).

@@ -186,7 +186,7 @@ TEST_F(FontLoadTest, RefusedFontsStayEmptyUnderTheirName) {
     } rows[] = {{"bitmaps only", bitmaps, "FT_Set_Pixel_Sizes failed !\n"},
                 {"half", half, noFace(ReferenceFont(half).error())},
                 {"text", text, noFace(ReferenceFont(text).error())},
-                {"lying", wholeText(oddFonts + "lying.woff"), noFace(64)}};
+                {"claims too much memory", wholeText(oddFonts + "lying.woff"), noFace(64)}};
     TextureFontSdf font;
     for (const auto& row : rows) {
         ASSERT_TRUE(load(font, "good", sans));

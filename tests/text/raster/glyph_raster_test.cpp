@@ -62,9 +62,6 @@ TEST(GlyphRaster, SurvivesFontsThatAreCutAnywhere) {
             [&] { opened += build(bytes.substr(0, bytes.size() - cut), 16).error == 0 ? 1 : 0; });
     }
     EXPECT_GT(opened, 0);
-    EXPECT_EQ(build(wholeText(oddFonts + "lying.woff"), 16).error,
-              static_cast<int>(FT_Err_Out_Of_Memory))
-        << "claims more memory than any font needs";
 }
 
 TEST(GlyphRaster, ReportsEachCharacterThatCannotBeMeasured) {

