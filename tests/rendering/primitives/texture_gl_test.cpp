@@ -89,6 +89,7 @@ TEST_F(TextureTest, ShowsTheImageUprightAroundTheOrigin) {
     EXPECT_EQ(glIsEnabled(GL_BLEND), GL_TRUE);
     EXPECT_EQ(integer(GL_TEXTURE_BINDING_2D), 0);
     texture.setColor({0.2F, 0.4F, 1, 0.5F});
+    glActiveTexture(GL_TEXTURE1);  // the application's
     pixelsOf(texture);
     expect(56, 33, {25, 51, 127, 255});
     texture.addVertex(Vertex(28, -8, 0), {1, 1});  // continues the quad of the image

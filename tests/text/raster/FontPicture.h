@@ -104,6 +104,7 @@ protected:
     template <typename Function>
     static FontPicture drawn(Function&& draw) {
         wipe();
+        glDisable(GL_BLEND);
         silently(draw);
         return readPicture(width, height);
     }
