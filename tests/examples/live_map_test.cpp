@@ -1,9 +1,6 @@
 // Sender and map as two programs: what is drawn while data come, when they stop, when they are bad.
 #include <Orlek/Network.h>
-#include <arpa/inet.h>
 #include <gtest/gtest.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
 
 #include <array>
 #include <functional>
@@ -15,6 +12,7 @@
 #include "MapView.h"
 #include "ProgramRun.h"
 #include "RouteFile.h"
+#include "network/PlainPeer.h"
 #include "support/Process.h"
 #include "traffic/AirTraffic.h"
 
@@ -22,18 +20,8 @@ namespace {
 
 using namespace MovingMap;
 using OrlekSupport::Image;
+using OrlekTest::PlainPeer;
 using OrlekTest::Process;
-
-int freePort(int type) {
-    const int socket = ::socket(AF_INET, type, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    socklen_t size = sizeof address;
-    bind(socket, reinterpret_cast<sockaddr*>(&address), size);
-    getsockname(socket, reinterpret_cast<sockaddr*>(&address), &size);
-    close(socket);
-    return ntohs(address.sin_port);
-}
 
 constexpr int width = 640;
 constexpr int height = 480;
@@ -55,8 +43,7 @@ protected:
                      mDir.path("map.png") + mNoTiles + "--feed " + url);
     }
 
-    const int mTcpPort = freePort(SOCK_STREAM);
-    const int mUdpPort = freePort(SOCK_DGRAM);
+    const int mPort = PlainPeer::listening().port();
 };
 
 Image pictureOf(const std::string& line) {
@@ -166,14 +153,14 @@ std::vector<std::string> badDatagrams() {
 }
 
 TEST_F(LiveMap, survivesBadDatagramsAndDrawsWhatGoodOnesTell) {
-    Process drawing(map("udp://:" + std::to_string(mUdpPort)), mDir.path("drawn"));
+    Process drawing(map("udp://:" + std::to_string(mPort)), mDir.path("drawn"));
     ASSERT_NE(drawing.waitForLine("NO DATA YET"), "") << drawing.output();
     Orlek::Network::SocketUdp socket;
-    ASSERT_TRUE(socket.openSendSocket(0x7F000001, mUdpPort, 0));
+    ASSERT_TRUE(socket.openSendSocket(OrlekTest::loopback, mPort, 0));
     for (const std::string& bad : badDatagrams()) {
         socket.write(bad.data(), static_cast<unsigned int>(bad.size()));
     }
-    Process sending(sender(0, mUdpPort), mDir.path("sender"));
+    Process sending(sender(0, mPort), mDir.path("sender"));
     expectLiveNext(drawing, "20");
 }
 
@@ -190,36 +177,35 @@ std::string waitForAge(Process& drawing, int seconds) {
 }
 
 // Noise, then a package that can never be whole, until the map has hung up.
-void sendNoise(Orlek::Network::SocketTcp& peer, Process& drawing) {
-    const std::string noise(100000, '\x5A');
-    ASSERT_GT(send(static_cast<int>(peer.sd()), noise.data(), noise.size(), MSG_NOSIGNAL), 0);
+void sendNoise(const PlainPeer& peer, Process& drawing) {
+    peer.send(std::string(100000, '\x5A'));
     ASSERT_NE(drawing.waitForLine("Wrong KOVA version"), "");
-    std::array<char, 1> nothing{};
-    for (int i = 0; i < 300 && peer.connected(); ++i) {
-        Orlek::Network::MsgHeader header;
-        header.length = 0xFFFFFFFF;
-        send(static_cast<int>(peer.sd()), &header, sizeof header, MSG_NOSIGNAL);
-        peer.read(nothing.data(), nothing.size(), 100);
-    }
-    EXPECT_FALSE(peer.connected());
+    Orlek::Network::MsgHeader header;
+    header.length = 0xFFFFFFFF;
+    const std::string endless(reinterpret_cast<const char*>(&header), sizeof header);
+    const auto goOn = [&] {
+        for (int i = 0; i < 300; ++i) {
+            peer.send(endless);
+            peer.receive(1, 100);
+        }
+    };
+    EXPECT_THROW(goOn(), std::runtime_error) << "nobody has hung up";
 }
 
 TEST_F(LiveMap, survivesABadPeerAndFindsTheNextOnes) {
-    Orlek::Network::SocketTcpServer server;
-    ASSERT_TRUE(server.init(mTcpPort));
-    Process drawing(map("tcp://127.0.0.1:" + std::to_string(mTcpPort)), mDir.path("drawn"));
+    PlainPeer server = PlainPeer::listening(mPort);
+    Process drawing(map("tcp://127.0.0.1:" + std::to_string(mPort)), mDir.path("drawn"));
     for (const std::string bad : {"10", "20"}) {
-        Orlek::Network::SocketTcp peer;
-        ASSERT_TRUE(server.acceptConnection(peer));
+        const PlainPeer peer = server.accepted();
         for (const FeedMessage& message : badMessages()) {
-            peer.writePackage(payloadOf(message).data(), headerOf(message), 0);
+            peer.send(bytesOf(message));
         }
         ASSERT_NE(drawing.waitForLine(bad + " BAD MESSAGES"), "") << drawing.output();
         sendNoise(peer, drawing);
     }
-    server.closeConnection();
+    server.close();
     {
-        Process sending(sender(mTcpPort, 0), mDir.path("sender"));
+        Process sending(sender(mPort, 0), mDir.path("sender"));
         expectLiveNext(drawing, "20");
         EXPECT_EQ(sending.stop(SIGTERM), 0);
     }
@@ -230,7 +216,7 @@ TEST_F(LiveMap, survivesABadPeerAndFindsTheNextOnes) {
     for (const Point& place : placesOfTargets()) {
         EXPECT_EQ(countNear(image, place, isCyan), 0);
     }
-    Process sending(sender(mTcpPort, 0), mDir.path("sender"));
+    Process sending(sender(mPort, 0), mDir.path("sender"));
     expectLiveNext(drawing, "20");
 }
 
