@@ -154,8 +154,8 @@ Options collect() {
     options.width = numberOf("--width", 320, 8192);
     options.height = numberOf("--height", 240, 8192);
     options.scale = numberOf("--scale", 0.5, 3.0);
-    if (options.width < 320 * options.scale || options.height < 240 * options.scale) {
-        throw std::runtime_error("--scale: the picture has room for less than 320 x 240 pixels");
+    if (options.width < 480 * options.scale || options.height < 320 * options.scale) {
+        throw std::runtime_error("the picture must hold 480 x 320 pixels at its --scale");
     }
     return options;
 }
