@@ -110,7 +110,9 @@ TEST(TilesCheck, ExplainsFilesThatAreCutOrLie) {
         {"N18E006.hgt.zip", "damaged data",
          archiveOf(storedDeflate(samples.substr(1)), samples.size())},
         {"N95E006.hgt.zip", "no such cell", whole},
+        {"S91W181.hgt.zip", "no such cell", whole},
         {"W021N90.SRTMGL30.dem.zip", "no such cell", whole},
+        {"W020N90.SRTMGL30.dem.zip", "wrong name", whole},  // that of another kind
         {"fonts.zip", "wrong name", whole},
         {"N19E006.hgt.ZIP", "wrong extension", whole},
         {"N20E006.hgt", "not zipped", samples},
@@ -142,7 +144,7 @@ TEST(TilesCheck, ExplainsFilesThatAreCutOrLie) {
     const ToolRun checked = runTiles("check " + dir.path());
     EXPECT_EQ(checked.code, 1);
     EXPECT_EQ(reasons(checked.out), expected);
-    EXPECT_EQ(checked.err, "orlek-tiles: 1 good tiles, 23 bad\n") << "no progress bar into a file";
+    EXPECT_EQ(checked.err, "orlek-tiles: 1 good tiles, 25 bad\n") << "no progress bar into a file";
     EXPECT_NE(runTiles("check --verbose " + dir.path()).err.find("could not open data file <"),
               std::string::npos);
     EXPECT_NE(shell("script -qec \"$T check " + dir.path("e") + "\" /dev/null").out.find("100 %"),

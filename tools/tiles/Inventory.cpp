@@ -89,7 +89,10 @@ Inventory takeInventory(const std::string& directory) {
 
 bool canBeAsked(const HeightTile& tile) {
     const TileKey key = tile.key();
-    const bool onGlobe = latIndexOf(key) < 180 && lonIndexOf(key) < 360;
+    // Keys of corners beyond the south pole and the antimeridian are those of cells on the globe.
+    const TileGrid& grid = tile.grid();
+    const bool onGlobe = latIndexOf(key) < 180 && lonIndexOf(key) < 360 &&
+                         grid.latOrigin >= -90.0 && grid.lonOrigin >= -180.0;
     return onGlobe && (!tile.lowRes() || lowResKey(key) == key);
 }
 
