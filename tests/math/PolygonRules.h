@@ -32,7 +32,6 @@ struct Cross {
     Edge edgeB;
     double tB;
     std::uint32_t node;
-    Orlek::Math::Vector2<float> point;
 };
 
 inline bool segmentsCross(Point p1, Point p2, Point p3, Point p4, Point& cross, double& t,
@@ -159,8 +158,7 @@ private:
                                    t,
                                    {n + j, n + (j + 1) % m},
                                    s,
-                                   static_cast<std::uint32_t>(nodes.size()),
-                                   {static_cast<float>(p.x), static_cast<float>(p.y)}});
+                                   static_cast<std::uint32_t>(nodes.size())});
                 nodes.push_back({p, {}});
             }
     }
