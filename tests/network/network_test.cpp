@@ -6,7 +6,6 @@
 #include <map>
 #include <regex>
 
-#include "platform/Interfaces.h"
 #include "support/Capture.h"
 #include "support/OpenFiles.h"
 #include "support/OwnNetwork.h"
@@ -103,12 +102,6 @@ TEST(NetworkAdapters, ReportsWhenTheSystemDoesNotTell) {
             0, [] { EXPECT_TRUE(Hosts::getNetworkAdapters().empty()); }));
     });
     EXPECT_EQ(text, "GetAdaptersInfo failed with error: 24\n");
-}
-
-TEST(Interfaces, KnowTheHostName) {
-    std::string name = OrlekTest::shell("uname -n");
-    name.pop_back();
-    EXPECT_EQ(Orlek::Detail::hostName(), name.substr(0, 79));
 }
 
 }  // namespace
