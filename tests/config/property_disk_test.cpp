@@ -24,8 +24,7 @@
 namespace {
 
 using Orlek::Misc::Property;
-using OrlekTest::TempDir;
-using OrlekTest::wholeText;
+using namespace OrlekTest;
 
 std::size_t entriesOf(const std::string& directory) {
     return static_cast<std::size_t>(
@@ -33,9 +32,8 @@ std::size_t entriesOf(const std::string& directory) {
 }
 
 void expectRefused(const std::string& path) {
-    EXPECT_EQ(
-        OrlekTest::captureStdout([&] { EXPECT_FALSE(Property::instance().writeXmlFile(path)); }),
-        "Error writing property file <" + path + ">!\n");
+    EXPECT_EQ(captureStdout([&] { EXPECT_FALSE(Property::instance().writeXmlFile(path)); }),
+              "Error writing property file <" + path + ">!\n");
 }
 
 TEST(PropertyDisk, AFullDiskLeavesTheOldFile) {
@@ -43,7 +41,7 @@ TEST(PropertyDisk, AFullDiskLeavesTheOldFile) {
     const auto fillTheDisk = [&] {
         if (unshare(CLONE_NEWNS) != 0 || mount("", "/", "", MS_REC | MS_PRIVATE, nullptr) != 0 ||
             mount("none", dir.path().c_str(), "tmpfs", 0, "size=64k") != 0) {
-            throw OrlekTest::Refused();
+            throw Refused();
         }
         const std::string path = dir.path("settings.xml");
         Property::instance().setString("disk.small", "1");
@@ -59,7 +57,7 @@ TEST(PropertyDisk, AFullDiskLeavesTheOldFile) {
         }
         EXPECT_EQ(entriesOf(dir.path()), 2U) << "a temporary file is left";
     };
-    OrlekTest::inOwnNetworkOrSkip(fillTheDisk, "a full disk is left out");
+    inOwnNetworkOrSkip(fillTheDisk, "a full disk is left out");
 }
 
 TEST(PropertyDisk, WhatIsNoFileOfOursIsNotReplaced) {
@@ -90,7 +88,7 @@ TEST(PropertyDisk, MissingPermissionsAreRespected) {
     ASSERT_EQ(chmod(readOnly.c_str(), 0444), 0);
     ASSERT_EQ(chmod(dir.path("locked").c_str(), 0555), 0);
     {
-        const OrlekTest::Unprivileged scope;
+        const Unprivileged scope;
         if (!scope.ok()) {
             GTEST_SKIP() << "cannot give up root's rights";
         }
@@ -136,7 +134,7 @@ TEST(PropertyDisk, AFileThatBecomesTheWritersLendsNoRights) {
         GTEST_SKIP() << "only root can let another write its files";
     }
     {
-        const OrlekTest::Unprivileged scope;
+        const Unprivileged scope;
         ASSERT_TRUE(scope.ok());
         EXPECT_TRUE(Property::instance().writeXmlFile(path));
     }

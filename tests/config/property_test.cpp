@@ -20,9 +20,7 @@
 namespace {
 
 using Orlek::Misc::Property;
-using OrlekTest::captureStdout;
-using OrlekTest::TempDir;
-using OrlekTest::wholeText;
+using namespace OrlekTest;
 
 using Texts = std::map<std::string, std::string>;
 
@@ -80,7 +78,7 @@ TEST(Property, WritesKeysInTheirOrderNestedByTheirDots) {
 TEST(Property, FilesAreSharedWithOtherPrograms) {
     const TempDir dir;
     try {
-        OrlekTest::shell("python3 -c 'import xml.etree.ElementTree' 2>&1");
+        shell("python3 -c 'import xml.etree.ElementTree' 2>&1");
     } catch (const std::runtime_error&) {
         GTEST_SKIP() << "no python3 with its XML parser";
     }
@@ -105,8 +103,8 @@ ET.ElementTree(root).write(sys.argv[2], encoding='UTF-8', xml_declaration=True)
          {"o.1.a", "4"},
          {"o.s", "\xFF%"}});
     ASSERT_TRUE(settings().writeXmlFile(dir.path("ours.xml")));
-    const std::string seen = OrlekTest::shell("PYTHONUTF8=1 python3 " + script + " " +
-                                              dir.path("ours.xml") + " " + dir.path("theirs.xml"));
+    const std::string seen = shell("PYTHONUTF8=1 python3 " + script + " " + dir.path("ours.xml") +
+                                   " " + dir.path("theirs.xml"));
     for (const std::string line :
          {R"('o.\xe4.k' ' \u20ac "\'<>&\r\n\t ' None)", "'o.x y.z' '1' None", "'o.p:q.r' '2' None",
           "'o.Property.a' '3' None", "'o.1.a' '4' None", "'o.s' '%FF%25' percent"}) {
@@ -194,7 +192,7 @@ TEST(Property, NumbersAreWrittenAsByAStreamOfTheClassicLocale) {
 TEST(Property, NumbersHaveAPointInEveryLocale) {
     const TempDir dir;
     try {
-        OrlekTest::shell("localedef -i de_DE -f UTF-8 " + dir.path("de_DE.UTF-8") + " 2>&1");
+        shell("localedef -i de_DE -f UTF-8 " + dir.path("de_DE.UTF-8") + " 2>&1");
     } catch (const std::runtime_error&) {
         GTEST_SKIP() << "localedef makes no locale here";
     }

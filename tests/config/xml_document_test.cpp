@@ -17,9 +17,7 @@ namespace {
 
 using Orlek::XML::XmlDocument;
 using Orlek::XML::XmlElement;
-using OrlekTest::captureStdout;
-using OrlekTest::TempDir;
-using OrlekTest::wholeText;
+using namespace OrlekTest;
 
 std::string repeated(const std::string& piece, int count) {
     std::string text;

@@ -12,7 +12,7 @@
 namespace {
 
 using Orlek::Detail::InflateStream;
-using OrlekTest::TempDir;
+using namespace OrlekTest;
 
 // Half noise, half repetition: compressed it spans several chunks of the reader.
 std::string sample() {
@@ -63,7 +63,7 @@ protected:
 
 TEST_F(InflateStreamTest, GivesTheSameBytesInPiecesOfAnySize) {
     ASSERT_GT(mData.size(), 3U * 64 * 1024);
-    const auto before = OrlekTest::openFiles();
+    const auto before = openFiles();
     InflateStream stream;
     for (const std::size_t pieceSize : {1UL, 257UL, 307456UL, mText.size(), 1000000UL}) {
         ASSERT_TRUE(stream.open(mPath, 4, mSize));
@@ -73,7 +73,7 @@ TEST_F(InflateStreamTest, GivesTheSameBytesInPiecesOfAnySize) {
         EXPECT_EQ(readAll(stream, pieceSize), "");
     }
     stream = InflateStream();
-    EXPECT_EQ(OrlekTest::openFiles(), before);
+    EXPECT_EQ(openFiles(), before);
 }
 
 TEST_F(InflateStreamTest, RefusesRangesOutsideTheFile) {

@@ -16,7 +16,7 @@
 namespace {
 
 using namespace Orlek::Detail;
-using OrlekTest::TempDir;
+using namespace OrlekTest;
 
 std::string text(std::span<const std::byte> bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
@@ -39,7 +39,7 @@ TEST(RegularFile, ReadsAnywhereAndStopsAtTheEnd) {
 TEST(RegularFile, OwnsItsDescriptorThroughMovesAndReopening) {
     const TempDir dir;
     const std::string path = dir.write("a", "a");
-    const auto before = OrlekTest::openFiles();
+    const auto before = openFiles();
     {
         RegularFile first;
         ASSERT_TRUE(first.open(path));
@@ -48,9 +48,9 @@ TEST(RegularFile, OwnsItsDescriptorThroughMovesAndReopening) {
         RegularFile third;
         third = std::move(second);
         EXPECT_EQ(third.size(), 1U);
-        EXPECT_EQ(OrlekTest::openFiles(), before + 1);
+        EXPECT_EQ(openFiles(), before + 1);
     }
-    EXPECT_EQ(OrlekTest::openFiles(), before);
+    EXPECT_EQ(openFiles(), before);
 }
 
 // Each would hang, mislead or kill a reader that takes what it gets.
@@ -69,14 +69,14 @@ TEST(RegularFile, RefusesWhatIsNoRegularFile) {
         {std::string(5000, 'x'), ENAMETOOLONG},
         {"", ENOENT},
     };
-    const auto before = OrlekTest::openFiles();
+    const auto before = openFiles();
     for (const auto& [path, error] : rows) {
         RegularFile file;
         errno = 0;
         EXPECT_FALSE(file.open(path)) << path;
         EXPECT_EQ(errno, error) << path;
     }
-    EXPECT_EQ(OrlekTest::openFiles(), before);
+    EXPECT_EQ(openFiles(), before);
 }
 
 TEST(WholeFile, GivesAllBytesOrNone) {
