@@ -149,24 +149,17 @@ void writeLetter(const std::string& path, char letter) {
     ASSERT_TRUE(Property::instance().writeXmlFile(path));
 }
 
-// Writes two sets of settings by turns until it is killed; tells when it begins.
-[[noreturn]] void writeForever(const std::string& path, int begun) {
-    if (write(begun, "", 1) != 1) {
-        _exit(1);
-    }
-    for (char letter = 'a';; letter = letter == 'a' ? 'b' : 'a') {
-        writeLetter(path, letter);
-    }
-}
-
-// Kills a writer after the delay.
+// Kills a process that writes two sets of settings by turns, `delay` after it has begun.
 void killWriter(const std::string& path, std::chrono::microseconds delay) {
     int begun[2] = {};
     ASSERT_EQ(pipe(begun), 0);
     const pid_t child = fork();
     ASSERT_GE(child, 0);
     if (child == 0) {
-        writeForever(path, begun[1]);
+        for (char letter = 'a'; write(begun[1], "", 1) == 1; letter = letter == 'a' ? 'b' : 'a') {
+            writeLetter(path, letter);
+        }
+        _exit(1);
     }
     char byte = 0;
     EXPECT_EQ(read(begun[0], &byte, 1), 1);
