@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <string>
 
@@ -72,6 +73,26 @@ TEST(TileSet, TilesThatWereReplacedAreGivenUpWhenTheCurrentOneChanges) {
     EXPECT_TRUE(set.select(tiles, key, true));
     EXPECT_TRUE(current.expired());
     EXPECT_TRUE(tiles.at(key)->loaded() && kept.lock()->loaded());
+}
+
+TEST(TileSet, ATileWhoseFileWasExchangedStillCounts) {
+    const TempDir dir;
+    TileMap tiles;
+    const auto add = [&](int lon) {
+        auto tile = std::make_shared<HeightTile>();
+        EXPECT_TRUE(tile->openHeader(writeFlatDted(dir, 45, lon, 100)));
+        tiles[tile->key()] = tile;
+        return tile;
+    };
+    const auto exchanged = add(6);
+    const auto other = add(7);
+    std::filesystem::rename(writeFlatDted(dir, 51, 9, 100), dir.path("45/6.DT1"));
+    TileSet set(1);
+    EXPECT_TRUE(set.select(tiles, tiles.begin()->first, true));
+    ASSERT_TRUE(exchanged->loaded());
+    set.keepOnly(tiles);
+    EXPECT_TRUE(set.select(tiles, other->key(), true));
+    EXPECT_FALSE(exchanged->loaded());
 }
 
 }  // namespace
