@@ -65,6 +65,20 @@ TEST_F(TilesRender, PutsEachTileWhereItLies) {
     EXPECT_EQ(readPng(out).at(50, 100), sea);
 }
 
+TEST_F(TilesRender, GoesOnBeyondTheAntimeridian) {
+    writeTile(dir, 10, 179, [](int, int) { return 0; });
+    writeTile(dir, 10, -180, [](int, int) { return 600; });
+    for (const char* area : {"", "--west 179 --east -179", "--west 179", "--east -179"}) {
+        EXPECT_EQ(render(std::string("--width 200 ") + area).out, out + "\t200x102\n") << area;
+        const Image picture = readPng(out);
+        EXPECT_EQ(picture.at(50, 50), sea) << area;
+        EXPECT_NE(picture.at(150, 50), sea) << area;
+        EXPECT_FALSE(isHatch(picture.at(150, 50))) << area;
+    }
+    EXPECT_EQ(render("--west -179.75 --east -179.25 --width 64").code, 0);
+    EXPECT_NE(readPng(out).at(32, 32), sea);
+}
+
 TEST_F(TilesRender, SaysWhyThereIsNoPictureOrNotAllOfIt) {
     writeTile(dir, 1, 20, [](int, int) { return 600; });
     const std::pair<const char*, int> rows[] = {

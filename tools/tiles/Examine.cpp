@@ -108,8 +108,7 @@ std::optional<Reason> examine(const TileFile& file) {
             return misfit;
         }
     }
-    return file.format == TileFormat::dted ? checkRecords(file.path, grid)
-                                           : checkCrc(file.path);
+    return file.format == TileFormat::dted ? checkRecords(file.path, grid) : checkCrc(file.path);
 }
 
 }  // namespace OrlekTiles
