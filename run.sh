@@ -20,7 +20,7 @@ prints their paths:
   gallery     a picture for each family of drawing classes, and all on a contact sheet;
               with --window NAME one of them in a window
   instruments a flight display, a situation indicator and a camera picture of a made-up flight
-  all         every picture
+  all         every picture, without options
 
   --picture   draws a picture of the live map although there is a screen
   --window    opens a window instead; Escape closes it (in the map drag or arrow keys pan, the
@@ -133,8 +133,11 @@ gallery() {
 }
 
 all() {
+  if [ "$window" = yes ] || [ $# -gt 0 ]; then
+    echo "run.sh: all takes no options; each of its examples has its own" >&2
+    exit 1
+  fi
   prepare
-  window=no
   show movingmap
   show instruments
   gallery

@@ -5,6 +5,8 @@ install(TARGETS orlek EXPORT OrlekTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
   FILE_SET public_headers DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+# Of CMake before 3.23, which knows no file sets, with the package.
+target_include_directories(orlek INTERFACE $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/Orlek")
 install(EXPORT OrlekTargets NAMESPACE Orlek:: DESTINATION "${package_dir}")
 configure_package_config_file(cmake/OrlekConfig.cmake.in OrlekConfig.cmake
@@ -19,9 +21,15 @@ install(FILES "${CMAKE_CURRENT_BINARY_DIR}/OrlekConfig.cmake"
 install(DIRECTORY examples/template DESTINATION "${CMAKE_INSTALL_DATADIR}/orlek"
   PATTERN build EXCLUDE)
 
-# Paths relative to the .pc file, so that an installed tree may be moved.
+# Paths relative to the .pc file, so that an installed tree may be moved; absolute ones as they are.
 file(RELATIVE_PATH ORLEK_PC_PREFIX "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
 string(REGEX REPLACE "/$" "" ORLEK_PC_PREFIX "${ORLEK_PC_PREFIX}")
+foreach(kind LIB INCLUDE)
+  set(ORLEK_PC_${kind}DIR "\${prefix}/${CMAKE_INSTALL_${kind}DIR}")
+  if(IS_ABSOLUTE "${CMAKE_INSTALL_${kind}DIR}")
+    set(ORLEK_PC_${kind}DIR "${CMAKE_INSTALL_${kind}DIR}")
+  endif()
+endforeach()
 if(BUILD_SHARED_LIBS)
   set(ORLEK_PC_NEEDS_PRIVATE ".private")
 endif()

@@ -28,7 +28,7 @@ bool within(double value, double low, double high) {
 
 template <typename Message>
 bool isPlace(const Message& message) {
-    return within(message.lat, -85.0, 85.0) && within(message.lon, -180.0, 180.0) &&
+    return within(message.lat, -farthestLat, farthestLat) && within(message.lon, -180.0, 180.0) &&
            within(message.altitudeFt, -2000.0, 100000.0) && within(message.speedKt, 0.0, 5000.0);
 }
 

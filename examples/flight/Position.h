@@ -9,6 +9,9 @@ struct Position {
     double lon = 0.0;
 };
 
+/// Nearer to the poles a flat grid is no map; degrees.
+constexpr double farthestLat = 85.0;
+
 constexpr double metresPerMile = 1852.0;  ///< Nautical miles.
 constexpr double metresPerFoot = 0.3048;
 

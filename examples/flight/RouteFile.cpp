@@ -13,6 +13,7 @@ namespace MovingMap {
 namespace {
 
 constexpr std::size_t longestName = 24;
+constexpr std::size_t mostWaypoints = 1000;
 constexpr double largestRadiusMiles = 50.0;
 
 bool isFlyOver(std::string_view text) {
@@ -42,8 +43,12 @@ Waypoint parseWaypoint(const Fields& fields) {
 
 Route parseRoute(std::istream& text, const std::string& source) {
     Route route;
-    forEachLine(text, source,
-                [&](const Fields& fields, int) { route.push_back(parseWaypoint(fields)); });
+    forEachLine(text, source, [&](const Fields& fields, int) {
+        if (route.size() == mostWaypoints) {
+            throw std::runtime_error("a route has at most 1000 waypoints");
+        }
+        route.push_back(parseWaypoint(fields));
+    });
     if (route.size() < 2) {
         throw std::runtime_error(source + ": a route needs at least two waypoints");
     }

@@ -2,33 +2,18 @@
 #include "RoutePath.h"
 
 #include <Orlek/Geodetic.h>
-#include <Orlek/Math.h>
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 
+#include "LocalGrid.h"
+
 namespace MovingMap {
 
 namespace {
 
-using Point = Orlek::Math::Vector2<double>;
-
 constexpr int shorterTurn = 2;  // Neither left (0) nor right (1): as the legs have it.
-
-Point toGrid(const Position& reference, const Position& position) {
-    Point point;
-    Orlek::Geodetic::latLong2Grid(reference.lat, reference.lon, position.lat, position.lon, point.x,
-                                  point.y);
-    return point;
-}
-
-Position fromGrid(const Position& reference, const Point& point) {
-    Position position;
-    Orlek::Geodetic::grid2LatLong(reference.lat, reference.lon, point.x, point.y, position.lat,
-                                  position.lon);
-    return position;
-}
 
 double distanceM(const Position& from, const Position& to) {
     return toGrid(from, to).Length();
@@ -43,7 +28,7 @@ void append(RoutePath& path, const Position& position) {
 
 // A fly-by turn touches both legs at the same distance from the waypoint. This is the radius at
 // which that distance is `room`.
-double radiusWithin(const Point& previous, const Point& next, double room) {
+double radiusWithin(const GridPoint& previous, const GridPoint& next, double room) {
     const double cosine =
         (previous.x * next.x + previous.y * next.y) / (previous.Length() * next.Length());
     return std::tan(std::acos(std::clamp(cosine, -1.0, 1.0)) / 2.0) * room;
@@ -51,9 +36,9 @@ double radiusWithin(const Point& previous, const Point& next, double room) {
 
 // The points of the turn at the origin. `halfNext` leaves the second half of the next leg to the
 // turn at its end.
-std::vector<Point> turnPoints(const Waypoint& waypoint, const Point& previous, const Point& next,
-                              double radiusM, bool halfNext) {
-    const Point here(0.0, 0.0);
+std::vector<GridPoint> turnPoints(const Waypoint& waypoint, const GridPoint& previous,
+                                  const GridPoint& next, double radiusM, bool halfNext) {
+    const GridPoint here(0.0, 0.0);
     bool reduced = false;
     if (waypoint.flyOver) {
         return Orlek::Geodetic::calcFlyOverPoints(previous, here, next, radiusM, shorterTurn,
@@ -66,10 +51,11 @@ std::vector<Point> turnPoints(const Waypoint& waypoint, const Point& previous, c
 
 void flyTurn(RoutePath& path, const Route& route, std::size_t i, double radiusM) {
     const Position& here = route[i].position;
-    const Point previous = toGrid(here, path.points.back().position);
-    const Point next = toGrid(here, route[i + 1].position);
+    const GridPoint previous = toGrid(here, path.points.back().position);
+    const GridPoint next = toGrid(here, route[i + 1].position);
     const std::size_t before = path.points.size();
-    for (const Point& point : turnPoints(route[i], previous, next, radiusM, i + 2 < route.size())) {
+    for (const GridPoint& point :
+         turnPoints(route[i], previous, next, radiusM, i + 2 < route.size())) {
         append(path, fromGrid(here, point));
     }
     const std::size_t passed =
@@ -78,6 +64,15 @@ void flyTurn(RoutePath& path, const Route& route, std::size_t i, double radiusM)
 }
 
 }  // namespace
+
+std::vector<Position> RoutePath::positions() const {
+    std::vector<Position> positions;
+    positions.reserve(points.size());
+    for (const PathPoint& point : points) {
+        positions.push_back(point.position);
+    }
+    return positions;
+}
 
 RoutePath flyRoute(const Route& route, double defaultRadiusM) {
     RoutePath path;
@@ -106,8 +101,9 @@ PathState stateAt(const RoutePath& path, double distanceAlongM) {
     const double length = to.distanceM - from.distanceM;
     const double fraction = length > 0.0 ? (at - from.distanceM) / length : 0.0;
     PathState state;
+    const double lon = longitudeNear(from.position.lon, to.position.lon);
     state.position = {from.position.lat + (to.position.lat - from.position.lat) * fraction,
-                      from.position.lon + (to.position.lon - from.position.lon) * fraction};
+                      longitudeNear(0.0, from.position.lon + (lon - from.position.lon) * fraction)};
     state.headingDeg = toGrid(from.position, to.position).Heading() * 180.0 / std::numbers::pi;
     const auto next = std::upper_bound(path.passedAtM.begin(), path.passedAtM.end() - 1, at);
     state.nextWaypoint = static_cast<std::size_t>(next - path.passedAtM.begin());
@@ -117,14 +113,16 @@ PathState stateAt(const RoutePath& path, double distanceAlongM) {
 std::optional<double> alongAt(const RoutePath& path, const Position& position, double withinM) {
     std::optional<double> along;
     double nearestM = withinM;
-    for (std::size_t i = 1; i < path.points.size(); ++i) {
+    const std::vector<GridPoint> points = toGrid(position, path.positions());
+    for (std::size_t i = 1; i < points.size(); ++i) {
         const PathPoint& from = path.points[i - 1];
-        const Point start = toGrid(position, from.position);
-        const Point leg = toGrid(position, path.points[i].position) - start;
+        const GridPoint& start = points[i - 1];
+        const GridPoint leg = points[i] - start;
         const double square = leg.x * leg.x + leg.y * leg.y;
         const double toFoot = -(start.x * leg.x + start.y * leg.y);
         const double share = square > 0.0 ? std::clamp(toFoot / square, 0.0, 1.0) : 0.0;
-        const double distance = Point(start.x + leg.x * share, start.y + leg.y * share).Length();
+        const double distance =
+            GridPoint(start.x + leg.x * share, start.y + leg.y * share).Length();
         if (distance <= nearestM) {
             nearestM = distance;
             along = from.distanceM + (path.points[i].distanceM - from.distanceM) * share;

@@ -21,6 +21,7 @@ struct RoutePath {
     /// abeam a fly-by point, in the middle of its turn.
     std::vector<double> passedAtM;
 
+    std::vector<Position> positions() const;
     double lengthM() const { return points.back().distanceM; }
 };
 

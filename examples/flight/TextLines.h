@@ -17,6 +17,9 @@ using Fields = std::vector<std::string_view>;
 /// What stands between the commas of a line, without the blanks around it.
 Fields fieldsOf(std::string_view line);
 
+/// A text for a message: its beginning, and "?" for control characters (C0 and C1, ECMA-48).
+std::string inALine(std::string text);
+
 /// "source:line: reason".
 std::runtime_error errorInLine(const std::string& source, int number, const std::string& reason);
 
@@ -35,11 +38,11 @@ std::string readSmallFile(const std::string& path, const std::string& kind);
 /// A number within limits. Throws std::runtime_error.
 double numberField(std::string_view text, const char* what, double low, double high);
 
-/// Latitude and longitude in decimal degrees, north and east positive; not the poles. Throws
-/// std::runtime_error.
+/// Latitude and longitude in decimal degrees, north and east positive; not near
+/// the poles. Throws std::runtime_error.
 Position positionFields(std::string_view latitude, std::string_view longitude);
 
-/// A text of 1 to @p longest characters. Throws std::runtime_error.
+/// A text in UTF-8 of 1 to @p longest characters of Latin-1, as those. Throws std::runtime_error.
 std::string textField(std::string_view text, const char* what, std::size_t longest);
 
 }  // namespace MovingMap

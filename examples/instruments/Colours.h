@@ -17,7 +17,6 @@ inline const Colour magenta(1.0F, 0.25F, 0.95F, 1.0F);
 inline const Colour cyan(0.30F, 0.90F, 1.0F, 1.0F);
 inline const Colour green(0.30F, 0.95F, 0.35F, 1.0F);
 inline const Colour yellow(1.0F, 0.88F, 0.15F, 1.0F);
-inline const Colour red(0.95F, 0.20F, 0.15F, 1.0F);
 inline const Colour skyTop(0.02F, 0.22F, 0.55F, 1.0F);
 inline const Colour skyLow(0.25F, 0.55F, 0.90F, 1.0F);
 inline const Colour groundHigh(0.50F, 0.32F, 0.14F, 1.0F);

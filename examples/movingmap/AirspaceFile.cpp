@@ -103,7 +103,7 @@ public:
         for (std::size_t i = 0; i < mAirspace.size(); ++i) {
             if (!isOutlined(mAirspace[i])) {
                 throw errorInLine(mSource, mBegun[i],
-                                  mAirspace[i].name + " needs a circle or at least three points");
+                                  "an airspace needs a circle or at least three points");
             }
         }
         return std::move(mAirspace);

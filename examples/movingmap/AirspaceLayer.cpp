@@ -65,8 +65,11 @@ void addLabel(Canvas& canvas, const AirspaceShape& shape, LabelPlacer& placer, c
         limitText(airspace.ceiling, unit) + " / " + limitText(airspace.floor, unit);
     const double line = text.capHeight() + 6.0 * canvas.unit;
     const Point size(std::max(text.width(name), text.width(limits)), line + text.capHeight());
-    for (const Polyline& outline : shape.fills.empty() ? shape.outlines : shape.fills) {
-        if (const auto box = placer.placeOneOf(placesInside(outline, area), size)) {
+    // In what is filled if there is room, else in the area under another one.
+    std::vector<Polyline> parts = shape.fills;
+    parts.insert(parts.end(), shape.outlines.begin(), shape.outlines.end());
+    for (const Polyline& part : parts) {
+        if (const auto box = placer.placeOneOf(placesInside(part, area), size)) {
             const double middle = (box->low.x + box->high.x) / 2.0;
             const Colour colour = lookOf(airspace.kind, canvas.style.colours).text;
             text.add(name, Point(middle, box->low.y + line), Align::centre, colour);
@@ -74,14 +77,6 @@ void addLabel(Canvas& canvas, const AirspaceShape& shape, LabelPlacer& placer, c
             return;
         }
     }
-}
-
-Polyline projected(const std::vector<Position>& outline, const MapView& view) {
-    Polyline points;
-    for (const Position& corner : outline) {
-        points.push_back(view.toScreen(corner));
-    }
-    return points;
 }
 
 std::vector<Polyline> partsOutsideAll(const Polyline& outline, const std::vector<Polyline>& taken) {
@@ -118,7 +113,7 @@ std::vector<AirspaceShape> projectAirspace(const std::vector<Airspace>& airspace
         AirspaceShape shape{&one, {}, {}};
         for (const auto& outline : one.outlines) {
             const std::vector<Polyline> parts =
-                partsInside(projected(outline, view), rectangle(area));
+                partsInside(view.toScreen(outline), rectangle(area));
             shape.outlines.insert(shape.outlines.end(), parts.begin(), parts.end());
         }
         if (!shape.outlines.empty()) {

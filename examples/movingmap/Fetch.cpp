@@ -2,17 +2,21 @@
 // takes its place when it is good.
 #include "Fetch.h"
 
+#include <Orlek/FileSystem.h>
 #include <Orlek/Network.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 
+#include "Number.h"
 #include "Png.h"
 
 namespace MovingMap {
@@ -20,6 +24,30 @@ namespace MovingMap {
 namespace {
 
 namespace fs = std::filesystem;
+
+// What DTED's header promises: columns and rows, as digits at 47 and 51 (MIL-PRF-89020B).
+bool isWholeDted(const std::string& path) {
+    constexpr std::uintmax_t headers = 3428;
+    char counts[9] = {};
+    std::ifstream file(path, std::ios::binary);
+    file.seekg(47).read(counts, 8);
+    const auto columns = OrlekSupport::parseNumber(std::string(counts, 4), 2, 9999);
+    const auto rows = OrlekSupport::parseNumber(std::string(counts + 4, 4), 2, 9999);
+    return columns && rows &&
+           fs::file_size(path) >= headers + static_cast<std::uintmax_t>(*columns) *
+                                                (12 + 2 * static_cast<std::uintmax_t>(*rows));
+}
+
+// A connection that breaks leaves half a file.
+bool isWhole(const std::string& path, const std::string& name) {
+    if (name.ends_with(".zip")) {
+        unsigned int size = 0;
+        unsigned char* const content = Orlek::FileSystem::ZipFile(path).readFirstFile(size);
+        std::free(content);
+        return content != nullptr;
+    }
+    return !name.ends_with(".DT1") || isWholeDted(path);
+}
 
 // Throws when the file is not what was asked for.
 void check(const std::string& path, const std::string& name) {
@@ -32,6 +60,8 @@ void check(const std::string& path, const std::string& name) {
         OrlekSupport::readPng(path);
     } else if (first == '<') {
         throw std::runtime_error("the answer is a page, no file");
+    } else if (!isWhole(path, name)) {
+        throw std::runtime_error("the answer is no whole tile");
     }
 }
 
@@ -66,6 +96,8 @@ std::vector<Fetch> takeFetches(std::vector<char*>& arguments) {
     return fetches;
 }
 
+namespace {
+
 bool fetch(const Fetch& wanted) {
     const std::string part = wanted.file + ".part-" + std::to_string(getpid());
     std::error_code ignored;
@@ -79,6 +111,18 @@ bool fetch(const Fetch& wanted) {
         fs::remove(part, ignored);
     }
     return fs::exists(wanted.file, ignored);
+}
+
+}  // namespace
+
+std::vector<std::string> fetchAll(const std::vector<Fetch>& fetches) {
+    std::vector<std::string> missing;
+    for (const Fetch& wanted : fetches) {
+        if (!fetch(wanted)) {
+            missing.push_back(wanted.file);
+        }
+    }
+    return missing;
 }
 
 bool samePath(const std::string& a, const std::string& b) {

@@ -15,10 +15,10 @@ struct Fetch {
 /// Throws std::runtime_error when one of the two is missing.
 std::vector<Fetch> takeFetches(std::vector<char*>& arguments);
 
-/// Downloads a file over HTTP, port 80. A PNG file must be a whole picture. When that fails it says
+/// Downloads files over HTTP, port 80. A PNG file or a tile must be whole. When that fails it says
 /// why on the standard error stream, and a file of that name stays as it was.
-/// @return whether there is such a file now, from now or before.
-bool fetch(const Fetch& wanted);
+/// @return the files that are not there, neither from now nor from before.
+std::vector<std::string> fetchAll(const std::vector<Fetch>& fetches);
 
 /// Whether two paths name one file, as far as the texts tell; an empty one names none.
 bool samePath(const std::string& a, const std::string& b);

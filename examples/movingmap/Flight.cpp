@@ -43,7 +43,9 @@ void Flight::lookAhead(Scene& scene) const {
     scene.next.distanceM = Orlek::Geodetic::calcDistance(own.lat, own.lon, ahead.lat, ahead.lon);
     const double toFly = scene.alongM < 0.0 ? scene.next.distanceM
                                             : mPath.passedAtM[scene.next.index] - scene.alongM;
-    scene.next.timeS = scene.speedKt > 0.0 ? toFly / (scene.speedKt * knot) : 0.0;
+    if (scene.speedKt > 0.0) {
+        scene.next.timeS = toFly / (scene.speedKt * knot);
+    }
 }
 
 // Off the route, the way leads to its first waypoint.

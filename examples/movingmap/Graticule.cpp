@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <numbers>
 
 #include "Format.h"
 
@@ -29,6 +30,10 @@ Extremes boundsOf(const MapView& view, double Position::*axis) {
         bounds.high = std::max(bounds.high, value);
     }
     return bounds;
+}
+
+Extremes within(const Extremes& bounds, const Extremes& limits) {
+    return {std::max(bounds.low, limits.low), std::min(bounds.high, limits.high)};
 }
 
 // Where the line from a to b has y = level; false when it runs along that level.
@@ -87,7 +92,7 @@ private:
 }  // namespace
 
 double graticuleMinutes(double leastMinutes) {
-    constexpr std::array<double, 10> spacings = {1, 2, 5, 10, 20, 30, 60, 120, 300, 600};
+    constexpr std::array<double, 11> spacings = {1, 2, 5, 10, 20, 30, 60, 120, 300, 600, 1800};
     const auto found = std::find_if(spacings.begin(), spacings.end() - 1,
                                     [=](double spacing) { return spacing >= leastMinutes; });
     return *found;
@@ -96,20 +101,21 @@ double graticuleMinutes(double leastMinutes) {
 std::vector<Box> drawGraticule(Canvas& canvas, const MapView& view, const Box& area,
                                const std::vector<Box>& blocked) {
     EdgeLabels labels(canvas, area, blocked);
-    const double leastPixels = 150.0 * canvas.unit;
-    const double step =
-        graticuleMinutes(leastPixels * view.metresPerPixel() / metresPerMile) / 60.0;
-    const Extremes lats = boundsOf(view, &Position::lat);
-    const Extremes lons = boundsOf(view, &Position::lon);
-    const double north = std::min(lats.high, 89.999);  // nothing lies beyond the poles
-    for (double lat = std::ceil(std::max(lats.low, -89.999) / step) * step; lat <= north;
-         lat += step) {
+    const double pixelMinutes = canvas.unit * view.metresPerPixel() / metresPerMile;
+    const double narrowing = std::cos(view.centre().lat * std::numbers::pi / 180.0);
+    const double latStep = graticuleMinutes(150.0 * pixelMinutes) / 60.0;
+    const double lonStep = graticuleMinutes(100.0 * pixelMinutes / narrowing) / 60.0;
+    // Nothing lies beyond the poles, and beyond half a turn the globe begins anew.
+    const Extremes lats = within(boundsOf(view, &Position::lat), {-89.999, 89.999});
+    const Extremes lons = within(boundsOf(view, &Position::lon),
+                                 {view.centre().lon - 180.0, view.centre().lon + 180.0});
+    for (double lat = std::ceil(lats.low / latStep) * latStep; lat <= lats.high; lat += latStep) {
         const Point a = view.toScreen({lat, lons.low});
         const Point b = view.toScreen({lat, lons.high});
         canvas.stroke.segment(a, b);
         labels.addFor(a, b, latitudeLabel(lat));
     }
-    for (double lon = std::ceil(lons.low / step) * step; lon <= lons.high; lon += step) {
+    for (double lon = std::ceil(lons.low / lonStep) * lonStep; lon <= lons.high; lon += lonStep) {
         const Point a = view.toScreen({lats.low, lon});
         const Point b = view.toScreen({lats.high, lon});
         canvas.stroke.segment(a, b);

@@ -40,7 +40,7 @@ std::vector<Figure> figuresOf(const Scene& scene, const Style& style) {
         {"NEXT", scene.next.name, ahead},
         {"BEARING", direction(scene.next.bearingDeg), ahead},
         {"DISTANCE", distanceText(scene.next.distanceM, distance), ahead},
-        {"TIME", duration(scene.next.timeS), ahead},
+        {"TIME", scene.next.timeS ? duration(*scene.next.timeS) : "--:--", ahead},
     };
     for (Figure& figure : figures) {
         if (scene.ownState == OwnShipState::unknown) {

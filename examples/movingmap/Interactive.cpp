@@ -6,6 +6,7 @@
 #include <optional>
 #include <utility>
 
+#include "LocalGrid.h"
 #include "MapPicture.h"
 #include "Window.h"
 
@@ -117,7 +118,8 @@ private:
 
     void pan(double dx, double dy) {
         const MapView& view = mPicture->view();
-        mCentre = view.toPosition(Point(view.focus().x - dx, view.focus().y + dy));
+        const Position moved = view.toPosition(Point(view.focus().x - dx, view.focus().y + dy));
+        mCentre = {std::clamp(moved.lat, -farthestLat, farthestLat), longitudeNear(0.0, moved.lon)};
         mFollow = false;
         mMoved = true;
     }

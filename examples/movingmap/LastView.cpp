@@ -25,7 +25,7 @@ std::optional<Position> parseCentre(const std::string& name, const std::string& 
         return std::nullopt;
     }
     const std::size_t comma = text.find(',');
-    const auto lat = OrlekSupport::parseNumber(text.substr(0, comma), -85.0, 85.0);
+    const auto lat = OrlekSupport::parseNumber(text.substr(0, comma), -farthestLat, farthestLat);
     const auto lon = OrlekSupport::parseNumber(
         comma == std::string::npos ? "" : text.substr(comma + 1), -180.0, 180.0);
     if (!lat || !lon) {

@@ -48,6 +48,9 @@ LiveNote stateNote(const Live& live) {
     if (*live.ageS > live.oldS) {
         return {"DATA OLD" + age, red};
     }
+    if (live.tooMany) {
+        return {"LIVE   ONLY THE " + std::to_string(live.targets.size()) + " NEAREST", amber};
+    }
     return {"LIVE   " + std::to_string(live.targets.size()) + " TARGETS", green};
 }
 
@@ -83,6 +86,7 @@ Live LiveFlight::live(double nowS) const {
     if (mTraffic.ownShip()) {
         live.ownAgeS = nowS - mTraffic.ownShip()->heardS;
     }
+    live.tooMany = mTraffic.tooManyS() && nowS - *mTraffic.tooManyS() <= mGoneS;
     for (const auto& [number, target] : mTraffic.targets()) {
         live.targets.push_back({target.last, nowS - target.heardS, positionsOf(target)});
     }

@@ -10,6 +10,7 @@
 
 #include "Cover.h"
 #include "HeightColours.h"
+#include "LocalGrid.h"
 #include "Png.h"
 #include "TextLines.h"
 
@@ -89,7 +90,8 @@ double MapImage::metresPerPixel() const {
 }
 
 Colour4 MapImage::at(const Position& position) const {
-    const double u = (position.lon - mBounds.west) / (mBounds.east - mBounds.west);
+    const double lon = longitudeNear((mBounds.west + mBounds.east) / 2.0, position.lon);
+    const double u = (lon - mBounds.west) / (mBounds.east - mBounds.west);
     const double v = (mBounds.north - position.lat) / (mBounds.north - mBounds.south);
     if (!(u >= 0.0 && u <= 1.0 && v >= 0.0 && v <= 1.0)) {
         return {};

@@ -6,6 +6,8 @@
 
 #include <numbers>
 
+#include "LocalGrid.h"
+
 namespace MovingMap {
 
 namespace {
@@ -20,9 +22,18 @@ MapView::MapView(Position centre, double metresPerPixel, double upDeg, Point foc
     : mCentre(centre), mMetresPerPixel(metresPerPixel), mUpDeg(upDeg), mFocus(focus), mSize(size) {}
 
 Point MapView::toScreen(const Position& position) const {
-    Point grid;
-    Orlek::Geodetic::latLong2Grid(mCentre.lat, mCentre.lon, position.lat, position.lon, grid.x,
-                                  grid.y);
+    return onScreen(toGrid(mCentre, position));
+}
+
+std::vector<Point> MapView::toScreen(const std::vector<Position>& line) const {
+    std::vector<Point> points = toGrid(mCentre, line);
+    for (Point& point : points) {
+        point = onScreen(point);
+    }
+    return points;
+}
+
+Point MapView::onScreen(Point grid) const {
     grid.Rotate(radians(mUpDeg));
     return Point(mFocus.x + grid.x / mMetresPerPixel, mFocus.y + grid.y / mMetresPerPixel);
 }

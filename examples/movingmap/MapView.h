@@ -3,6 +3,8 @@
 
 #include <Orlek/Math.h>
 
+#include <vector>
+
 #include "Position.h"
 
 namespace MovingMap {
@@ -21,9 +23,14 @@ public:
     /// @param size width and height of the picture in pixels
     MapView(Position centre, double metresPerPixel, double upDeg, Point focus, Point size);
 
+    /// A position, or those of a line or an outline, the short way round the globe.
     Point toScreen(const Position& position) const;
+    std::vector<Point> toScreen(const std::vector<Position>& line) const;
+
+    /// The longitude goes on beyond 180 degrees.
     Position toPosition(const Point& point) const;
 
+    const Position& centre() const { return mCentre; }
     double metresPerPixel() const { return mMetresPerPixel; }
     double upDeg() const { return mUpDeg; }
     Point focus() const { return mFocus; }
@@ -32,6 +39,8 @@ public:
     bool operator==(const MapView& other) const;
 
 private:
+    Point onScreen(Point grid) const;
+
     Position mCentre;
     double mMetresPerPixel;
     double mUpDeg;

@@ -144,7 +144,7 @@ Options collect() {
     options.feedOldS = numberOf("--feed-old", 0.1, 60.0);
     options.screen = screenOptions();
     options.frames = numberOf("--frames", 0, 99999);
-    options.lat = optionalNumberOf("--lat", -85.0, 85.0);
+    options.lat = optionalNumberOf("--lat", -farthestLat, farthestLat);
     options.lon = optionalNumberOf("--lon", -180.0, 180.0);
     options.headingDeg = optionalNumberOf("--heading", 0.0, 360.0);
     const std::optional<double> along = optionalNumberOf("--along", 0.0, 10000.0);
@@ -154,8 +154,8 @@ Options collect() {
     options.width = numberOf("--width", 320, 8192);
     options.height = numberOf("--height", 240, 8192);
     options.scale = numberOf("--scale", 0.5, 3.0);
-    if (options.width < 320 * options.scale || options.height < 240 * options.scale) {
-        throw std::runtime_error("--scale: the picture has room for less than 320 x 240 pixels");
+    if (options.width < 640 * options.scale || options.height < 480 * options.scale) {
+        throw std::runtime_error("the picture must hold 640 x 480 pixels at its --scale");
     }
     return options;
 }
@@ -166,12 +166,18 @@ std::optional<Options> readOptions(int argc, char** argv) {
     CmdLine& line = CmdLine::instance();
     registerOptions(line);
     std::vector<char*> arguments(argv, argv + argc);
-    std::vector<Fetch> fetches = takeFetches(arguments);
+    const std::vector<Fetch> fetches = takeFetches(arguments);
     if (!parseArguments(static_cast<int>(arguments.size()), arguments.data())) {
         return std::nullopt;
     }
+    // First, as settings may name what is fetched.
+    const std::vector<std::string> missing = fetchAll(fetches);
     Options options = collect();
-    options.fetches = std::move(fetches);
+    for (const std::string& file : missing) {
+        if (samePath(file, options.mapImage)) {
+            options.mapImage.clear();
+        }
+    }
     if (options.lat.has_value() != options.lon.has_value()) {
         throw std::runtime_error("--lat and --lon go together");
     }

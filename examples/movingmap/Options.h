@@ -22,7 +22,6 @@ struct Options {
     std::string mapImage;  ///< Empty: no map image.
     std::string mapBounds;
     double mapShare = 0.0;
-    std::vector<Fetch> fetches;
     std::optional<FeedUrl> feed;  ///< Nothing: no live data.
     double feedSeconds = 0.0;
     double feedOldS = 0.0;

@@ -1,6 +1,7 @@
 // Flown and remaining parts share the point where the aircraft is, so that no gap opens.
 #include "RouteLayer.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -60,18 +61,19 @@ void drawLine(Canvas& canvas, const Polyline& line, const Colour& colour) {
 }  // namespace
 
 RouteLine projectRoute(const RoutePath& path, const MapView& view, double alongM) {
+    std::vector<Position> places = path.positions();
+    const auto ahead =
+        std::find_if(path.points.begin(), path.points.end(),
+                     [&](const PathPoint& point) { return point.distanceM >= alongM; });
+    const auto split = static_cast<std::size_t>(ahead - path.points.begin());
+    places.insert(places.begin() + (ahead - path.points.begin()), stateAt(path, alongM).position);
+    const std::vector<Point> points = view.toScreen(places);
     RouteLine line;
-    const Point split = view.toScreen(stateAt(path, alongM).position);
-    for (const PathPoint& point : path.points) {
-        if (point.distanceM < alongM) {
-            append(line.flown, view.toScreen(point.position), false);
-            continue;
-        }
-        if (line.ahead.empty()) {
-            append(line.flown, split, true);
-            append(line.ahead, split, true);
-        }
-        append(line.ahead, view.toScreen(point.position), &point == &path.points.back());
+    for (std::size_t i = 0; i <= split; ++i) {
+        append(line.flown, points[i], i == split);
+    }
+    for (std::size_t i = split; i < points.size(); ++i) {
+        append(line.ahead, points[i], i + 1 == points.size());
     }
     return line;
 }

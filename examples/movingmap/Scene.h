@@ -17,7 +17,7 @@ struct NextWaypoint {
     std::string name;
     double bearingDeg = 0.0;
     double distanceM = 0.0;
-    double timeS = 0.0;
+    std::optional<double> timeS;  ///< Nothing when the aircraft stands.
 };
 
 /// A target of a feed.
@@ -36,6 +36,7 @@ struct Live {
     double oldS = 0.0;              ///< Data of a greater age are old.
     double goneS = 0.0;             ///< Targets of a greater age are not shown.
     unsigned long ignored = 0;      ///< Messages that were not valid.
+    bool tooMany = false;           ///< There are farther targets that are not kept.
     std::vector<LiveTarget> targets;
 };
 

@@ -1,12 +1,12 @@
 // The property store of the process has the settings; this class adds who wins and what is sound.
 #include "Settings.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <utility>
 
 #include "ColourText.h"
+#include "TextLines.h"
 
 namespace MovingMap {
 
@@ -14,20 +14,8 @@ namespace {
 
 using OrlekSupport::textOf;
 
-constexpr std::size_t longestShown = 200;
-
 Orlek::Misc::Property& properties() {
     return Orlek::Misc::Property::instance();
-}
-
-// A value may hold anything; what is said about it stays in a line.
-std::string inALine(std::string text) {
-    if (text.size() > longestShown) {
-        text.replace(longestShown, std::string::npos, "...");
-    }
-    std::replace_if(
-        text.begin(), text.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; }, '?');
-    return text;
 }
 
 bool isThere(const std::filesystem::path& path) {

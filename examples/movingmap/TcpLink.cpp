@@ -47,16 +47,17 @@ void TcpLink::tend(double nowS) {
 }
 
 bool TcpLink::next(std::optional<FeedMessage>& message) {
-    MsgHeader header;
     if (!mLink.connected()) {
         return false;
     }
-    const int id = mLink.readPackage(mPayload.data(), header);
-    if (id == -2) {
-        mLink = SocketTcp();  // Nothing of this connection shall be taken for the next one's.
-        return false;
-    }
-    if (id == -1) {
+    // Only the header tells: a sender may choose the ids that the call returns for no package.
+    MsgHeader header;
+    header.version = 0;
+    mLink.readPackage(mPayload.data(), header);
+    if (header.version == 0) {
+        if (!mLink.connected()) {
+            mLink = SocketTcp();  // Nothing of this connection shall be taken for the next one's.
+        }
         return false;
     }
     message = readMessage(header.id, std::span(mPayload).first(header.length));

@@ -3,10 +3,44 @@
 
 #include <chrono>
 #include <filesystem>
+#include <numbers>
 #include <stdexcept>
 #include <thread>
 
+#include "LocalGrid.h"
+
 namespace MovingMap {
+
+namespace {
+
+// Samples without data read as sea level. As in the relief it is a hole, not water, where most of
+// the shores in eight directions are steeper than those of water.
+bool isHole(Orlek::Geodetic::HeightMap& terrain, const Position& position) {
+    constexpr double stepM = 100.0;
+    constexpr int farthest = 300;
+    constexpr double steepestM = 1.2 * stepM;
+    int shores = 0;
+    int cliffs = 0;
+    for (int direction = 0; direction < 8; ++direction) {
+        GridPoint step(0.0, stepM);
+        step.Rotate(direction * std::numbers::pi / 4.0);
+        const auto heightAt = [&](int steps) {
+            const Position place = fromGrid(position, GridPoint(step.x * steps, step.y * steps));
+            return terrain.getAltitude(place.lat, place.lon, true, false);
+        };
+        int steps = 1;
+        while (steps < farthest && heightAt(steps) == 0.0) {
+            ++steps;
+        }
+        if (steps < farthest) {
+            ++shores;
+            cliffs += heightAt(steps + 1) > steepestM ? 1 : 0;
+        }
+    }
+    return cliffs * 2 > shores;
+}
+
+}  // namespace
 
 void openTerrain(Orlek::Geodetic::HeightMap& terrain, const std::string& directory,
                  const Position& near) {
@@ -40,7 +74,11 @@ Ground groundAt(Orlek::Geodetic::HeightMap& terrain, const Position& position) {
     if (!isTerrain(normalAt(terrain, position))) {
         return {};
     }
-    return {true, terrain.getAltitude(position.lat, position.lon, true, false)};
+    const double heightM = terrain.getAltitude(position.lat, position.lon, true, false);
+    if (heightM == 0.0 && isHole(terrain, position)) {
+        return {};
+    }
+    return {true, heightM};
 }
 
 }  // namespace MovingMap

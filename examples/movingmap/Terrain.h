@@ -23,7 +23,7 @@ PackedNormal normalAt(Orlek::Geodetic::HeightMap& terrain, const Position& posit
 /// HeightMap::getAltitude gives 0 there, as at sea level.
 bool isTerrain(const PackedNormal& normal);
 
-/// Terrain under a position.
+/// Terrain under a position; not known where no tile is and in a hole of one.
 struct Ground {
     bool known = false;
     double heightM = 0.0;

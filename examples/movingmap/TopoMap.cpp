@@ -33,25 +33,26 @@ Rgba landClass(const Post& post) {
     return post.up > gentle ? Rgba{236, 230, 190, 255} : Rgba{150, 186, 132, 255};
 }
 
-class TopoMap {
+// One row of pixels and the one below it: a whole map would take more memory than its picture.
+class Rows {
 public:
-    TopoMap(Orlek::Geodetic::HeightMap& terrain, const Bounds& bounds, int width, int height)
-        : mWidth(width), mHeight(height) {
-        for (int row = 0; row < height; ++row) {
-            for (int column = 0; column < width; ++column) {
-                mPosts.push_back(
-                    postAt(terrain, {std::lerp(bounds.north, bounds.south, (row + 0.5) / height),
-                                     std::lerp(bounds.west, bounds.east, (column + 0.5) / width)}));
-            }
+    Rows(Orlek::Geodetic::HeightMap& terrain, const Bounds& bounds, int width, int height)
+        : mTerrain(terrain), mBounds(bounds), mWidth(width), mHeight(height), mBelow(postsAt(0)) {}
+
+    void next() {
+        ++mRow;
+        mHere = mBelow;
+        if (mRow + 1 < mHeight) {
+            mBelow = postsAt(mRow + 1);
         }
     }
 
-    Rgba colour(int column, int row) const {
-        const Post& post = at(column, row);
+    Rgba colour(int column) const {
+        const Post& post = mHere[static_cast<std::size_t>(column)];
         if (!post.known) {
             return {200, 200, 200, 255};
         }
-        const std::optional<int> contour = contourAt(column, row);
+        const std::optional<int> contour = contourAt(column);
         if (!contour) {
             return post.heightM < 0.5 ? waterCover(1.0) : landClass(post);
         }
@@ -59,29 +60,34 @@ public:
     }
 
 private:
-    static Post postAt(Orlek::Geodetic::HeightMap& terrain, const Position& position) {
-        const PackedNormal normal = normalAt(terrain, position);
+    std::vector<Post> postsAt(int row) const {
+        std::vector<Post> posts;
+        posts.reserve(static_cast<std::size_t>(mWidth));
+        const double lat = std::lerp(mBounds.north, mBounds.south, (row + 0.5) / mHeight);
+        for (int column = 0; column < mWidth; ++column) {
+            posts.push_back(
+                postAt({lat, std::lerp(mBounds.west, mBounds.east, (column + 0.5) / mWidth)}));
+        }
+        return posts;
+    }
+
+    Post postAt(const Position& position) const {
+        const PackedNormal normal = normalAt(mTerrain, position);
         if (!isTerrain(normal)) {
             return {};
         }
-        return {true, terrain.getAltitude(position.lat, position.lon, true, false),
+        return {true, mTerrain.getAltitude(position.lat, position.lon, true, false),
                 normal.z / 127.5 - 1.0};
     }
 
-    const Post& at(int column, int row) const {
-        const int x = std::min(column, mWidth - 1);
-        const int y = std::min(row, mHeight - 1);
-        return mPosts[static_cast<std::size_t>(y) * static_cast<std::size_t>(mWidth) +
-                      static_cast<std::size_t>(x)];
-    }
-
     // The number of the contour line that runs through a pixel.
-    std::optional<int> contourAt(int column, int row) const {
+    std::optional<int> contourAt(int column) const {
         const auto band = [](const Post& post) {
             return static_cast<int>(std::floor(post.heightM / contourStepM));
         };
-        const int here = band(at(column, row));
-        for (const Post& other : {at(column + 1, row), at(column, row + 1)}) {
+        const auto at = static_cast<std::size_t>(column);
+        const int here = band(mHere[at]);
+        for (const Post& other : {mHere[std::min(at + 1, mHere.size() - 1)], mBelow[at]}) {
             if (other.known && band(other) != here) {
                 return std::max(here, band(other));
             }
@@ -89,9 +95,13 @@ private:
         return std::nullopt;
     }
 
+    Orlek::Geodetic::HeightMap& mTerrain;
+    Bounds mBounds;
     int mWidth;
     int mHeight;
-    std::vector<Post> mPosts;
+    int mRow = -1;
+    std::vector<Post> mHere;
+    std::vector<Post> mBelow;
 };
 
 }  // namespace
@@ -105,12 +115,13 @@ OrlekSupport::Image drawTopoMap(Orlek::Geodetic::HeightMap& terrain, const Bound
         throw std::runtime_error("the map would be higher than 8192 pixels");
     }
     const int height = std::max(1, static_cast<int>(std::lround(width * aspect)));
-    const TopoMap map(terrain, bounds, width, height);
+    Rows rows(terrain, bounds, width, height);
     OrlekSupport::Image image(width, height);
     auto out = image.rgba.begin();
     for (int row = 0; row < height; ++row) {
+        rows.next();
         for (int column = 0; column < width; ++column) {
-            const Rgba colour = map.colour(column, row);
+            const Rgba colour = rows.colour(column);
             out = std::copy(colour.begin(), colour.end(), out);
         }
     }

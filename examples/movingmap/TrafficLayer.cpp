@@ -62,14 +62,13 @@ void drawSymbol(Canvas& canvas, const Polyline& outline, const Colour& colour, b
 Polyline trailPiece(const MapView& view, const LiveTarget& target, std::size_t piece) {
     const std::size_t count = target.trail.size();
     const std::size_t end = std::min(count, count * (piece + 1) / trailPieces + 1);
-    Polyline line;
-    for (std::size_t i = count * piece / trailPieces; i < end; ++i) {
-        line.push_back(view.toScreen(target.trail[i]));
-    }
+    const auto begin = target.trail.begin();
+    std::vector<Position> line(begin + static_cast<std::ptrdiff_t>(count * piece / trailPieces),
+                               begin + static_cast<std::ptrdiff_t>(end));
     if (piece + 1 == trailPieces) {
-        line.push_back(view.toScreen(target.last.position()));
+        line.push_back(target.last.position());
     }
-    return line;
+    return view.toScreen(line);
 }
 
 void drawTrend(Canvas& canvas, Point foot, double height, int trend, const Colour& colour) {

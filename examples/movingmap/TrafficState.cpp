@@ -3,11 +3,14 @@
 
 #include <Orlek/Geodetic.h>
 
+#include <algorithm>
+
+#include "LocalGrid.h"
+
 namespace MovingMap {
 
 namespace {
 
-constexpr std::size_t mostTargets = 200;
 constexpr double trailStepS = 1.0;
 constexpr double trailS = 60.0;
 constexpr double longestJumpM = 5.0 * metresPerMile;
@@ -28,8 +31,31 @@ void extendTrail(TrafficState::Target& target, const Position& position, double 
 
 }  // namespace
 
+// Of too many targets the nearest are kept; as long as no own ship is known, those that came first.
+bool TrafficState::makeRoom(const TargetMessage& message, double nowS) {
+    if (mTargets.size() < mostTargets || mTargets.contains(message.number)) {
+        return true;
+    }
+    mTooManyS = nowS;
+    if (!mOwnShip) {
+        return false;
+    }
+    const auto distance = [own = mOwnShip->last.position()](const TargetMessage& target) {
+        return toGrid(own, target.position()).Length();
+    };
+    const auto farthest =
+        std::max_element(mTargets.begin(), mTargets.end(), [&](const auto& a, const auto& b) {
+            return distance(a.second.last) < distance(b.second.last);
+        });
+    if (distance(message) >= distance(farthest->second.last)) {
+        return false;
+    }
+    mTargets.erase(farthest);
+    return true;
+}
+
 void TrafficState::takeTarget(const TargetMessage& message, double nowS) {
-    if (mTargets.size() >= mostTargets && !mTargets.contains(message.number)) {
+    if (!makeRoom(message, nowS)) {
         return;
     }
     Target& target = mTargets[message.number];

@@ -10,8 +10,8 @@
 
 namespace MovingMap {
 
-/// Collects messages. Targets that fall silent are forgotten; the number of targets and the lengths
-/// of their trails are bounded, whatever comes.
+/// Collects messages. Targets that fall silent are forgotten; the number of targets, the nearest
+/// 200, and the lengths of their trails are bounded, whatever comes.
 class TrafficState {
 public:
     struct TrailPoint {
@@ -45,13 +45,20 @@ public:
     /// When the last message came; nothing before the first.
     const std::optional<double>& heardS() const { return mHeardS; }
 
+    /// When there were last more targets than are kept; nothing when there never were.
+    const std::optional<double>& tooManyS() const { return mTooManyS; }
+
 private:
+    static constexpr std::size_t mostTargets = 200;
+
+    bool makeRoom(const TargetMessage& message, double nowS);
     void takeTarget(const TargetMessage& message, double nowS);
 
     double mGoneS;
     std::optional<OwnShip> mOwnShip;
     std::map<std::uint32_t, Target> mTargets;
     std::optional<double> mHeardS;
+    std::optional<double> mTooManyS;
 };
 
 }  // namespace MovingMap

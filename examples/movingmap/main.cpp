@@ -2,7 +2,6 @@
 #include <cstdio>
 #include <exception>
 #include <optional>
-#include <utility>
 
 #include "Charts.h"
 #include "Headless.h"
@@ -15,17 +14,7 @@ namespace {
 
 using namespace MovingMap;
 
-// A map image that could not be fetched is left out.
-void fetchAll(Options& options) {
-    for (const Fetch& wanted : options.fetches) {
-        if (!fetch(wanted) && samePath(wanted.file, options.mapImage)) {
-            options.mapImage.clear();
-        }
-    }
-}
-
-void run(Options options) {
-    fetchAll(options);
+void run(const Options& options) {
     Orlek::Geodetic::HeightMap terrain;
     const Flight flight(
         options, options.route.empty() ? defaultRoute() : readRouteFile(options.route), terrain);
@@ -52,7 +41,7 @@ void run(Options options) {
 int main(int argc, char** argv) {
     try {
         if (auto options = readOptions(argc, argv)) {
-            run(std::move(*options));
+            run(*options);
         }
         return 0;
     } catch (const std::exception& error) {

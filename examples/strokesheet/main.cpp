@@ -1,15 +1,13 @@
 // Draws the sheet of all characters of the stroke font with their codes.
-//   orlek-strokesheet [file.png [size [line width]]]    without a file in a window, if there is one
 #include <GL/gl.h>
 #include <Orlek/Orlek.h>
 
 #include <algorithm>
-#include <cstdlib>
+#include <cstdio>
 #include <exception>
-#include <iostream>
 #include <string>
 
-#include "Screen.h"
+#include "ScreenOptions.h"
 
 namespace {
 
@@ -45,8 +43,11 @@ struct Grid {
     }
 };
 
-void draw(const OrlekSupport::ScreenOptions& options, const Grid& grid, double lineWidth) {
-    OrlekSupport::Screen screen(options, "Stroke font", grid.width(), grid.height());
+void draw() {
+    using namespace OrlekSupport;
+    const Grid grid(numberOf("--size", 6.0, 200.0));
+    const double lineWidth = numberOf("--line-width", 0.5, 20.0);
+    Screen screen(screenOptions(), "Stroke font", grid.width(), grid.height());
     VectorFont characters;
     VectorFont captions;
     for (int code = 0; code < columns * rows; ++code) {
@@ -73,13 +74,17 @@ void draw(const OrlekSupport::ScreenOptions& options, const Grid& grid, double l
 }  // namespace
 
 int main(int count, char** arguments) {
+    auto& line = Orlek::Misc::CmdLine::instance();
+    line.addParameter("--size", "height of a line of text, pixels", "36");
+    line.addParameter("--line-width", "of the characters, pixels", "2");
+    OrlekSupport::addScreenOptions("strokefont.png", "Escape closes it");
     try {
-        const std::string path = count > 1 ? arguments[1] : "strokefont.png";
-        const double size = count > 2 ? std::atof(arguments[2]) : 36.0;
-        draw({false, count > 1, path}, Grid(std::clamp(size, 6.0, 200.0)),
-             count > 3 ? std::atof(arguments[3]) : 2.0);
+        if (OrlekSupport::parseArguments(count, arguments)) {
+            draw();
+        }
+        return 0;
     } catch (const std::exception& error) {
-        std::cerr << error.what() << "\n";
+        std::fprintf(stderr, "orlek-strokesheet: %s\n", error.what());
         return 1;
     }
 }

@@ -20,11 +20,14 @@ namespace fs = std::filesystem;
 // 256 MiB; a file of some kilobytes may promise far more.
 constexpr std::uint64_t mostPixels = std::uint64_t{1} << 26U;
 
-/// Where links lead to, so that they stay.
-std::string targetOf(const std::string& path) {
+/// Where links lead to, so that they stay; the last one need not lead to a file yet.
+fs::path targetOf(fs::path path) {
+    constexpr int mostLinks = 40;  // as the system follows
     std::error_code error;
-    const fs::path target = fs::canonical(path, error);
-    return error ? path : target.string();
+    for (int i = 0; i < mostLinks && fs::is_symlink(path, error); ++i) {
+        path = path.parent_path() / fs::read_symlink(path, error);
+    }
+    return path;
 }
 
 // Frees what libpng holds, whichever way a function is left.
@@ -57,12 +60,13 @@ void writePng(const std::string& path, const Image& image) {
     const std::string bytes = encodePng(image);
     std::error_code ignored;
     const bool isFile = !fs::exists(path, ignored) || fs::is_regular_file(path, ignored);
-    const std::string part = isFile ? path + ".part-" + std::to_string(getpid()) : path;
+    const std::string target = targetOf(path).string();
+    const std::string part = isFile ? target + ".part-" + std::to_string(getpid()) : path;
     errno = 0;
     std::ofstream file(part, std::ios::binary);
     file << bytes;
     file.close();
-    if (!file || (isFile && std::rename(part.c_str(), targetOf(path).c_str()) != 0)) {
+    if (!file || (isFile && std::rename(part.c_str(), target.c_str()) != 0)) {
         const std::string reason = errno == 0 ? "write error" : std::strerror(errno);
         if (isFile) {
             fs::remove(part, ignored);

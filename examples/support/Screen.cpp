@@ -1,5 +1,6 @@
 #include "Screen.h"
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <stdexcept>
@@ -22,6 +23,38 @@ std::string namedScreen() {
     }
     return {};
 }
+
+volatile std::sig_atomic_t asked = 0;
+
+// The next one ends the program at once.
+void ask(int signal) {
+    asked = 1;
+    std::signal(signal, SIG_DFL);
+}
+
+// While it lives, what asks a program to end closes its window, so that it can keep what it has to.
+class EndingSignals {
+public:
+    EndingSignals() {
+        for (Handler& one : mHandlers) {
+            one.before = std::signal(one.signal, ask);
+        }
+    }
+    ~EndingSignals() {
+        for (const Handler& one : mHandlers) {
+            std::signal(one.signal, one.before);
+        }
+    }
+    EndingSignals(const EndingSignals&) = delete;
+    EndingSignals& operator=(const EndingSignals&) = delete;
+
+private:
+    struct Handler {
+        int signal;
+        void (*before)(int);
+    };
+    Handler mHandlers[3] = {{SIGINT, SIG_DFL}, {SIGTERM, SIG_DFL}, {SIGHUP, SIG_DFL}};
+};
 
 void say(const std::string& line) {
     std::printf("%s\n", line.c_str());
@@ -78,7 +111,8 @@ double Screen::scale() const {
 int Screen::show(int frames, const std::function<void()>& draw) {
     int shown = 0;
     if (mWindow) {
-        for (; mWindow->isOpen() && (frames == 0 || shown < frames); ++shown) {
+        const EndingSignals signals;
+        for (; mWindow->isOpen() && asked == 0 && (frames == 0 || shown < frames); ++shown) {
             draw();
             mWindow->showFrame();
         }

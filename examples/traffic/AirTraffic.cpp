@@ -1,10 +1,10 @@
 // Each target's track lies beside a place of the route, so that there is traffic along any route.
 #include "AirTraffic.h"
 
-#include <Orlek/Geodetic.h>
-
 #include <array>
 #include <cmath>
+
+#include "LocalGrid.h"
 
 namespace Traffic {
 
@@ -43,9 +43,8 @@ constexpr std::array<Plan, 12> plans = {{
 
 Racetrack racetrackOf(const Plan& plan, const Position& beside, double altitudeFt) {
     Racetrack racetrack;
-    Orlek::Geodetic::grid2LatLong(beside.lat, beside.lon, plan.eastMiles * metresPerMile,
-                                  plan.northMiles * metresPerMile, racetrack.centre.lat,
-                                  racetrack.centre.lon);
+    racetrack.centre = fromGrid(
+        beside, GridPoint(plan.eastMiles * metresPerMile, plan.northMiles * metresPerMile));
     racetrack.axisDeg = plan.axisDeg;
     racetrack.legM = plan.legMiles * metresPerMile;
     racetrack.radiusM = standardRateRadiusM(plan.speedKt);

@@ -1,17 +1,16 @@
 // The plane's x axis points to the right of the first leg, its y axis along it.
 #include "Racetrack.h"
 
-#include <Orlek/Geodetic.h>
-#include <Orlek/Math.h>
-
 #include <cmath>
 #include <numbers>
+
+#include "LocalGrid.h"
 
 namespace Traffic {
 
 namespace {
 
-using Point = Orlek::Math::Vector2<double>;
+using Point = MovingMap::GridPoint;
 using std::numbers::pi;
 
 constexpr double levelS = 60.0;  // How long an altitude is kept.
@@ -65,8 +64,7 @@ Motion motionAt(const Racetrack& racetrack, double seconds) {
     }
     step.place.Rotate(-racetrack.axisDeg * pi / 180.0);
     Motion motion;
-    Orlek::Geodetic::grid2LatLong(racetrack.centre.lat, racetrack.centre.lon, step.place.x,
-                                  step.place.y, motion.position.lat, motion.position.lon);
+    motion.position = MovingMap::fromGrid(racetrack.centre, step.place);
     motion.trackDeg = std::fmod(racetrack.axisDeg + step.trackDeg + 720.0, 360.0);
     setAltitude(racetrack, seconds, motion);
     return motion;

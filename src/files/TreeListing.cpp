@@ -17,8 +17,9 @@ void TreeListing::list(const std::string& path, bool recursive) {
         std::string entryPath = path + "/" + entry.name;
         if (entry.kind == FileKind::regular) {
             files.push_back(std::move(entryPath));
-        } else if (recursive && entry.kind == FileKind::directory &&
-                   !(entry.isLink && wasVisited(entryPath))) {
+        } else if (entry.kind != FileKind::directory) {
+            others.push_back(std::move(entryPath));
+        } else if (recursive && !(entry.isLink && wasVisited(entryPath))) {
             list(entryPath, true);
         }
     }

@@ -19,6 +19,7 @@ public:
     /// In the order in which they were met.
     std::vector<std::string> files;
     std::vector<std::string> unreadable;  ///< directories whose files may be missing
+    std::vector<std::string> others;      ///< neither: links that lead nowhere, pipes, devices
 
 private:
     [[nodiscard]] bool wasVisited(const std::string& path) const;

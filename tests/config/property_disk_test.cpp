@@ -24,8 +24,7 @@
 namespace {
 
 using Orlek::Misc::Property;
-using OrlekTest::TempDir;
-using OrlekTest::wholeText;
+using namespace OrlekTest;
 
 std::size_t entriesOf(const std::string& directory) {
     return static_cast<std::size_t>(
@@ -33,18 +32,16 @@ std::size_t entriesOf(const std::string& directory) {
 }
 
 void expectRefused(const std::string& path) {
-    bool result = true;
-    EXPECT_EQ(OrlekTest::captureStdout([&] { result = Property::instance().writeXmlFile(path); }),
+    EXPECT_EQ(captureStdout([&] { EXPECT_FALSE(Property::instance().writeXmlFile(path)); }),
               "Error writing property file <" + path + ">!\n");
-    EXPECT_FALSE(result);
 }
 
 TEST(PropertyDisk, AFullDiskLeavesTheOldFile) {
     const TempDir dir;
-    const std::string refused = OrlekTest::inOwnNetwork([&] {
+    const auto fillTheDisk = [&] {
         if (unshare(CLONE_NEWNS) != 0 || mount("", "/", "", MS_REC | MS_PRIVATE, nullptr) != 0 ||
             mount("none", dir.path().c_str(), "tmpfs", 0, "size=64k") != 0) {
-            throw OrlekTest::Refused();
+            throw Refused();
         }
         const std::string path = dir.path("settings.xml");
         Property::instance().setString("disk.small", "1");
@@ -59,10 +56,8 @@ TEST(PropertyDisk, AFullDiskLeavesTheOldFile) {
             EXPECT_EQ(wholeText(path), old);
         }
         EXPECT_EQ(entriesOf(dir.path()), 2U) << "a temporary file is left";
-    });
-    if (!refused.empty()) {
-        GTEST_SKIP() << refused;
-    }
+    };
+    inOwnNetworkOrSkip(fillTheDisk, "a full disk is left out");
 }
 
 TEST(PropertyDisk, WhatIsNoFileOfOursIsNotReplaced) {
@@ -93,7 +88,7 @@ TEST(PropertyDisk, MissingPermissionsAreRespected) {
     ASSERT_EQ(chmod(readOnly.c_str(), 0444), 0);
     ASSERT_EQ(chmod(dir.path("locked").c_str(), 0555), 0);
     {
-        const OrlekTest::Unprivileged scope;
+        const Unprivileged scope;
         if (!scope.ok()) {
             GTEST_SKIP() << "cannot give up root's rights";
         }
@@ -139,7 +134,7 @@ TEST(PropertyDisk, AFileThatBecomesTheWritersLendsNoRights) {
         GTEST_SKIP() << "only root can let another write its files";
     }
     {
-        const OrlekTest::Unprivileged scope;
+        const Unprivileged scope;
         ASSERT_TRUE(scope.ok());
         EXPECT_TRUE(Property::instance().writeXmlFile(path));
     }
@@ -154,24 +149,17 @@ void writeLetter(const std::string& path, char letter) {
     ASSERT_TRUE(Property::instance().writeXmlFile(path));
 }
 
-// Writes two sets of settings by turns until it is killed; tells when it begins.
-[[noreturn]] void writeForever(const std::string& path, int begun) {
-    if (write(begun, "", 1) != 1) {
-        _exit(1);
-    }
-    for (char letter = 'a';; letter = letter == 'a' ? 'b' : 'a') {
-        writeLetter(path, letter);
-    }
-}
-
-// Kills a writer after the delay.
+// Kills a process that writes two sets of settings by turns, `delay` after it has begun.
 void killWriter(const std::string& path, std::chrono::microseconds delay) {
     int begun[2] = {};
     ASSERT_EQ(pipe(begun), 0);
     const pid_t child = fork();
     ASSERT_GE(child, 0);
     if (child == 0) {
-        writeForever(path, begun[1]);
+        for (char letter = 'a'; write(begun[1], "", 1) == 1; letter = letter == 'a' ? 'b' : 'a') {
+            writeLetter(path, letter);
+        }
+        _exit(1);
     }
     char byte = 0;
     EXPECT_EQ(read(begun[0], &byte, 1), 1);

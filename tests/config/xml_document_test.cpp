@@ -17,9 +17,7 @@ namespace {
 
 using Orlek::XML::XmlDocument;
 using Orlek::XML::XmlElement;
-using OrlekTest::captureStdout;
-using OrlekTest::TempDir;
-using OrlekTest::wholeText;
+using namespace OrlekTest;
 
 std::string repeated(const std::string& piece, int count) {
     std::string text;
@@ -46,10 +44,8 @@ void expectRefused(const std::string& path, const std::string& secondLine) {
     XmlDocument document;
     XmlElement kept("kept");
     document.appendElement(kept);
-    bool result = true;
-    EXPECT_EQ(captureStdout([&] { result = document.read(path); }),
+    EXPECT_EQ(captureStdout([&] { EXPECT_FALSE(document.read(path)); }),
               "Error reading <" + path + "> :\n" + secondLine + "\n");
-    EXPECT_FALSE(result);
     EXPECT_EQ(document.root().name(), "kept");
 }
 

@@ -53,7 +53,7 @@ TEST_F(Fetch, bringsAMapImageOrSaysWhyNot) {
         {"http://10.9.8.7/far.png", "far.png", ": no answer", false},
         {"http://127.0.0.1/page.png", "new/good.png", ": ", true},
     };
-    std::string command = MAP " --width 320 --height 240 --map-image " + mDir.path("page.png") +
+    std::string command = MAP " --width 640 --height 480 --map-image " + mDir.path("page.png") +
                           mNoTiles + "--out " + mDir.path("map.png");
     for (const auto& row : rows) {
         command.append(" --fetch " + row.url + " " + mDir.path(row.file));

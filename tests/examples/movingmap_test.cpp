@@ -63,7 +63,7 @@ TEST(MovingMapText, IsRefusedWithItsLine) {
         {inAirspace, begun + "circle,1,2,0", "a.txt:2: radius '0'"},
         {inAirspace, begun + "arc,1,2,3", "a.txt:2: 'arc' is none of"},
         {inAirspace, "# 1\n" + begun + "point,1,2\npoint,1,3\n" + begun + "circle,1,2,3",
-         "a.txt:2: A needs a circle"},
+         "a.txt:2: an airspace needs a circle"},
         {parseBounds, "1,2,3,4,5", "expected south,west,north,east"},
         {parseBounds, "3,2,1,4", "south and west are below"},
         {parseBounds, "1,2,x,4", "latitude 'x'"},

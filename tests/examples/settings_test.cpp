@@ -26,7 +26,7 @@ protected:
     std::string map() const { return mMap + "--config " + mFile + " "; }
 
     const std::string mFile = mDir.path("map.xml");
-    const std::string mMap = PROGRAM " --width 320 --height 240" + mNoTiles;
+    const std::string mMap = PROGRAM " --width 640 --height 480" + mNoTiles;
 };
 
 bool same(const Image& one, const Image& other) {

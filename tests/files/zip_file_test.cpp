@@ -3,7 +3,6 @@
 
 #include "files/ZipReading.h"
 #include "support/Capture.h"
-#include "support/DataDir.h"
 #include "support/OpenFiles.h"
 
 namespace {
@@ -67,26 +66,6 @@ TEST(ZipFile, FindsNamesByteByByteAndTheFirstOfEqualOnes) {
         EXPECT_EQ(captureStdout([&] { EXPECT_EQ(readEntry(zip, name), std::nullopt); }), "");
     }
     EXPECT_EQ(readEntry(zip, "numbers.txt"), numbers()) << "not the empty one behind it";
-}
-
-TEST(ZipFile, CopiesKeepTheirOwnTable) {
-    ZipFile original(zipData("infozip.zip"));
-    ZipFile early = original;
-    original.getFiles();
-    const ZipFile late = original;
-    EXPECT_EQ(early.nrFiles(), 0U);
-    EXPECT_EQ(late.nrFiles(), 2U);
-}
-
-TEST(ZipFile, ReadsRealTiles) {
-    if (terrainDir().empty()) {
-        GTEST_SKIP() << "no real elevation tiles: reading them whole is left out";
-    }
-    ZipFile coast(terrainDir() + "/N48W125.SRTMGL1.hgt.zip");
-    const std::optional<std::string> tile = readFirst(coast);
-    ASSERT_TRUE(tile);
-    EXPECT_EQ(tile->size(), 3601U * 3601U * 2U);
-    EXPECT_EQ(coast.getFiles(), Names{"N48W125.hgt"});
 }
 
 }  // namespace

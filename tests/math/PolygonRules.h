@@ -8,31 +8,29 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdint>
 #include <vector>
 
 namespace OrlekTest::Rules {
 
 using Point = Orlek::Math::Vector2<double>;
 using Ring = std::vector<Point>;
-using Edge = std::array<std::uint32_t, 2>;
+using Edge = std::array<std::size_t, 2>;
 
 enum Operation { intersection = 0, unite = 1, difference = 2 };
 
 struct Node {
     Point point;
-    std::vector<std::uint32_t> successors;
+    std::vector<std::size_t> successors;
     bool visited = false;
 };
 
 struct Cross {
-    std::uint32_t index;
+    std::size_t index;
     Edge edgeA;
     double tA;
     Edge edgeB;
     double tB;
-    std::uint32_t node;
-    Orlek::Math::Vector2<float> point;
+    std::size_t node;
 };
 
 inline bool segmentsCross(Point p1, Point p2, Point p3, Point p4, Point& cross, double& t,
@@ -138,29 +136,25 @@ private:
     }
 
     void buildGraph(const Ring& other) {
-        const auto n = static_cast<std::uint32_t>(vertexes.size());
-        const auto m = static_cast<std::uint32_t>(other.size());
+        const std::size_t n = vertexes.size();
+        const std::size_t m = other.size();
         nodes.clear();
-        for (std::uint32_t i = 0; i < n; ++i)
+        for (std::size_t i = 0; i < n; ++i)
             nodes.push_back({vertexes[i], {(i + 1) % n}});
-        for (std::uint32_t j = 0; j < m; ++j)
+        for (std::size_t j = 0; j < m; ++j)
             nodes.push_back({other[j], {n + (j + 1) % m}});
         crosses.clear();
-        for (std::uint32_t i = 0; i < n; ++i)
-            for (std::uint32_t j = 0; j < m; ++j) {
+        for (std::size_t i = 0; i < n; ++i)
+            for (std::size_t j = 0; j < m; ++j) {
+                const Edge edgeA{i, (i + 1) % n};
+                const Edge edgeB{n + j, n + (j + 1) % m};
                 Point p;
                 double t = 0;
                 double s = 0;
-                if (!segmentsCross(vertexes[i], vertexes[(i + 1) % n], other[j], other[(j + 1) % m],
-                                   p, t, s))
+                if (!segmentsCross(nodes[edgeA[0]].point, nodes[edgeA[1]].point,
+                                   nodes[edgeB[0]].point, nodes[edgeB[1]].point, p, t, s))
                     continue;
-                crosses.push_back({static_cast<std::uint32_t>(crosses.size()),
-                                   {i, (i + 1) % n},
-                                   t,
-                                   {n + j, n + (j + 1) % m},
-                                   s,
-                                   static_cast<std::uint32_t>(nodes.size()),
-                                   {static_cast<float>(p.x), static_cast<float>(p.y)}});
+                crosses.push_back({crosses.size(), edgeA, t, edgeB, s, nodes.size()});
                 nodes.push_back({p, {}});
             }
     }
@@ -168,7 +162,7 @@ private:
     void insertNode(const Cross& c) {
         nodes[c.node].successors = {c.edgeA[1], c.edgeB[1]};
         for (const Edge& edge : {c.edgeA, c.edgeB})
-            for (std::uint32_t& next : nodes[edge[0]].successors)
+            for (std::size_t& next : nodes[edge[0]].successors)
                 if (next == edge[1])
                     next = c.node;
         for (Cross& k : crosses) {
@@ -185,18 +179,18 @@ private:
         }
     }
 
-    int nextUnvisitedCrossNode() const {
-        for (std::size_t i = 0; i < nodes.size(); ++i)
-            if (!nodes[i].visited && nodes[i].successors.size() > 1)
-                return static_cast<int>(i);
-        return -1;
+    std::size_t nextUnvisitedCrossNode() const {
+        std::size_t i = 0;
+        while (i < nodes.size() && (nodes[i].visited || nodes[i].successors.size() < 2))
+            ++i;
+        return i;
     }
 
     std::vector<Ring> walk(bool uniting) {
         std::vector<Ring> rings;
-        for (int start = nextUnvisitedCrossNode(); start >= 0; start = nextUnvisitedCrossNode()) {
+        std::size_t at = nextUnvisitedCrossNode();
+        for (; at < nodes.size(); at = nextUnvisitedCrossNode()) {
             Ring ring;
-            auto at = static_cast<std::uint32_t>(start);
             do {
                 Node& node = nodes[at];
                 node.visited = true;

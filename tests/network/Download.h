@@ -16,9 +16,7 @@ namespace OrlekTest {
 /// Runs `test` where nobody else listens on port 80, or skips the calling test.
 template <typename Function>
 void onPort80(Function&& test) {
-    if (const std::string refusal = inOwnNetwork(test); !refusal.empty()) {
-        GTEST_SKIP() << refusal << ": port 80 is left to others";
-    }
+    inOwnNetworkOrSkip(test, "port 80 is left to others");
 }
 
 inline const std::string untouched = "what the file held before";

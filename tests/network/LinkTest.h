@@ -58,10 +58,8 @@ protected:
     std::string received() const { return {payload.data(), header.length}; }
 
     void write(std::uint32_t id, const std::string& text) {
-        Orlek::Network::MsgHeader sent;
-        sent.id = id;
-        sent.length = static_cast<std::uint32_t>(text.size());
-        EXPECT_EQ(link.writePackage(text.data(), sent, sent.length), 0);
+        const auto length = static_cast<std::uint32_t>(text.size());
+        EXPECT_EQ(link.writePackage(text.data(), {.id = id, .length = length}, length), 0);
     }
 
     std::ptrdiff_t filesBefore = openFiles();

@@ -40,14 +40,6 @@ TEST(Http, RefusesControlCharactersOnly) {
     }
 }
 
-TEST(Http, BuildsTheRequest) {
-    EXPECT_EQ(httpRequest({"maps.example", "/a b"}),
-              "GET /a b HTTP/1.1\r\n"
-              "Host: maps.example\r\n"
-              "User-Agent: Orlek::Network.1.0\r\n"
-              "Accept: */*\r\n\r\n");
-}
-
 TEST(Http, FindsTheBody) {
     const std::vector<std::pair<std::string, std::string>> rows = {
         {"HTTP/1.1 200 OK\r\nA: b\r\n\r\nbody", "body"},

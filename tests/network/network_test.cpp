@@ -6,38 +6,33 @@
 #include <map>
 #include <regex>
 
-#include "platform/Interfaces.h"
 #include "support/Capture.h"
 #include "support/OpenFiles.h"
 #include "support/OwnNetwork.h"
 
 namespace {
 
+using namespace OrlekTest;
 using Hosts = Orlek::Network::Network;
-
-std::uint32_t addressOf(const std::string& dotted) {
-    return ntohl(inet_addr(dotted.c_str()));
-}
 
 TEST(NetworkNames, GivesTheAddressInHostOrder) {
     EXPECT_EQ(Hosts::getAddressFromName("127.0.0.1"), 0x7F000001U);
     EXPECT_EQ(Hosts::getAddressFromName("192.168.1.254"), 0xC0A801FEU);
     EXPECT_EQ(Hosts::getAddressFromName("localhost") >> 24U, 127U);
     // Known to the system, but without an IPv4 address: no message.
-    for (const char* name : {"::1", "0.0.0.0"}) {
-        EXPECT_EQ(OrlekTest::captureStderr(
-                      [&] { EXPECT_EQ(Hosts::getAddressFromName(name), 0U) << name; }),
-                  "")
-            << name;
-    }
+    EXPECT_EQ(captureStderr([] {
+                  EXPECT_EQ(Hosts::getAddressFromName("::1"), 0U);
+                  EXPECT_EQ(Hosts::getAddressFromName("0.0.0.0"), 0U);
+              }),
+              "");
 }
 
 TEST(NetworkNames, TellsWhyANameIsUnknown) {
     for (const std::string& name :
          {std::string(), std::string("256.1.1.1.1"), std::string("a b"), std::string(300, 'x'),
           std::string("127.0.0.1\0x", 11), std::string("no-such-host.invalid")}) {
-        const std::string text = OrlekTest::captureStderr(
-            [&] { EXPECT_EQ(Hosts::getAddressFromName(name), 0U) << name; });
+        const std::string text =
+            captureStderr([&] { EXPECT_EQ(Hosts::getAddressFromName(name), 0U) << name; });
         EXPECT_TRUE(std::regex_match(text, std::regex("getaddrinfo: [A-Z][A-Za-z ]+\n"))) << text;
     }
 }
@@ -49,21 +44,20 @@ TEST(NetworkNames, WritesAddressesAsText) {
     EXPECT_EQ(Hosts::getAddressString(0x57F000001), "127.0.0.1");
 }
 
-struct ListedAdapter {
-    std::uint32_t address;
-    std::uint32_t broadcast;
-    bool operator==(const ListedAdapter&) const = default;
-};
-using AdapterMap = std::map<std::string, ListedAdapter>;
+/// Address and broadcast address by name.
+using AdapterMap = std::map<std::string, std::pair<std::uint32_t, std::uint32_t>>;
 
 // The first IPv4 address of each interface but loopback, as another program tells it.
 AdapterMap adaptersOfIp() {
     const std::regex row(R"re("ifname":"([^"]+)"[^{]*"addr_info":\[\{"family":"inet",)re"
                          R"re("local":"([0-9.]+)","prefixlen":[0-9]+,"broadcast":"([0-9.]+)")re");
-    const std::string text = OrlekTest::shell("ip -j -4 addr");
+    const std::string text = shell("ip -j -4 addr");
     AdapterMap adapters;
     for (std::sregex_iterator match(text.begin(), text.end(), row), end; match != end; ++match) {
-        adapters[(*match)[1]] = {addressOf((*match)[2]), addressOf((*match)[3])};
+        const auto address = [&](std::size_t group) {
+            return ntohl(inet_addr(match->str(group).c_str()));
+        };
+        adapters[match->str(1)] = {address(2), address(3)};
     }
     return adapters;
 }
@@ -72,9 +66,7 @@ AdapterMap adaptersOfLibrary() {
     AdapterMap adapters;
     for (const Hosts::Adapter& adapter : Hosts::getNetworkAdapters()) {
         EXPECT_TRUE(
-            adapters
-                .try_emplace(adapter.name, ListedAdapter{adapter.address, adapter.broadcastAddress})
-                .second)
+            adapters.try_emplace(adapter.name, adapter.address, adapter.broadcastAddress).second)
             << adapter.name << " is listed twice";
         EXPECT_EQ(adapter.reserved, 0U);
     }
@@ -82,35 +74,26 @@ AdapterMap adaptersOfLibrary() {
 }
 
 TEST(NetworkAdapters, AreThoseTheSystemShows) {
-    const std::string refusal = OrlekTest::inOwnNetwork([] {
+    const auto compare = [] {
         EXPECT_TRUE(adaptersOfLibrary().empty()) << "only loopback is there";
-        OrlekTest::shell("ip link add left type veth peer name right");
-        OrlekTest::shell("ip addr add 10.1.2.3/20 brd + dev left");
-        OrlekTest::shell("ip addr add 10.9.9.9/24 brd + dev left label left:1");
-        OrlekTest::shell("ip addr add 192.168.7.9/25 brd + dev right");
+        shell("ip link add left type veth peer name right");
+        shell("ip addr add 10.1.2.3/20 brd + dev left");
+        shell("ip addr add 10.9.9.9/24 brd + dev left label left:1");
+        shell("ip addr add 192.168.7.9/25 brd + dev right");
         const AdapterMap expected = adaptersOfIp();
         ASSERT_EQ(expected.size(), 2U);
         EXPECT_EQ(adaptersOfLibrary(), expected);
-        EXPECT_EQ(expected.at("left"), (ListedAdapter{0x0A010203, 0x0A010FFF}));
-    });
-    if (!refusal.empty()) {
-        GTEST_SKIP() << refusal << ": the adapters of a network of its own are left out";
-    }
+        EXPECT_EQ(expected.at("left"), std::pair(0x0A010203U, 0x0A010FFFU));
+    };
+    inOwnNetworkOrSkip(compare, "the adapters of a network of its own are left out");
 }
 
 // Without a descriptor the system cannot be asked.
 TEST(NetworkAdapters, ReportsWhenTheSystemDoesNotTell) {
-    const std::string text = OrlekTest::captureStdout([] {
-        EXPECT_TRUE(OrlekTest::withDescriptors(
-            0, [] { EXPECT_TRUE(Hosts::getNetworkAdapters().empty()); }));
+    const std::string text = captureStdout([] {
+        EXPECT_TRUE(withDescriptors(0, [] { EXPECT_TRUE(Hosts::getNetworkAdapters().empty()); }));
     });
     EXPECT_EQ(text, "GetAdaptersInfo failed with error: 24\n");
-}
-
-TEST(Interfaces, KnowTheHostName) {
-    std::string name = OrlekTest::shell("uname -n");
-    name.pop_back();
-    EXPECT_EQ(Orlek::Detail::hostName(), name.substr(0, 79));
 }
 
 }  // namespace

@@ -24,10 +24,10 @@ std::string payloadOf(std::uint32_t id) {
 }
 
 std::string packageOf(std::uint32_t id) {
-    Orlek::Network::MsgHeader header;
-    header.id = id;
-    header.length = static_cast<std::uint32_t>(payloadOf(id).size());
-    return std::string(reinterpret_cast<const char*>(&header), sizeof(header)) + payloadOf(id);
+    const std::string payload = payloadOf(id);
+    const Orlek::Network::MsgHeader header{.id = id,
+                                           .length = static_cast<std::uint32_t>(payload.size())};
+    return std::string(reinterpret_cast<const char*>(&header), sizeof(header)) + payload;
 }
 
 class TcpSendTest : public LinkTest {

@@ -88,4 +88,12 @@ std::string inOwnNetwork(Function&& test) {
     return {};
 }
 
+/// The same, but skips the calling test where it cannot run, and says what is left out.
+template <typename Function>
+void inOwnNetworkOrSkip(Function&& test, const char* leftOut) {
+    if (const std::string refusal = inOwnNetwork(test); !refusal.empty()) {
+        GTEST_SKIP() << refusal << ": " << leftOut;
+    }
+}
+
 }  // namespace OrlekTest

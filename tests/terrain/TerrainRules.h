@@ -19,10 +19,7 @@ struct RuleTile {
     int numLon = 0;
     std::vector<std::int16_t> samples;
 
-    double s(int i, int j) const {
-        return samples[static_cast<std::size_t>(j) * static_cast<std::size_t>(numLat) +
-                       static_cast<std::size_t>(i)];
-    }
+    double s(int i, int j) const { return samples[static_cast<std::size_t>(j * numLat + i)]; }
 
     /// The nine cases, each as it is stated.
     double extrapolated(int i, int j) const {
@@ -65,13 +62,13 @@ struct RuleTile {
         return a + (b - a) * fu;
     }
 
-    static double cubic(const std::array<double, 4>& p, double t) {
+    static double cubic(const double (&p)[4], double t) {
         return (1.5 * p[1] - 0.5 * p[0] - 1.5 * p[2] + 0.5 * p[3]) * (t * t * t) +
                (p[0] - 2.5 * p[1] + 2.0 * p[2] - 0.5 * p[3]) * (t * t) +
                (0.5 * p[2] - 0.5 * p[0]) * t + p[1];
     }
 
-    static double cubicSlope(const std::array<double, 4>& p, double t) {
+    static double cubicSlope(const double (&p)[4], double t) {
         return 3.0 * (1.5 * p[1] - 0.5 * p[0] - 1.5 * p[2] + 0.5 * p[3]) * (t * t) +
                2.0 * (p[0] - 2.5 * p[1] + 2.0 * p[2] - 0.5 * p[3]) * t + (0.5 * p[2] - 0.5 * p[0]);
     }
@@ -95,18 +92,17 @@ struct RuleTile {
         }
         const double fu = (lat - (i * latSpacing + latOrigin)) / latSpacing;
         const double fv = (lon - (j * lonSpacing + lonOrigin)) / lonSpacing;
-        std::array<double, 4> c{};
-        std::array<double, 4> d{};
+        double c[4];
+        double d[4];
         for (int n = 0; n < 4; ++n) {
-            std::array<double, 4> line{};
-            std::array<double, 4> row{};
+            double line[4];
+            double row[4];
             for (int m = 0; m < 4; ++m) {
-                line[static_cast<std::size_t>(m)] =
-                    extrapolated(i - 1 + m, j - 1 + n) / latSpacingM;
-                row[static_cast<std::size_t>(m)] = extrapolated(i - 1 + n, j - 1 + m) / lonSpacingM;
+                line[m] = extrapolated(i - 1 + m, j - 1 + n) / latSpacingM;
+                row[m] = extrapolated(i - 1 + n, j - 1 + m) / lonSpacingM;
             }
-            c[static_cast<std::size_t>(n)] = cubic(line, fu);
-            d[static_cast<std::size_t>(n)] = cubic(row, fv);
+            c[n] = cubic(line, fu);
+            d[n] = cubic(row, fv);
         }
         const auto a = static_cast<float>(cubicSlope(c, fv));
         const auto b = static_cast<float>(cubicSlope(d, fu));

@@ -1,5 +1,7 @@
 // What orlek-tiles says about tiles: archives as four real writers make them, files that are cut or
 // lie, real tiles, and command lines that cannot be followed.
+#include <sys/stat.h>
+
 #include <map>
 
 #include "support/Capture.h"
@@ -108,7 +110,9 @@ TEST(TilesCheck, ExplainsFilesThatAreCutOrLie) {
         {"N18E006.hgt.zip", "damaged data",
          archiveOf(storedDeflate(samples.substr(1)), samples.size())},
         {"N95E006.hgt.zip", "no such cell", whole},
+        {"S91W181.hgt.zip", "no such cell", whole},
         {"W021N90.SRTMGL30.dem.zip", "no such cell", whole},
+        {"W020N90.SRTMGL30.dem.zip", "wrong name", whole},  // that of another kind
         {"fonts.zip", "wrong name", whole},
         {"N19E006.hgt.ZIP", "wrong extension", whole},
         {"N20E006.hgt", "not zipped", samples},
@@ -132,10 +136,15 @@ TEST(TilesCheck, ExplainsFilesThatAreCutOrLie) {
     std::filesystem::resize_file(dir.write("sparse.zip", ""), std::uintmax_t{1} << 40U);
     expected["sparse.zip"] = "wrong name";
 
+    std::filesystem::create_symlink("nowhere", dir.path("f.DT1"));
+    expected["f.DT1"] = "no file";
+    ASSERT_EQ(mkfifo(dir.path("N21E006.hgt.zip").c_str(), 0600), 0);
+    expected["N21E006.hgt.zip"] = "no file";
+
     const ToolRun checked = runTiles("check " + dir.path());
     EXPECT_EQ(checked.code, 1);
     EXPECT_EQ(reasons(checked.out), expected);
-    EXPECT_EQ(checked.err, "orlek-tiles: 1 good tiles, 21 bad\n") << "no progress bar into a file";
+    EXPECT_EQ(checked.err, "orlek-tiles: 1 good tiles, 25 bad\n") << "no progress bar into a file";
     EXPECT_NE(runTiles("check --verbose " + dir.path()).err.find("could not open data file <"),
               std::string::npos);
     EXPECT_NE(shell("script -qec \"$T check " + dir.path("e") + "\" /dev/null").out.find("100 %"),

@@ -1,6 +1,5 @@
 // Pictures that orlek-tiles draws, looked at pixel by pixel.
 #include "Png.h"
-#include "support/DataDir.h"
 #include "terrain/TileFiles.h"
 #include "tools/ToolRun.h"
 
@@ -59,20 +58,25 @@ TEST_F(TilesRender, PutsEachTileWhereItLies) {
     const Image part = readPng(out);
     EXPECT_EQ(std::pair(part.width, part.height), std::pair(64, 32));
     EXPECT_EQ(part.at(1, 1), sea);
+
+    writeTile(dir, 60, 20, [](int, int) { return 0; });
+    const std::string north = "--south 60 --north 61 --west 20 --east 21 --width 100";
+    EXPECT_EQ(render(north).out, out + "\t100x203\n") << "1 / cos 60.5 degrees";
+    EXPECT_EQ(readPng(out).at(50, 100), sea);
 }
 
-TEST_F(TilesRender, DrawsRealTerrain) {
-    if (terrainDir().empty()) {
-        GTEST_SKIP() << "no real elevation tiles: their picture is left out";
+TEST_F(TilesRender, GoesOnBeyondTheAntimeridian) {
+    writeTile(dir, 10, 179, [](int, int) { return 0; });
+    writeTile(dir, 10, -180, [](int, int) { return 600; });
+    for (const char* area : {"", "--west 179 --east -179", "--west 179", "--east -179"}) {
+        EXPECT_EQ(render(std::string("--width 200 ") + area).out, out + "\t200x102\n") << area;
+        const Image picture = readPng(out);
+        EXPECT_EQ(picture.at(50, 50), sea) << area;
+        EXPECT_NE(picture.at(150, 50), sea) << area;
+        EXPECT_FALSE(isHatch(picture.at(150, 50))) << area;
     }
-    const ToolRun run = runTiles("render " + terrainDir() + " --out " + out +
-                                 " --south 43 --west 7 --north 44 --east 8 --width 300");
-    EXPECT_EQ(run.code, 0) << run.err;
-    const Image image = readPng(out);
-    EXPECT_EQ(std::pair(image.width, image.height), std::pair(300, 414));
-    EXPECT_EQ(image.at(200, 300), sea);
-    EXPECT_NE(image.at(100, 60), sea);
-    EXPECT_FALSE(isHatch(image.at(100, 60)));
+    EXPECT_EQ(render("--west -179.75 --east -179.25 --width 64").code, 0);
+    EXPECT_NE(readPng(out).at(32, 32), sea);
 }
 
 TEST_F(TilesRender, SaysWhyThereIsNoPictureOrNotAllOfIt) {

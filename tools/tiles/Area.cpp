@@ -20,18 +20,29 @@ Area cellOf(const HeightTile& tile) {
                          : Area{south, west, south + 1.0, west + 1.0};
 }
 
-std::optional<Area> areaOfAll(const Inventory& inventory) {
+/// @param seam the meridian at which the globe is cut, 0 or -180
+std::optional<Area> areaOfAll(const Inventory& inventory, double seam) {
     std::optional<Area> all;
     for (const TileFile& file : inventory.files) {
         if (file.notTaken) {
             continue;
         }
-        const Area area = areaOf(file);
+        Area area = areaOf(file);
+        area = shifted(area, area.west < seam ? 360.0 : 0.0);
         all = all ? Area{std::min(all->south, area.south), std::min(all->west, area.west),
                          std::max(all->north, area.north), std::max(all->east, area.east)}
                   : area;
     }
     return all;
+}
+
+/// Whichever way round the globe is shorter.
+std::optional<Area> areaOfAll(const Inventory& inventory) {
+    const auto cutAtAntimeridian = areaOfAll(inventory, -180.0);
+    const auto cutAtGreenwich = areaOfAll(inventory, 0.0);
+    const auto width = [](const std::optional<Area>& area) { return area->east - area->west; };
+    return cutAtGreenwich && width(cutAtGreenwich) < width(cutAtAntimeridian) ? cutAtGreenwich
+                                                                              : cutAtAntimeridian;
 }
 
 void setBound(const Arguments& arguments, const std::string& option, double limit, double& bound) {
@@ -62,8 +73,21 @@ Area areaOf(const TileFile& file) {
     return area;
 }
 
-bool overlap(const Area& a, const Area& b) {
-    return a.south < b.north && b.south < a.north && a.west < b.east && b.west < a.east;
+Area shifted(Area area, double degreesEast) {
+    area.west += degreesEast;
+    area.east += degreesEast;
+    return area;
+}
+
+std::optional<double> shiftOnto(const Area& a, const Area& b) {
+    for (const double shift : {0.0, 360.0, -360.0}) {
+        const Area moved = shifted(a, shift);
+        if (moved.south < b.north && b.south < moved.north && moved.west < b.east &&
+            b.west < moved.east) {
+            return shift;
+        }
+    }
+    return std::nullopt;
 }
 
 Area chosenArea(const Arguments& arguments, const Inventory& inventory) {
@@ -79,15 +103,23 @@ Area chosenArea(const Arguments& arguments, const Inventory& inventory) {
     char bounds[128];
     std::snprintf(bounds, sizeof bounds, "south %g, west %g, north %g, east %g", all->south,
                   all->west, all->north, all->east);
+    for (double* const bound : {&area.west, &area.east}) {
+        if (all->east > 180.0 && *bound < all->west && *bound + 360.0 <= all->east) {
+            *bound += 360.0;
+        }
+    }
+    if (arguments.value("--west") && arguments.value("--east") && area.east < area.west) {
+        area.east += 360.0;
+    }
     // Where all bounds are given and are the wrong way round, the command line is at fault; a bound
     // beyond the tiles is not.
     if (!(area.south < area.north && area.west < area.east)) {
-        throw UsageError(std::string("south and west must lie below north and east; the tiles: ") +
+        throw UsageError(std::string("south and west must lie before north and east; the tiles: ") +
                          bounds);
     }
     const bool any = std::any_of(
         inventory.files.begin(), inventory.files.end(),
-        [&](const TileFile& file) { return !file.notTaken && overlap(areaOf(file), area); });
+        [&](const TileFile& file) { return !file.notTaken && shiftOnto(areaOf(file), area); });
     if (!any) {
         throw std::runtime_error(std::string("no tile lies in this area; the tiles: ") + bounds);
     }

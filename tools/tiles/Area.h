@@ -8,7 +8,7 @@
 
 namespace OrlekTiles {
 
-/// Between two parallels and two meridians, in degrees.
+/// Between two parallels and two meridians, in degrees. Beyond the antimeridian east is above 180.
 struct Area {
     double south = 0.0;
     double west = 0.0;
@@ -19,11 +19,16 @@ struct Area {
 /// What a tile covers of its cell.
 Area areaOf(const TileFile& file);
 
-bool overlap(const Area& a, const Area& b);
+Area shifted(Area area, double degreesEast);
 
-/// The area of --south, --west, --north and --east; a bound that is not given is that of all tiles
-/// that the library takes. Throws UsageError when a bound is no number on the globe or they are the
-/// wrong way round, std::runtime_error when no tile lies within.
+/// The shift by a turn or none that brings area @p a onto area @p b; nothing when they do not
+/// overlap.
+std::optional<double> shiftOnto(const Area& a, const Area& b);
+
+/// The area of --south, --west, --north and --east, across the antimeridian when west is given
+/// above east; a bound that is not given is that of all tiles that the library takes. Throws
+/// UsageError when a bound is no number on the globe or they are the wrong way round,
+/// std::runtime_error when no tile lies within.
 Area chosenArea(const Arguments& arguments, const Inventory& inventory);
 
 }  // namespace OrlekTiles

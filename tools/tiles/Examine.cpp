@@ -101,9 +101,14 @@ std::optional<Reason> examine(const TileFile& file) {
     if (auto reason = load(file)) {
         return reason;
     }
+    const TileGrid grid = file.tile->grid();
     file.tile->unload();
-    return file.format == TileFormat::dted ? checkRecords(file.path, file.tile->grid())
-                                           : checkCrc(file.path);
+    if (file.format == TileFormat::srtm) {
+        if (auto misfit = fitReason(grid, file.tile->lowRes())) {
+            return misfit;
+        }
+    }
+    return file.format == TileFormat::dted ? checkRecords(file.path, grid) : checkCrc(file.path);
 }
 
 }  // namespace OrlekTiles

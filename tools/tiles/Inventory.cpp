@@ -39,6 +39,14 @@ TileFile registered(std::string name) {
     return file;
 }
 
+/// What would be a tile by its name and is no file. The library passes over it in silence.
+TileFile noFile(std::string name) {
+    TileFile file;
+    file.path = std::move(name);
+    file.notTaken = Reason{"no file", "it is a link that leads nowhere, a pipe or a device"};
+    return file;
+}
+
 /// Of two tiles with one corner the library keeps the one listed last.
 void noteReplaced(std::vector<TileFile>& files) {
     std::map<std::pair<bool, TileKey>, TileFile*> latest;
@@ -68,6 +76,11 @@ Inventory takeInventory(const std::string& directory) {
     for (std::string& path : listing.files) {
         inventory.files.push_back(registered(std::move(path)));
     }
+    for (std::string& path : listing.others) {
+        if (looksLikeTile(path)) {
+            inventory.files.push_back(noFile(std::move(path)));
+        }
+    }
     noteReplaced(inventory.files);
     std::sort(inventory.files.begin(), inventory.files.end(),
               [](const TileFile& a, const TileFile& b) { return a.path < b.path; });
@@ -76,7 +89,10 @@ Inventory takeInventory(const std::string& directory) {
 
 bool canBeAsked(const HeightTile& tile) {
     const TileKey key = tile.key();
-    const bool onGlobe = latIndexOf(key) < 180 && lonIndexOf(key) < 360;
+    // Keys of corners beyond the south pole and the antimeridian are those of cells on the globe.
+    const TileGrid& grid = tile.grid();
+    const bool onGlobe = latIndexOf(key) < 180 && lonIndexOf(key) < 360 &&
+                         grid.latOrigin >= -90.0 && grid.lonOrigin >= -180.0;
     return onGlobe && (!tile.lowRes() || lowResKey(key) == key);
 }
 

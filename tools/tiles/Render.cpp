@@ -56,7 +56,7 @@ int sampleTiles(const Inventory& inventory, const Area& area, Size size,
     int bad = 0;
     for (std::size_t i = 0; i < inventory.files.size(); ++i) {
         const TileFile& file = inventory.files[i];
-        if (!file.notTaken && overlap(areaOf(file), area)) {
+        if (!file.notTaken && shiftOnto(areaOf(file), area)) {
             if (const std::optional<Reason> reason = sampler.add(file)) {
                 progress.hide();
                 Console::note(file.path + ": " + reason->word + ": " + reason->text);

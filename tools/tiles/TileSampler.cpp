@@ -24,6 +24,10 @@ SampleGrid gridOf(const Area& area, int width, int height, double metresPerTexel
     return grid;
 }
 
+double onGlobe(double lon) {
+    return lon > 180.0 ? lon - 360.0 : lon;
+}
+
 /// The texels along an axis that may lie between two bounds, with one to spare at either end.
 int texel(double bound, double low, double high, int count, double spare) {
     const double at = (bound - low) / (high - low) * count + spare;
@@ -67,15 +71,16 @@ TileSampler::Range TileSampler::rowsOf(const Area& area) const {
 bool TileSampler::owns(const HeightTile& tile, int column, int row) const {
     const double lat = mArea.south + (mArea.north - mArea.south) * (row + 0.5) / mHeight;
     const double lon = mArea.west + (mArea.east - mArea.west) * (column + 0.5) / mWidth;
-    const TileKey key = queryKey(lat, lon);
+    const TileKey key = queryKey(lat, onGlobe(lon));
     return tile.lowRes() ? lowResKey(key) == tile.key() && !mHighCells.contains(key)
                          : key == tile.key();
 }
 
 void TileSampler::sample(const HeightTile& tile, Range columns, int row) {
     const auto ground = [&tile](const Position& at, PackedNormal& normal, double& heightM) {
-        return tile.normal(at.lat, at.lon, normal.x, normal.y, normal.z) &&
-               tile.altitude(at.lat, at.lon, heightM);
+        const double lon = onGlobe(at.lon);
+        return tile.normal(at.lat, lon, normal.x, normal.y, normal.z) &&
+               tile.altitude(at.lat, lon, heightM);
     };
     for (int column = columns.first; column < columns.end; ++column) {
         if (owns(tile, column, row)) {
@@ -90,9 +95,11 @@ std::optional<Reason> TileSampler::add(const TileFile& file) {
         return reason;
     }
     HeightTile& tile = *file.tile;
-    const Range rows = rowsOf(areaOf(file));
+    const Area area = areaOf(file);
+    const Range columns = columnsOf(shifted(area, shiftOnto(area, mArea).value_or(0.0)));
+    const Range rows = rowsOf(area);
     for (int row = rows.first; row < rows.end; ++row) {
-        sample(tile, columnsOf(areaOf(file)), row);
+        sample(tile, columns, row);
     }
     tile.unload();
     return std::nullopt;

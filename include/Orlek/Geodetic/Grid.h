@@ -4,8 +4,8 @@
 /// Conversions between positions and a local flat grid or an earth-centred frame.
 ///
 /// Latitudes and longitudes are in degrees, north and east positive; coordinates in metres.
-/// Arguments are not checked: a reference at a pole gives infinite or NaN results. All functions
-/// may be called from any thread.
+/// Arguments are not checked: a reference at a pole gives longitudes without meaning, huge ones
+/// mostly. All functions may be called from any thread.
 
 #include <Orlek/Export.h>
 

@@ -5,8 +5,8 @@
 ///
 /// Latitudes and longitudes are in degrees, north and east positive; bearings and courses in
 /// degrees clockwise from north; distances in metres. Arguments are not checked: a latitude beyond
-/// 90 degrees gives results without meaning; a pole where a longitude is asked for, or a value that
-/// is not finite, infinite or NaN ones (0 from calcBearing()).
+/// 90 degrees gives results without meaning, and so does a pole where a longitude is asked for,
+/// which may be huge; a value that is not finite gives infinite or NaN ones (0 from calcBearing()).
 ///
 /// Two kinds of earth serve: great circles on a sphere for bearing and distance, and the flat grid
 /// of latLong2Grid() with 111319.49079327358 metres per degree for the rest, which is good for the

@@ -50,7 +50,8 @@ ORLEK_EXPORT std::vector<Math::Vector2<double>> calcFlyByPoints(Math::Vector2<do
 /// @return the waypoint, then points on the arc at every degree up to where the tangent to the next
 ///         point leaves it, the last at or up to a degree beyond. The waypoint alone when there is
 ///         no such arc: radius below 1 mm, a leg shorter than 1 m, a change of course below 3
-///         degrees, a next point inside the circle of the turn, or points that are not finite.
+///         degrees, a next point inside the circle of the turn, a point that is NaN or a next point
+///         at infinity.
 ORLEK_EXPORT std::vector<Math::Vector2<double>> calcFlyOverPoints(Math::Vector2<double> previous,
                                                                   Math::Vector2<double> waypoint,
                                                                   Math::Vector2<double> next,

@@ -59,8 +59,8 @@ public:
     /// must live as long as the disc is drawn with them. Null: solid.
     void setPattern(unsigned char* pattern);
 
-    /// Deletes the GL objects; the disc remains and the next render() creates the objects anew. To
-    /// be called before the context goes away.
+    /// Deletes the GL objects unless a copy still draws with them; the disc remains and the
+    /// next render() creates the objects anew. To be called before the context goes away.
     void clear();
 
     /// Draws with the current matrix. Without a disc nothing happens. Blending by alpha is on and

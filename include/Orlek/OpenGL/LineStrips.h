@@ -78,8 +78,8 @@ public:
     /// Removes all vertices, colours and strips.
     void clearVertex();
 
-    /// Deletes the GL objects; the strips remain and the next render() creates the objects anew.
-    /// To be called before the context goes away.
+    /// Deletes the GL objects unless a copy still draws with them; the strips remain and the
+    /// next render() creates the objects anew. To be called before the context goes away.
     void clear();
 
     /// @param color red, green, blue, alpha, 0 to 1. Alpha takes effect with antialiasing.

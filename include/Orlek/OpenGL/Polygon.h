@@ -42,8 +42,8 @@ public:
     /// Removes all filled outlines.
     void clearVertex();
 
-    /// Deletes the GL objects; the outlines remain and the next render() creates the objects anew.
-    /// To be called before the context goes away.
+    /// Deletes the GL objects unless a copy still draws with them; the outlines remain and the
+    /// next render() creates the objects anew. To be called before the context goes away.
     void clear();
 
     /// @param color red, green, blue, alpha, 0 to 1.

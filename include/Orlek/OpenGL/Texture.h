@@ -98,8 +98,8 @@ public:
     /// Removes all vertices, the quad too. Image and GL objects remain.
     void clearVertex();
 
-    /// Deletes the GL objects, with them the image, and removes all vertices. Colour, mipmap and
-    /// wrap settings remain; load() starts again.
+    /// Deletes the GL objects, with them the image, unless a copy still draws with them, and
+    /// removes all vertices. Colour, mipmap and wrap settings remain; load() starts again.
     void clear();
 
     /// Draws all strips with the current matrix; nothing without vertices or image. Leaves blending

@@ -67,8 +67,9 @@ public:
     /// Removes all vertices.
     void clearVertex();
 
-    /// Deletes the GL objects (the colour map is the application's). Vertices and parameters
-    /// remain: after load() and loadNormals() the next render() draws again.
+    /// Deletes the GL objects unless a copy still draws with them (the colour map is the
+    /// application's). Vertices and parameters remain: after load() and loadNormals() the next
+    /// render() draws again.
     void clear();
 
     /// Makes the map texture and releases an earlier one. An image larger than the largest

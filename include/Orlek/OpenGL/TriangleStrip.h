@@ -76,8 +76,8 @@ public:
     /// @param pattern 128 bytes, read and not kept. Null: solid.
     void setPattern(unsigned char* pattern);
 
-    /// Deletes the GL objects; the vertices remain and the next render() creates the objects anew.
-    /// To be called before the context goes away.
+    /// Deletes the GL objects unless a copy still draws with them; the vertices remain and the
+    /// next render() creates the objects anew. To be called before the context goes away.
     void clear();
 
     /// Draws with the current matrix. With fewer than 2 vertices nothing happens. Blending by alpha

@@ -75,7 +75,8 @@ public:
     /// Removes all vertices, the quad too. Picture and GL objects remain.
     void clearVertex();
 
-    /// Deletes the GL objects, with them the picture; init() starts again.
+    /// Deletes the GL objects, with them the picture, unless a copy still draws with them; init()
+    /// starts again.
     void clear();
 
     /// Draws the picture with the current matrix; nothing without vertices or before init(). Leaves

