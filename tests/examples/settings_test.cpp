@@ -107,7 +107,7 @@ TEST_F(Settings, haveColoursAndPathsBesideTheFile) {
     mDir.write("a.txt", "airspace,A,restricted,GND,FL95\ncircle,36.3,-84.25,5\n");
     const std::string route =
         group("Colours", "route", "#00ff10") + group("Map", "route", "north.txt");
-    const std::string view = " --along 3 --range 1 --width 640 --height 480";
+    const std::string view = " --along 3 --range 1";
     const Image image = draw(map(route + group("Map", "airspace", "a.txt")) + view);
     EXPECT_EQ(image.at(320, 196 - 60), (std::array<int, 4>{0, 255, 16, 255}));
     EXPECT_FALSE(same(image, draw(map(route) + view)));

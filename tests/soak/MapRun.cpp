@@ -52,8 +52,8 @@ MovingMap::Options optionsOf(const Plan& plan, const TempDir& dir, bool tcp) {
     MovingMap::Options options;
     options.config = dir.path("map.xml");
     options.font = "/usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf";
-    options.feed = MovingMap::parseFeedUrl(tcp ? "tcp://127.0.0.1:" + std::to_string(plan.tcpPort)
-                                               : "udp://:" + std::to_string(plan.udpPort));
+    options.feed =
+        MovingMap::parseFeedUrl((tcp ? "tcp://127.0.0.1:" : "udp://:") + std::to_string(plan.port));
     options.feedOldS = 3.0;
     options.alongMiles = 5.0;
     options.rangeM = nearM;
@@ -207,7 +207,7 @@ void MapRun::drain(Sent& sent) {
     mFigures.rounds = sent.tcpRounds + sent.udpRounds;
     mFigures.connections = sent.connections;
     mFigures.datagramFaults = mDatagramOrder.faults();
-    mFigures.dropped = droppedDatagrams(mPlan.udpPort);
+    mFigures.dropped = droppedDatagrams(mPlan.port);
     mFigures.faults +=
         mPackageOrder.faults() + mPackages.scene().live->ignored + mDatagrams.scene().live->ignored;
 }

@@ -21,8 +21,7 @@ struct Plan {
     std::chrono::steady_clock::duration period{std::chrono::minutes(1)};
     int width = 480;
     int height = 320;
-    int tcpPort = 0;
-    int udpPort = 0;
+    int port = 0;         ///< Of the packages and of the datagrams.
     std::string picture;  ///< Where the last one goes; empty: nowhere.
 };
 

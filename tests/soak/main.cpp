@@ -14,6 +14,7 @@
 #include <string>
 
 #include "MapRun.h"
+#include "network/PlainPeer.h"
 
 namespace {
 
@@ -41,19 +42,6 @@ bool parse(int argc, char** argv, Plan& plan) {
     return argc % 2 == 1;
 }
 
-/// The first port that is free, from one that differs from process to process; datagrams go to the
-/// next one.
-bool listenSomewhere(Orlek::Network::SocketTcpServer& server, Plan& plan) {
-    plan.tcpPort = 20000 + getpid() % 10000;
-    for (int attempt = 0; attempt < 100; ++attempt, plan.tcpPort += 2) {
-        plan.udpPort = plan.tcpPort + 1;
-        if (server.init(plan.tcpPort)) {
-            return true;
-        }
-    }
-    return false;
-}
-
 bool run(const Plan& plan, Sent& sent, std::FILE* out) {
     OrlekTest::MapRun map(plan);
     std::fprintf(out, "%d x %d pixels, %lld s\n", plan.width, plan.height,
@@ -78,7 +66,8 @@ int main(int argc, char** argv) {
     Orlek::Network::SocketTcpServer server;
     void* memory =
         mmap(nullptr, sizeof(Sent), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-    if (out == nullptr || memory == MAP_FAILED || !listenSomewhere(server, plan)) {
+    plan.port = OrlekTest::PlainPeer::listening().port();  // free again at once
+    if (out == nullptr || memory == MAP_FAILED || !server.init(plan.port)) {
         std::perror("cannot start");
         return 1;
     }
@@ -89,7 +78,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     if (sender == 0) {
-        OrlekTest::sendFeeds(server, plan.udpPort, plan.period, *sent);
+        OrlekTest::sendFeeds(server, plan.port, plan.period, *sent);
         server.closeConnection();
         std::exit(0);
     }
