@@ -195,8 +195,14 @@ void sendNoise(const PlainPeer& peer, Process& drawing) {
 TEST_F(LiveMap, survivesABadPeerAndFindsTheNextOnes) {
     PlainPeer server = PlainPeer::listening(mPort);
     Process drawing(map("tcp://127.0.0.1:" + std::to_string(mPort)), mDir.path("drawn"));
-    for (const std::string bad : {"10", "20"}) {
+    for (const std::string bad : {"12", "24"}) {
         const PlainPeer peer = server.accepted();
+        // Ids that look like what a connection without packages, or none, returns.
+        for (const std::uint32_t id : {0xFFFFFFFFU, 0xFFFFFFFEU}) {
+            Orlek::Network::MsgHeader header;
+            header.id = id;
+            peer.send({reinterpret_cast<const char*>(&header), sizeof header});
+        }
         for (const FeedMessage& message : badMessages()) {
             peer.send(bytesOf(message));
         }
@@ -206,7 +212,7 @@ TEST_F(LiveMap, survivesABadPeerAndFindsTheNextOnes) {
     server.close();
     {
         Process sending(sender(mPort, 0), mDir.path("sender"));
-        expectLiveNext(drawing, "20");
+        expectLiveNext(drawing, "24");
         EXPECT_EQ(sending.stop(SIGTERM), 0);
     }
     const std::string gone = waitForAge(drawing, 3);
@@ -217,7 +223,7 @@ TEST_F(LiveMap, survivesABadPeerAndFindsTheNextOnes) {
         EXPECT_EQ(countNear(image, place, isCyan), 0);
     }
     Process sending(sender(mPort, 0), mDir.path("sender"));
-    expectLiveNext(drawing, "20");
+    expectLiveNext(drawing, "24");
 }
 
 }  // namespace

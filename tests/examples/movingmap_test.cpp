@@ -2,6 +2,7 @@
 // the picture, labels, figures and holes in the terrain.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <sstream>
@@ -20,8 +21,13 @@
 #include "RouteFile.h"
 #include "RouteLayer.h"
 #include "ScaleBar.h"
+#include "Terrain.h"
+#include "TrafficState.h"
 #include "Units.h"
 #include "Voids.h"
+#include "support/Capture.h"
+#include "terrain/ScannedMap.h"
+#include "terrain/TileFiles.h"
 
 namespace {
 
@@ -50,9 +56,13 @@ TEST(MovingMapText, IsRefusedWithItsLine) {
         {inRoute, "A,1,2", "r.txt:3: expected name"},
         {inRoute, ",1,2,flyby", "r.txt:3: a name has"},
         {inRoute, "A name of more than twenty-four letters,1,2,flyby", "r.txt:3: a name has"},
-        {inRoute, "A,91,2,flyby", "r.txt:3: latitude '91'"},
+        {inRoute, "A,86,2,flyby", "r.txt:3: latitude '86'"},
         {inRoute, "A,nan,2,flyby", "r.txt:3: latitude 'nan'"},
         {inRoute, "A,1,2,flyunder", "r.txt:3: 'flyunder' is neither"},
+        {inRoute, "\xD0\x96,1,2,flyby", "r.txt:3: '\xD0\x96' has letters other"},
+        {inRoute, "Z\xFCrich,1,2,flyby", "r.txt:3: 'Z\xFCrich' has letters other"},
+        {inRoute, "A\x1B[2J,1,2,flyby", "r.txt:3: 'A?[2J' has control"},
+        {inRoute, "A\xC2\x9B,1,2,flyby", "r.txt:3: 'A?\x9B' has control"},
         {inRoute, "A,1,2,flyby,-1", "r.txt:3: turn radius '-1'"},
         {inRoute, "", "r.txt: a route needs at least two"},
         {readRouteFile, "/dev/zero", "no route file"},
@@ -104,6 +114,33 @@ TEST(MovingMapRoute, FliesByAndOverAndKnowsWhereItIs) {
     const RouteLine line = projectRoute(path, view, 5000.0);
     EXPECT_NEAR(line.flown.back().x, -50.0, 1e-6) << "east is up";
     EXPECT_NEAR(line.ahead.front().x, -50.0, 1e-6);
+}
+
+TEST(MovingMapRoute, KnowsNamesInLatin1AndHasAnEnd) {
+    EXPECT_EQ(route("Z\xC3\xBCrich,1,2,flyby\nB,1,3,flyby")[0].name, "Z\xFCrich");
+    std::string longest;
+    for (int i = 0; i < 1000; ++i) {
+        longest += "A,1,2,flyby\n";
+    }
+    EXPECT_EQ(route(longest).size(), 1000U);
+    EXPECT_THROW(route(longest + "A,1,2,flyby"), std::runtime_error);
+}
+
+TEST(MovingMapRoute, CrossesTheAntimeridianTheShortWay) {
+    const RoutePath path = flyRoute(route("A,60,179.5,flyby\nB,60,-179.5,flyby"), 1000.0);
+    EXPECT_NEAR(path.lengthM(), 111319.5 / 2.0, 1.0);
+    const PathState state = stateAt(path, path.lengthM() * 0.75);
+    EXPECT_NEAR(state.position.lon, -179.75, 1e-9);
+    EXPECT_NEAR(state.headingDeg, 90.0, 1e-9);
+    EXPECT_NEAR(alongAt(path, {60.0, -179.9}, 1.0).value(), 0.6 * path.lengthM(), 1.0);
+    EXPECT_FALSE(alongAt(path, {60.0, 0.0}, 1000.0));
+    const Point middle(100.0, 100.0);
+    const MapView near({60.0, 179.75}, 1000.0, 0.0, middle, middle);
+    EXPECT_NEAR(near.toScreen({60.0, -179.75}).x, 100.0 + 111.3195 / 4.0, 0.01);
+    const RouteLine beyond =
+        projectRoute(path, MapView({60.0, 0.0}, 1000.0, 0.0, middle, middle), path.lengthM() / 4.0);
+    EXPECT_NEAR(beyond.ahead.back().x - beyond.flown.front().x, 111.3195 / 2.0, 0.01)
+        << "in one piece on the other side of the globe, too";
 }
 
 // Turns that are too wide for a short leg share it: the path never turns back on itself.
@@ -263,6 +300,47 @@ TEST(MovingMapVoids, AreHatchedAndLakesAreNot) {
         EXPECT_EQ(image.cover[3], 0) << "land";
         EXPECT_EQ(image.complete, !isHole);
     }
+}
+
+TEST(MovingMapVoids, LeaveTheGroundUnknown) {
+    const OrlekTest::TempDir dir;
+    OrlekTest::DtedLabel label = OrlekTest::dtedLabelAt(46, 7);
+    label.numLat = label.numLon = "1201";
+    label.latInterval = label.lonInterval = "0030";
+    dir.write("a.DT1", OrlekTest::dtedFile(label, [](int i, int j) {
+                  const double hole = std::hypot(i - 600, j - 600);
+                  const double shore = std::hypot(i - 200, j - 200) - 20.0;
+                  return hole < 20.0 ? -32767 : std::clamp(static_cast<int>(shore * 20.0), 0, 1500);
+              }));
+    Orlek::Geodetic::HeightMap terrain;
+    OrlekTest::captureStdout([&] { OrlekTest::scan(terrain, dir.path()); });
+    EXPECT_FALSE(groundAt(terrain, {46.5, 7.5}).known);
+    for (const auto& [place, height] :
+         {std::pair(Position{46.7, 7.2}, 1500.0),
+          {Position{46.0 + 200.0 / 1200.0, 7.0 + 200.0 / 1200.0}, 0.0}}) {
+        const Ground ground = groundAt(terrain, place);
+        EXPECT_TRUE(ground.known);
+        EXPECT_EQ(ground.heightM, height);
+    }
+    EXPECT_FALSE(groundAt(terrain, {47.5, 7.5}).known) << "no tile";
+}
+
+TEST(MovingMapTraffic, KeepsTheNearestOfTooManyTargets) {
+    TrafficState traffic(15.0);
+    const auto hear = [&](std::uint32_t number, double lon) {
+        traffic.take(TargetMessage{10.0, lon, 0, 0, 0, 0, number, "A"}, 1.0);
+    };
+    traffic.take(OwnShipMessage{10.0, 179.9, 0, 0, 0, 0}, 1.0);
+    for (std::uint32_t number = 0; number < 200; ++number) {
+        hear(number, 170.0 + number * 0.01);
+    }
+    EXPECT_FALSE(traffic.tooManyS());
+    hear(1000, -179.9);
+    hear(1001, 0.0);
+    EXPECT_EQ(traffic.targets().size(), 200U);
+    EXPECT_TRUE(traffic.targets().contains(1000));
+    EXPECT_FALSE(traffic.targets().contains(0) || traffic.targets().contains(1001));
+    EXPECT_EQ(traffic.tooManyS(), 1.0);
 }
 
 }  // namespace
