@@ -66,8 +66,9 @@ public:
     /// with a coordinate that is not finite, and for one of more than 1,000 corners that crosses
     /// itself so often, or has so many long edges side by side, that it would take minutes (3,000
     /// corners at random, a comb of 130,000, for example). Along each axis corners count as one
-    /// that differ by less than the 2^-26th part of the greatest coordinate. Otherwise what the
-    /// tessellator complains about is left out.
+    /// that differ by less than the 2^-26th part of the greatest coordinate; the 2^-17th part where
+    /// more than a thousand crossings lie hardly apart. Otherwise what the tessellator complains
+    /// about is left out.
     TessPolygon tesselate();
 
 private:

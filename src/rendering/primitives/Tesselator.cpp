@@ -1,15 +1,20 @@
 // GLU calls back with plain C functions, so the result under construction is static.
+//
+// Where edges cross, GLU calculates new corners in floating point. Behind some crossings it finds
+// their order changed, and goes on in steps of the last bit of a coordinate, for minutes or without
+// end. An outline that crosses itself nowhere but in corners leaves it nothing to calculate but
+// signs, of whole numbers that doubles hold exactly.
 #include <GL/glu.h>
 #include <Orlek/OpenGL/Tesselator.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <memory>
 #include <utility>
 
 #include "rendering/geometry/OutlineWork.h"
 #include "rendering/geometry/Positions.h"
+#include "rendering/geometry/SweepOutline.h"
 
 namespace Orlek::OpenGL {
 
@@ -33,39 +38,6 @@ constexpr std::size_t fewCorners = 1000;
 bool isFinite(const Math::Vector3<float>& p) {
     return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
 }
-
-// GLU goes round in circles when its sweep meets edges whose lengths differ by dozens of powers of
-// ten: what it computes of the one is less than the rounding of the other. It is given the corners
-// on a grid, along each axis so fine that floats of the outline's size lie on it, and so coarse
-// that doubles can tell exactly on which side of an edge a corner lies; in its answer the corners
-// are the outline's own. Axes differ without harm: the sweep never mixes them.
-class CornerGrid {
-public:
-    explicit CornerGrid(const std::vector<Math::Vector3<float>>& outline) {
-        Math::Vector3<float> extent;
-        for (const auto& p : outline) {
-            extent.x = std::max(extent.x, std::fabs(p.x));
-            extent.y = std::max(extent.y, std::fabs(p.y));
-            extent.z = std::max(extent.z, std::fabs(p.z));
-        }
-        mUnits = {unitOf(extent.x), unitOf(extent.y), unitOf(extent.z)};
-    }
-
-    std::array<double, 3> onGrid(const Math::Vector3<float>& p) const {
-        return {rounded(p.x, mUnits[0]), rounded(p.y, mUnits[1]), rounded(p.z, mUnits[2])};
-    }
-
-private:
-    static double unitOf(float extent) {
-        constexpr int bits = 25;
-        return extent > 0.0F ? std::ldexp(1.0, std::ilogb(extent) - bits) : 1.0;
-    }
-    static double rounded(float coordinate, double unit) {
-        return std::nearbyint(coordinate / unit) * unit;
-    }
-
-    std::array<double, 3> mUnits;
-};
 
 // GLU loops or crashes on coordinates that are not finite, and takes hours and all memory when
 // thousands of edges cross each other.
@@ -117,13 +89,12 @@ Tesselator::TessPolygon Tesselator::tesselate() {
 
     gluTessBeginPolygon(tess.get(), nullptr);
     gluTessBeginContour(tess.get());
+    const std::vector<Detail::OutlineCorner> corners = Detail::sweepOutline(mVertices);
     mCoords.clear();
-    mCoords.reserve(mVertices.size());  // GLU keeps pointers to them
-    const CornerGrid grid(mVertices);
-    for (const Math::Vector3<float>& p : mVertices) {
-        auto place = grid.onGrid(p);
-        gluTessVertex(tess.get(), place.data(),
-                      mCoords.emplace_back(Coordinates{p.x, p.y, p.z}).data());
+    mCoords.reserve(corners.size());  // GLU keeps pointers to them
+    for (const auto& [at, place] : corners) {
+        Coordinates location{static_cast<double>(at.s), static_cast<double>(at.t), 0.0};
+        gluTessVertex(tess.get(), location.data(), mCoords.emplace_back(place).data());
     }
     gluTessEndContour(tess.get());
     gluTessEndPolygon(tess.get());
@@ -144,11 +115,19 @@ void Tesselator::vertexCB(double* v) {
     ++mStartPos;
 }
 
-void Tesselator::combineCB(double coords[3], double* /*vertexData*/[4], float /*weight*/[4],
+// Either two corners that lie in one place or the four ends of edges that cross. What GLU has as
+// the place is that on the grid.
+void Tesselator::combineCB(double* /*coords*/, double* vertexData[4], float weight[4],
                            double** outData) {
     mAllocatedVertices.push_back(std::make_unique<double[]>(3));
-    *outData = mAllocatedVertices.back().get();
-    std::copy_n(coords, 3, *outData);
+    double* const place = mAllocatedVertices.back().get();
+    *outData = place;
+    const bool crossing = vertexData[2] != nullptr;
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        for (std::size_t i = 0; i < (crossing ? 4 : 1); ++i) {
+            place[axis] += vertexData[i][axis] * (crossing ? double{weight[i]} : 1.0);
+        }
+    }
 }
 
 void Tesselator::endCB() {}

@@ -1,0 +1,245 @@
+// Where edges cross they get a corner, at the point of the grid next to the crossing (snap
+// rounding: Hobby, Practical segment intersection with finite precision output, 1999). That bends
+// the edges by less than a step, which can make new crossings, so it is done until there are none.
+// It comes to an end, as each part of an edge lies in a smaller box of the grid than the whole one.
+// All decisions are made in whole numbers of at most 56 bits.
+#include "rendering/geometry/SweepOutline.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+
+namespace Orlek::Detail {
+
+namespace {
+
+using Place = std::array<double, 3>;
+using Corner = Math::Vector3<float>;
+using Corners = std::vector<OutlineCorner>;
+using Outline = std::span<const Corner>;
+
+Place placeOf(const Math::Vector3<float>& p) {
+    return {p.x, p.y, p.z};
+}
+
+Place difference(const Place& a, const Place& b) {
+    return {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
+}
+
+Place crossProduct(const Place& a, const Place& b) {
+    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
+}
+
+double squaredLength(const Place& a) {
+    return a[0] * a[0] + a[1] * a[1] + a[2] * a[2];
+}
+
+std::size_t longAxis(const Place& a) {
+    const std::size_t longest = std::fabs(a[1]) > std::fabs(a[0]) ? 1 : 0;
+    return std::fabs(a[2]) > std::fabs(a[longest]) ? 2 : longest;
+}
+
+// The axis to look along: that of the normal of a large triangle over the longest extent.
+std::size_t viewAxis(Outline outline) {
+    const auto [lowX, highX] = std::ranges::minmax_element(outline, {}, &Corner::x);
+    const auto [lowY, highY] = std::ranges::minmax_element(outline, {}, &Corner::y);
+    const auto [lowZ, highZ] = std::ranges::minmax_element(outline, {}, &Corner::z);
+    if (lowZ->z == highZ->z) {
+        return 2;
+    }
+    const std::array<Place, 3> extents{difference(placeOf(*highX), placeOf(*lowX)),
+                                       difference(placeOf(*highY), placeOf(*lowY)),
+                                       difference(placeOf(*highZ), placeOf(*lowZ))};
+    const std::size_t longest = longAxis({extents[0][0], extents[1][1], extents[2][2]});
+    const Place from = placeOf(longest == 0 ? *lowX : longest == 1 ? *lowY : *lowZ);
+    Place normal{};
+    for (const Corner& corner : outline) {
+        const Place n = crossProduct(extents[longest], difference(placeOf(corner), from));
+        normal = squaredLength(n) > squaredLength(normal) ? n : normal;
+    }
+    return longAxis(normal);
+}
+
+std::int32_t rounded(double value) {
+    return static_cast<std::int32_t>(std::lrint(value));
+}
+
+// Coordinates along one axis of the grid.
+class GridAxis {
+public:
+    GridAxis(Outline outline, float Corner::*axis, int bits) : mAxis(axis) {
+        float extent = 0.0F;
+        for (const Corner& corner : outline) {
+            extent = std::max(extent, std::fabs(corner.*axis));
+        }
+        mStepsPerUnit = extent > 0.0F ? std::ldexp(1.0, bits - 1 - std::ilogb(extent)) : 1.0;
+    }
+
+    std::int32_t of(const Corner& corner) const {
+        return rounded(double{corner.*mAxis} * mStepsPerUnit);
+    }
+
+private:
+    float Corner::*mAxis;
+    double mStepsPerUnit;
+};
+
+Corners onGrid(Outline outline, int bits) {
+    constexpr std::array axes{&Corner::x, &Corner::y, &Corner::z};
+    const std::size_t view = viewAxis(outline);
+    const GridAxis s(outline, axes[(view + 1) % 3], bits);
+    const GridAxis t(outline, axes[(view + 2) % 3], bits);
+    Corners corners;
+    corners.reserve(outline.size());
+    for (const Corner& corner : outline) {
+        corners.push_back({{s.of(corner), t.of(corner)}, placeOf(corner)});
+    }
+    return corners;
+}
+
+// Twice the area of a triangle, positive when it turns to the left.
+std::int64_t turn(const GridPoint& a, const GridPoint& b, const GridPoint& c) {
+    return (std::int64_t{b.s} - a.s) * (std::int64_t{c.t} - a.t) -
+           (std::int64_t{b.t} - a.t) * (std::int64_t{c.s} - a.s);
+}
+
+bool onOneSide(std::int64_t a, std::int64_t b) {
+    return (a > 0 && b > 0) || (a < 0 && b < 0);
+}
+
+double share(std::int64_t part, std::int64_t rest) {
+    return static_cast<double>(part) / static_cast<double>(part - rest);
+}
+
+// A corner that an edge needs.
+struct Cut {
+    std::size_t edge;
+    double along;  // 0 at the edge's start, 1 at its end
+    GridPoint at;
+};
+
+class CutFinder {
+public:
+    explicit CutFinder(const Corners& corners) : mCorners(corners) {
+        std::vector<GridBox> boxes;
+        boxes.reserve(corners.size());
+        for (std::size_t i = 0; i < corners.size(); ++i) {
+            boxes.emplace_back(start(i), end(i));
+        }
+        EdgeBoxes(std::move(boxes)).eachPair([this](std::size_t i, std::size_t j) {
+            compare(i, j);
+        });
+        std::ranges::sort(mCuts, {}, [](const Cut& cut) { return std::pair(cut.edge, cut.along); });
+    }
+
+    const std::vector<Cut>& cuts() const { return mCuts; }
+
+private:
+    const GridPoint& start(std::size_t edge) const { return mCorners[edge].at; }
+    const GridPoint& end(std::size_t edge) const {
+        return mCorners[edge + 1 < mCorners.size() ? edge + 1 : 0].at;
+    }
+
+    void compare(std::size_t i, std::size_t j) {
+        const std::int64_t startOfJ = turn(start(i), end(i), start(j));
+        const std::int64_t endOfJ = turn(start(i), end(i), end(j));
+        if (onOneSide(startOfJ, endOfJ)) {
+            return;
+        }
+        const std::int64_t startOfI = turn(start(j), end(j), start(i));
+        const std::int64_t endOfI = turn(start(j), end(j), end(i));
+        if (onOneSide(startOfI, endOfI)) {
+            return;
+        }
+        if (startOfJ != 0 && endOfJ != 0 && startOfI != 0 && endOfI != 0) {
+            const GridPoint at = pointAlong(i, share(startOfI, endOfI));
+            add({i, share(startOfI, endOfI), at});
+            add({j, share(startOfJ, endOfJ), at});
+            return;
+        }
+        addWhereOnEdge(i, startOfJ, start(j));
+        addWhereOnEdge(i, endOfJ, end(j));
+        addWhereOnEdge(j, startOfI, start(i));
+        addWhereOnEdge(j, endOfI, end(i));
+    }
+
+    GridPoint pointAlong(std::size_t edge, double along) const {
+        const auto between = [along](double from, double to) {
+            return rounded(from + (to - from) * along);
+        };
+        return {between(start(edge).s, end(edge).s), between(start(edge).t, end(edge).t)};
+    }
+
+    void addWhereOnEdge(std::size_t edge, std::int64_t side, const GridPoint& point) {
+        const GridPoint& from = start(edge);
+        const GridPoint& to = end(edge);
+        if (side != 0 || point == from || point == to || !GridBox(from, to).meets({point, point})) {
+            return;
+        }
+        const bool alongS = from.s != to.s;
+        const double part = alongS ? point.s - from.s : point.t - from.t;
+        add({edge, part / (alongS ? to.s - from.s : to.t - from.t), point});
+    }
+
+    void add(const Cut& cut) {
+        if (cut.at != start(cut.edge) && cut.at != end(cut.edge)) {
+            mCuts.push_back(cut);
+        }
+    }
+
+    const Corners& mCorners;
+    std::vector<Cut> mCuts;
+};
+
+OutlineCorner cornerAt(const Cut& cut, const OutlineCorner& from, const OutlineCorner& to) {
+    OutlineCorner corner{cut.at, from.place};
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        corner.place[axis] += (to.place[axis] - from.place[axis]) * cut.along;
+    }
+    return corner;
+}
+
+Corners withCuts(const Corners& corners, const std::vector<Cut>& cuts) {
+    Corners all;
+    all.reserve(corners.size() + cuts.size());
+    auto cut = cuts.begin();
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+        all.push_back(corners[i]);
+        for (; cut != cuts.end() && cut->edge == i; ++cut) {
+            if (cut->at != all.back().at) {
+                all.push_back(cornerAt(*cut, corners[i], corners[(i + 1) % corners.size()]));
+            }
+        }
+    }
+    return all;
+}
+
+}  // namespace
+
+std::vector<OutlineCorner> sweepOutline(std::span<const Math::Vector3<float>> outline) {
+    constexpr int fine = 26;
+    constexpr int coarse = 17;
+    constexpr std::size_t fewCuts = 1000;
+    constexpr std::size_t mostCuts = std::size_t{1} << 23U;
+    constexpr int mostRounds = 30;
+    if (outline.empty()) {
+        return {};
+    }
+    Corners corners = onGrid(outline, fine);
+    for (int round = 0; round < mostRounds; ++round) {
+        const CutFinder finder(corners);
+        const std::size_t cuts = corners.size() - outline.size() + finder.cuts().size();
+        if (finder.cuts().empty()) {
+            return cuts <= fewCuts ? corners : onGrid(outline, fine);
+        }
+        if (cuts > (round == 0 ? mostCuts : fewCuts)) {
+            break;
+        }
+        corners = withCuts(corners, finder.cuts());
+    }
+    return onGrid(outline, coarse);
+}
+
+}  // namespace Orlek::Detail
