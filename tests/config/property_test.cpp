@@ -101,13 +101,15 @@ ET.ElementTree(root).write(sys.argv[2], encoding='UTF-8', xml_declaration=True)
          {"o.p:q.r", "2"},
          {"o.Property.a", "3"},
          {"o.1.a", "4"},
-         {"o.s", "\xFF%"}});
+         {"o.s", "\xFF%"},
+         {"o.t", "\xEF\xBF\xBE"}});
     ASSERT_TRUE(settings().writeXmlFile(dir.path("ours.xml")));
     const std::string seen = shell("PYTHONUTF8=1 python3 " + script + " " + dir.path("ours.xml") +
                                    " " + dir.path("theirs.xml"));
     for (const std::string line :
          {R"('o.\xe4.k' ' \u20ac "\'<>&\r\n\t ' None)", "'o.x y.z' '1' None", "'o.p:q.r' '2' None",
-          "'o.Property.a' '3' None", "'o.1.a' '4' None", "'o.s' '%FF%25' percent"}) {
+          "'o.Property.a' '3' None", "'o.1.a' '4' None", "'o.s' '%FF%25' percent",
+          "'o.t' '%EF%BF%BE' percent"}) {
         EXPECT_NE(seen.find(line + "\n"), std::string::npos) << line << " is not in\n" << seen;
     }
     captureStdout([&] { EXPECT_TRUE(settings().readXmlFile(dir.path("theirs.xml"))); });

@@ -46,6 +46,14 @@ TEST(Directory, ListsFilesAndOnRequestThoseBelow) {
     EXPECT_EQ(twice.entryList(true), twice.entryList(true));
 }
 
+TEST(Directory, TakesNoPathForItsBeginning) {
+    const TempDir dir;
+    dir.write("file", "");
+    const std::string path = dir.path() + std::string("\0x", 2);
+    captureStdout([&] { EXPECT_TRUE(list(path, true).empty()); });
+    EXPECT_FALSE(Directory::createDirectoryRecursive(path));
+}
+
 TEST(Directory, SaysWhatItCannotOpenAndGoesOn) {
     const TempDir dir;
     const std::string file = dir.write("readable/file", "");

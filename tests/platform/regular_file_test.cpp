@@ -68,6 +68,7 @@ TEST(RegularFile, RefusesWhatIsNoRegularFile) {
         {dir.path("circle"), ELOOP},
         {std::string(5000, 'x'), ENAMETOOLONG},
         {"", ENOENT},
+        {dir.write("file", "") + std::string("\0", 1), ENOENT},
     };
     const auto before = openFiles();
     for (const auto& [path, error] : rows) {

@@ -36,9 +36,9 @@ namespace Orlek::Misc {
 ///   one called Property, more than 253 other dots, or more than 1,024 bytes.
 /// - Control characters other than tab, line feed and carriage return become references that XML
 ///   does not allow and this class reads; other programs refuse such a file.
-/// - Bytes that are not UTF-8 have no place in the file. Key and value of such a `Property` are
-///   written with `%` and two hexadecimal digits for each of those bytes, `%25` for a per cent
-///   sign, and the attribute `escape="percent"` beside them.
+/// - Bytes that are not UTF-8, and U+FFFE and U+FFFF, have no place in the file. Key and value of
+///   such a `Property` are written with `%` and two hexadecimal digits for each of those bytes,
+///   `%25` for a per cent sign, and the attribute `escape="percent"` beside them.
 ///
 /// Creating the instance is thread-safe; all else is not synchronised: one thread at a time.
 ///

@@ -55,7 +55,8 @@ public:
     SocketTcp();
 
     /// Shares the connection of `other` and takes its names and address; what `other` has received
-    /// and not handed out, and what waits in its queue, stays with `other`.
+    /// and not handed out, and what waits in its queue, stays with `other`, and is lost with it. A
+    /// `std::vector` copies when it grows: keep connections in a `std::list` or by pointer.
     SocketTcp(const SocketTcp& other);
 
     /// As the copy constructor; what this object had received or queued is dropped.

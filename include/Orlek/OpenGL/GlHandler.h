@@ -123,7 +123,8 @@ public:
 
     /// Builds the standard programs, reads the versions and asks for the driver's messages. The
     /// first instance() has done so; another call does it anew, for a context that has replaced a
-    /// lost one.
+    /// lost one, and forgets the GL objects that destructors have left to be deleted: they went
+    /// with their context.
     void initStandardShaders();
 
 private:

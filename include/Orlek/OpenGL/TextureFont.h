@@ -33,8 +33,8 @@ namespace Orlek::OpenGL {
 ///
 /// Text drawn smaller than 1:1 is averaged down (mipmaps), larger it blurs; choose the pixel size
 /// that is drawn. The atlas holds at most 4096 rows of 256 pixels, enough for all characters of a
-/// usual font up to a pixel size of 80; beyond that, characters that find no room draw as nothing,
-/// and a distance-field font is the better choice.
+/// usual font up to a pixel size of about 80; beyond that, characters that find no room draw as
+/// nothing, and a distance-field font is the better choice.
 ///
 /// Copies share the GL objects until one of them changes, and the last owner deletes them. All
 /// operations, construction and destruction included, run on the thread that owns the current

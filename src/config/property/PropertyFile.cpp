@@ -50,7 +50,7 @@ void PropertyWriter::finish() {
 }
 
 void PropertyWriter::write(const Leaf& leaf) {
-    const bool plain = isUtf8(leaf.key) && isUtf8(*leaf.value);
+    const bool plain = isWritable(leaf.key) && isWritable(*leaf.value);
     mXml.open(leafName);
     mXml.attribute("key", plain ? std::string(leaf.key) : escapeBytes(leaf.key));
     mXml.attribute("value", plain ? *leaf.value : escapeBytes(*leaf.value));

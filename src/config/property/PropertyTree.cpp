@@ -52,6 +52,13 @@ bool isGroupName(std::string_view name) {
     return true;
 }
 
+/// The bytes of the first character; 0 when it is no UTF-8, or none of those that XML leaves out
+/// (XML 1.0, section 2.2) beside the controls.
+std::size_t writableLength(std::string_view text) {
+    const Utf8Character character = firstUtf8Character(text);
+    return character.code == 0xFFFE || character.code == 0xFFFF ? 0 : character.length;
+}
+
 bool canNest(std::string_view groups) {
     if (groups.size() > longestGroups) {
         return false;
@@ -77,9 +84,9 @@ PropertyPlace placeProperty(std::string_view key) {
     return {key.substr(0, dot), key.substr(dot + 1)};
 }
 
-bool isUtf8(std::string_view text) {
+bool isWritable(std::string_view text) {
     for (std::size_t at = 0; at < text.size();) {
-        const std::size_t length = firstUtf8Character(text.substr(at)).length;
+        const std::size_t length = writableLength(text.substr(at));
         if (length == 0) {
             return false;
         }
@@ -92,7 +99,7 @@ std::string escapeBytes(std::string_view text) {
     constexpr std::string_view digits = "0123456789ABCDEF";
     std::string escaped;
     for (std::size_t at = 0; at < text.size();) {
-        const std::size_t length = firstUtf8Character(text.substr(at)).length;
+        const std::size_t length = writableLength(text.substr(at));
         if (length > 0 && text[at] != '%') {
             escaped += text.substr(at, length);
             at += length;

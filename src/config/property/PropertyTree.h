@@ -26,11 +26,11 @@ struct PropertyPlace {
 /// Finds the place of a key.
 PropertyPlace placeProperty(std::string_view key);
 
-/// Whether the text is UTF-8 (RFC 3629), as the bytes of a property file must be.
-bool isUtf8(std::string_view text);
+/// Whether the text is UTF-8 (RFC 3629) without U+FFFE and U+FFFF, as a property file must be.
+bool isWritable(std::string_view text);
 
-/// Spells any bytes as UTF-8: % and two hexadecimal digits for each byte that is none and for the
-/// per cent sign itself.
+/// Spells any bytes so: % and two hexadecimal digits for each byte that is none of such a text and
+/// for the per cent sign itself.
 std::string escapeBytes(std::string_view text);
 
 /// Takes escapeBytes back; a per cent sign without two digits stays.

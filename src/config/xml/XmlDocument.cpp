@@ -119,7 +119,9 @@ XmlDocument::~XmlDocument() = default;
 XmlDocument::XmlDocument(const XmlDocument& other) : mTree(std::make_unique<Tree>(*other.mTree)) {}
 
 XmlDocument& XmlDocument::operator=(const XmlDocument& other) {
-    mTree = std::make_unique<Tree>(*other.mTree);
+    if (this != &other) {  // elements stay what they are
+        mTree = std::make_unique<Tree>(*other.mTree);
+    }
     return *this;
 }
 

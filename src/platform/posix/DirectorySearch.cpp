@@ -19,6 +19,11 @@ struct CloseDirectory {
 };
 using DirectoryHandle = std::unique_ptr<DIR, CloseDirectory>;
 
+/// Up to it the path would name something else.
+bool hasZeroByte(const std::string& path) {
+    return path.find('\0') != std::string::npos;
+}
+
 FileKind kindOfMode(mode_t mode) {
     if (S_ISREG(mode)) {
         return FileKind::regular;
@@ -79,7 +84,7 @@ bool isSelfOrParent(const char* name) {
 }  // namespace
 
 FileKind fileKind(const std::string& path) {
-    return kindOfTarget(AT_FDCWD, path.c_str());
+    return hasZeroByte(path) ? FileKind::missing : kindOfTarget(AT_FDCWD, path.c_str());
 }
 
 FileStamp fileStamp(const std::string& path) {
@@ -95,8 +100,7 @@ FileStamp fileStamp(const std::string& path) {
 }
 
 bool createDirectory(const std::string& path) {
-    // With a zero byte in it the path would name another directory.
-    return path.find('\0') == std::string::npos && ::mkdir(path.c_str(), 0777) == 0;
+    return !hasZeroByte(path) && ::mkdir(path.c_str(), 0777) == 0;
 }
 
 DirectoryIdentity directoryIdentity(const std::string& path) {
@@ -107,6 +111,10 @@ DirectoryIdentity directoryIdentity(const std::string& path) {
 bool DirectorySearch::read(const std::string& path) {
     mEntries.clear();
     mIdentity = {};
+    if (hasZeroByte(path)) {
+        errno = ENOENT;
+        return false;
+    }
     const DirectoryHandle directory = openDirectory(path.c_str());
     if (!directory) {
         return false;

@@ -34,6 +34,11 @@ void RegularFile::close() {
 
 bool RegularFile::open(const std::string& path) {
     close();
+    // Up to a zero byte the path would name another file.
+    if (path.find('\0') != std::string::npos) {
+        errno = ENOENT;
+        return false;
+    }
     struct stat status {};
     // Merely opening a pipe or a device can disturb others.
     if (::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {

@@ -18,13 +18,28 @@ static_assert(static_cast<GLenum>(DrawMode::TriangleStrip) == GL_TRIANGLE_STRIP)
 static_assert(static_cast<GLenum>(DrawMode::TriangleFan) == GL_TRIANGLE_FAN);
 static_assert(static_cast<GLenum>(DrawMode::LineStripAdjacency) == GL_LINE_STRIP_ADJACENCY);
 
-PrimitiveRestart::PrimitiveRestart(std::uint32_t index) {
+namespace {
+
+bool knowsFixedIndex() {
+    return GLEW_VERSION_4_3 != 0 || GLEW_ARB_ES3_compatibility != 0;
+}
+
+}  // namespace
+
+PrimitiveRestart::PrimitiveRestart(std::uint32_t index)
+    : mFixedIndex(knowsFixedIndex() && glIsEnabled(GL_PRIMITIVE_RESTART_FIXED_INDEX) == GL_TRUE) {
+    if (mFixedIndex) {  // it would go before ours
+        glDisable(GL_PRIMITIVE_RESTART_FIXED_INDEX);
+    }
     glPrimitiveRestartIndex(index);
     glEnable(GL_PRIMITIVE_RESTART);
 }
 
 PrimitiveRestart::~PrimitiveRestart() {
     glDisable(GL_PRIMITIVE_RESTART);
+    if (mFixedIndex) {
+        glEnable(GL_PRIMITIVE_RESTART_FIXED_INDEX);
+    }
 }
 
 PolygonStipple::PolygonStipple(const unsigned char* pattern) {

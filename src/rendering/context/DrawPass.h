@@ -40,6 +40,9 @@ public:
     ~PrimitiveRestart();
     PrimitiveRestart(const PrimitiveRestart&) = delete;
     PrimitiveRestart& operator=(const PrimitiveRestart&) = delete;
+
+private:
+    bool mFixedIndex;  ///< that the application has on, of OpenGL 4.3
 };
 
 /// OpenGL's own polygon stipple for one draw; off without a pattern of 128 bytes.

@@ -7,6 +7,7 @@
 #include "rendering/gl/EntryPoints.h"
 #include "rendering/gl/Errors.h"
 #include "rendering/gl/InfoLog.h"
+#include "rendering/gl/Names.h"
 #include "rendering/programs/StandardPrograms.h"
 
 namespace Orlek::OpenGL {
@@ -65,6 +66,7 @@ void GlHandler::initStandardShaders() {
         return;
     }
     Detail::enableDebugOutput();
+    Detail::forgetParkedNames();  // this is how an application tells of a new context
     for (const Detail::StandardProgram& recipe : Detail::standardPrograms()) {
         mShaders.insert_or_assign(recipe.number, linked(recipe));
     }

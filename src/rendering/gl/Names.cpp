@@ -55,4 +55,8 @@ void deleteParkedNames() {
     }
 }
 
+void forgetParkedNames() {
+    parked() = {};
+}
+
 }  // namespace Orlek::Detail

@@ -18,6 +18,9 @@ void parkNames(NameKind kind, std::span<const unsigned> names);
 /// Deletes what was parked.
 void deleteParkedNames();
 
+/// Forgets what was parked: in another context the names may be those of other objects.
+void forgetParkedNames();
+
 /// Gives up a share of GL objects; the last owner deletes them.
 template <typename T>
 void releaseShare(std::shared_ptr<T>& object) {

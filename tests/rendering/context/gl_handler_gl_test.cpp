@@ -6,6 +6,7 @@
 #include <set>
 
 #include "rendering/gl/InfoLog.h"
+#include "rendering/gl/Names.h"
 #include "support/GlTest.h"
 
 namespace {
@@ -122,6 +123,18 @@ TEST_F(GlHandlerTest, KeepsTrackOfTheProgramInUse) {
     handler.activateShader(2);
     EXPECT_NE(handler.activeShaderHandle(), second) << "all programs are built anew";
     EXPECT_EQ(inUse(), handler.activeShaderHandle());
+}
+
+TEST_F(GlHandlerTest, LeavesTheObjectsOfANewContextAlone) {
+    unsigned buffer = 0;
+    glGenBuffers(1, &buffer);
+    glBindBuffer(GL_ARRAY_BUFFER, buffer);
+    glBindBuffer(GL_ARRAY_BUFFER, 0);
+    Orlek::Detail::parkNames(Orlek::Detail::NameKind::Buffer, {&buffer, 1});
+    silently([&] { handler.initStandardShaders(); });
+    deleteParked();
+    EXPECT_TRUE(glIsBuffer(buffer)) << "it has the name of one that went with its context";
+    glDeleteBuffers(1, &buffer);
 }
 
 TEST_F(GlHandlerTest, SetsUniformsOfTheProgramInUse) {

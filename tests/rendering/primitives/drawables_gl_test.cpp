@@ -119,6 +119,20 @@ protected:
     }
 };
 
+TEST_F(Drawables, StripsRestartAtTheirOwnIndex) {
+    const auto check = [](auto strips) {
+        strips.addLineStrip(squareAt(10));
+        strips.addLineStrip(squareAt(100));
+        const int pixels = pixelsOf(strips);
+        glEnable(GL_PRIMITIVE_RESTART_FIXED_INDEX);
+        EXPECT_EQ(pixelsOf(strips), pixels);
+        EXPECT_TRUE(glIsEnabled(GL_PRIMITIVE_RESTART_FIXED_INDEX));
+        glDisable(GL_PRIMITIVE_RESTART_FIXED_INDEX);
+    };
+    check(LineStrips());
+    check(LineStripsSimple());
+}
+
 TEST_F(Drawables, LinesShareAndSurvive) {
     const auto addLoop = [](float x) { return [x](LineLoops& d) { d.addLineLoop(squareAt(x)); }; };
     const auto addStrip = [](float x) { return [x](auto& d) { d.addLineStrip(squareAt(x)); }; };
