@@ -36,7 +36,7 @@ std::string latin1(std::string_view utf8) {
             code = static_cast<unsigned char>((code & 0x03U) << 6U | low);
         } else if (code > 0x7E) {
             throw std::runtime_error("'" + std::string(utf8) +
-                                     "' has letters other than Latin-1, " + "or is no UTF-8");
+                                     "' has letters other than Latin-1, or is no UTF-8");
         }
         if (code < 0x20 || (code >= 0x7F && code < 0xA0)) {
             throw std::runtime_error("'" + std::string(utf8) + "' has control characters");
