@@ -93,9 +93,9 @@ public:
 
     /// Draws with the current matrix. Discards pending GL errors first; with fewer than 2 index
     /// entries that is all. The lengths in pixels of stippled strips (vertex attribute 5) are
-    /// measured at an upload only, under the matrix and viewport of that draw. GL errors are
-    /// printed on the standard output with the label "LineStrips". Blending stays as setAntiAlias()
-    /// says; smoothing, stipple and primitive restart are off afterwards.
+    /// measured at an upload only, the first stippled draw among them, under its matrix and
+    /// viewport. GL errors are printed on the standard output with the label "LineStrips". Blending
+    /// stays as setAntiAlias() says; smoothing, stipple and primitive restart are off afterwards.
     /// @param count entries of the uploaded index list to draw: a strip of k vertices has k + 3,
     /// its ends doubled and a restart value behind it, and 4 <= count <= k + 2 shows the first
     /// count - 3 segments of the first strip. 0 draws nothing; negative or too many: all.

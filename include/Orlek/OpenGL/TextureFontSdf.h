@@ -39,8 +39,9 @@ namespace Orlek::OpenGL {
 /// The outline lies outside the glyph. Its width is measured in the field, which falls from 0.5 at
 /// the edge to 0 at a distance of 8 pixels of the design size, 50: a width w gives an outline of
 /// 16 w / 50 of the drawn size. 0.2 at a size of 50 is 3.2 pixels; useful widths are 0.05 to 0.43,
-/// beyond that the outline is cut off above and below, where the field ends. Outlines of neighbours
-/// may overlap the glyphs drawn before them.
+/// beyond that the outline is cut off above and below: a quad shows 14 columns of the field on
+/// either side of the glyph and 7 rows, as further rows hold the field of the next shelf. Outlines
+/// of neighbours may overlap the glyphs drawn before them.
 ///
 /// All operations, construction and destruction included, run on the thread that owns the current
 /// OpenGL context. Diagnostics are lines on the standard output; nothing throws.
