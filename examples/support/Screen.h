@@ -42,9 +42,8 @@ public:
     double scale() const;
 
     /// Calls @p draw once for a picture and writes the file; for a window until it is closed, by
-    /// Ctrl+C in its terminal, too, or has shown as many frames (0: until it is closed). Returns the
-    /// number of frames.
-    /// Throws std::runtime_error when the file cannot be written.
+    /// Ctrl+C in its terminal, too, or has shown as many frames (0: until it is closed). Returns
+    /// the number of frames. Throws std::runtime_error when the file cannot be written.
     int show(int frames, const std::function<void()>& draw);
 
 private:
