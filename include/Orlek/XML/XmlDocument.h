@@ -62,8 +62,9 @@ public:
     /// @return true when the content has reached the disk. False when it has not, when the path
     ///         names something that is no regular file or may not be written, when new files may
     ///         not be made beside it, and for what read() would refuse: more than 64 MiB, 256
-    ///         levels or 256 attributes of an element, a name that is none, a text that ends in
-    ///         the middle of a UTF-8 character. Nothing is printed.
+    ///         levels or 256 attributes of an element, a name that is none, a quote in a
+    ///         declaration, a text that ends in the middle of a UTF-8 character. Nothing is
+    ///         printed.
     bool write(const std::string& path);
 
     /// @return the first element of the document; invalid when there is none. As long as the
