@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <random>
 
@@ -44,10 +45,10 @@ bool meetsOnlyInCorners(const std::vector<OutlineCorner>& corners) {
 }
 
 // Corners on whole numbers, many of them off by some of the last bits of a float.
-std::vector<Vertex> narrowOutline(std::mt19937& random, bool sloping) {
+std::vector<Vertex> narrowOutline(std::mt19937& random, bool sloping, std::size_t corners = 20) {
     std::uniform_int_distribution<int> whole(0, 4);
     std::uniform_int_distribution<int> bits(-8, 8);
-    std::vector<Vertex> outline(20);
+    std::vector<Vertex> outline(corners);
     const auto coordinate = [&] {
         return static_cast<float>(whole(random) + std::ldexp(bits(random), -20));
     };
@@ -76,6 +77,23 @@ TEST(SweepOutline, MeetsItselfInCornersOnly) {
         crossings += corners.size() - outline.size();
     }
     EXPECT_GT(crossings, 10000U);
+}
+
+TEST(SweepOutline, LeavesThousandsOfCrossingsToTheSweepUnlessTheyAreNarrow) {
+    std::mt19937 random(5);
+    std::uniform_real_distribution<float> anywhere(1.0F, 2.0F);
+    std::vector<Vertex> wide(100);
+    for (Vertex& corner : wide) {
+        corner = Vertex(anywhere(random), anywhere(random), 0.0F);
+    }
+    for (const auto& [outline, bits] :
+         {std::pair(wide, 26), std::pair(narrowOutline(random, false, 300), 17)}) {
+        const std::vector<OutlineCorner> corners = sweepOutline(outline);
+        ASSERT_EQ(corners.size(), outline.size()) << bits;
+        const int greatest =
+            std::ranges::max_element(corners, {}, [](const auto& c) { return c.at.s; })->at.s;
+        EXPECT_EQ(std::ilogb(greatest), bits - 1);
+    }
 }
 
 TEST(SweepOutline, LooksWhereTheOutlineIsWide) {
