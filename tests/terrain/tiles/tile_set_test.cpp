@@ -47,16 +47,19 @@ TEST(HeightTile, ADamagedArchiveIsReadOnceUntilItChanges) {
     EXPECT_TRUE(tile.loaded());
 }
 
+/// Registers a tile at 45 degrees north, in place of an earlier one.
+std::shared_ptr<HeightTile> added(TileMap& tiles, const TempDir& dir, int lon) {
+    auto tile = std::make_shared<HeightTile>();
+    EXPECT_TRUE(tile->openHeader(writeFlatDted(dir, 45, lon, 100)));
+    return tiles[tile->key()] = tile;
+}
+
 // A scan that finds a tile again makes a new object of it. Without the old one given up, each scan
 // would cost as much memory as the tiles in use take.
 TEST(TileSet, TilesThatWereReplacedAreGivenUpWhenTheCurrentOneChanges) {
     const TempDir dir;
     TileMap tiles;
-    const auto add = [&](int lon) {
-        auto tile = std::make_shared<HeightTile>();
-        EXPECT_TRUE(tile->openHeader(writeFlatDted(dir, 45, lon, 100)));
-        return tiles[tile->key()] = tile;
-    };
+    const auto add = [&](int lon) { return added(tiles, dir, lon); };
     const std::weak_ptr<HeightTile> replaced = add(6);
     const std::weak_ptr<HeightTile> current = add(7);
     const std::weak_ptr<HeightTile> kept = add(8);
@@ -78,14 +81,8 @@ TEST(TileSet, TilesThatWereReplacedAreGivenUpWhenTheCurrentOneChanges) {
 TEST(TileSet, ATileWhoseFileWasExchangedStillCounts) {
     const TempDir dir;
     TileMap tiles;
-    const auto add = [&](int lon) {
-        auto tile = std::make_shared<HeightTile>();
-        EXPECT_TRUE(tile->openHeader(writeFlatDted(dir, 45, lon, 100)));
-        tiles[tile->key()] = tile;
-        return tile;
-    };
-    const auto exchanged = add(6);
-    const auto other = add(7);
+    const auto exchanged = added(tiles, dir, 6);
+    const auto other = added(tiles, dir, 7);
     std::filesystem::rename(writeFlatDted(dir, 51, 9, 100), dir.path("45/6.DT1"));
     TileSet set(1);
     EXPECT_TRUE(set.select(tiles, tiles.begin()->first, true));
