@@ -15,6 +15,7 @@
 #include <tuple>
 #include <utility>
 
+#include "platform/ZeroByte.h"
 #include "platform/posix/WriteAll.h"
 
 namespace Orlek::Detail {
@@ -134,7 +135,7 @@ AtomicFile::~AtomicFile() {
 }
 
 bool AtomicFile::open(const std::string& path) {
-    if (path.find('\0') != std::string::npos) {  // the system would see its first half only
+    if (hasZeroByte(path)) {
         errno = EINVAL;
         return false;
     }

@@ -10,6 +10,8 @@
 #include <cerrno>
 #include <memory>
 
+#include "platform/ZeroByte.h"
+
 namespace Orlek::Detail {
 
 namespace {
@@ -18,11 +20,6 @@ struct CloseDirectory {
     void operator()(DIR* directory) const { ::closedir(directory); }
 };
 using DirectoryHandle = std::unique_ptr<DIR, CloseDirectory>;
-
-/// Up to it the path would name something else.
-bool hasZeroByte(const std::string& path) {
-    return path.find('\0') != std::string::npos;
-}
 
 FileKind kindOfMode(mode_t mode) {
     if (S_ISREG(mode)) {

@@ -13,6 +13,8 @@
 #include <cstring>
 #include <memory>
 
+#include "platform/ZeroByte.h"
+
 namespace Orlek::Detail {
 
 namespace {
@@ -43,7 +45,7 @@ std::string interfaceOf(const char* label) {
 }  // namespace
 
 ResolvedName resolveName(const std::string& name) {
-    if (name.find('\0') != std::string::npos) {  // the system would see its first half only
+    if (hasZeroByte(name)) {
         return {{}, ::gai_strerror(EAI_NONAME)};
     }
     // Hints of zero are what POSIX means by none. Null would add AI_ADDRCONFIG here, and hosts

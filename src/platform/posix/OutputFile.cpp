@@ -7,13 +7,14 @@
 #include <cerrno>
 #include <utility>
 
+#include "platform/ZeroByte.h"
 #include "platform/posix/WriteAll.h"
 
 namespace Orlek::Detail {
 
 bool OutputFile::open(const std::string& path) {
     close();
-    if (path.find('\0') != std::string::npos) {
+    if (hasZeroByte(path)) {
         errno = EINVAL;
         return false;
     }

@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <utility>
 
+#include "platform/ZeroByte.h"
+
 namespace Orlek::Detail {
 
 namespace {
@@ -34,8 +36,7 @@ void RegularFile::close() {
 
 bool RegularFile::open(const std::string& path) {
     close();
-    // Up to a zero byte the path would name another file.
-    if (path.find('\0') != std::string::npos) {
+    if (hasZeroByte(path)) {
         errno = ENOENT;
         return false;
     }

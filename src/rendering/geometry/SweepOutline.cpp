@@ -3,6 +3,11 @@
 // the edges by less than a step, which can make new crossings, so it is done until there are none.
 // It comes to an end, as each part of an edge lies in a smaller box of the grid than the whole one.
 // All decisions are made in whole numbers of at most 56 bits.
+//
+// The sweep takes long to join thousands of corners that lie in one place in pairs. So an outline
+// of many crossings is left to it as it is when one round of bending by a step has made no new
+// ones: its own errors are millions of times smaller. Otherwise a coarse grid keeps crossings
+// apart.
 #include "rendering/geometry/SweepOutline.h"
 
 #include <algorithm>
