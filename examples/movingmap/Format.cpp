@@ -34,6 +34,10 @@ std::string wholeNumber(double value) {
     return format("%ld", std::lround(value));
 }
 
+std::string counted(std::size_t count, const std::string& thing) {
+    return std::to_string(count) + " " + thing + (count == 1 ? "" : "S");
+}
+
 std::string direction(double degrees) {
     const long whole = (std::lround(degrees) % 360 + 360) % 360;
     return format("%03ld\xB0", whole == 0 ? 360 : whole);

@@ -1,7 +1,7 @@
 // Ages are measured with the clock of this machine, from when a message was taken.
 #include "LiveFlight.h"
 
-#include <chrono>
+#include <time.h>
 
 #include "Format.h"
 
@@ -13,9 +13,11 @@ constexpr double goneAfterOld =
     5.0;  // Targets vanish at so many times the age at which they are old.
 constexpr std::size_t longestSource = 34;
 
+// A clock that goes on while the machine sleeps: data are not younger for it.
 double secondsNow() {
-    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch())
-        .count();
+    timespec now = {};
+    clock_gettime(CLOCK_BOOTTIME, &now);
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
 }
 
 std::vector<Position> positionsOf(const TrafficState::Target& target) {
@@ -51,7 +53,7 @@ LiveNote stateNote(const Live& live) {
     if (live.tooMany) {
         return {"LIVE   ONLY THE " + std::to_string(live.targets.size()) + " NEAREST", amber};
     }
-    return {"LIVE   " + std::to_string(live.targets.size()) + " TARGETS", green};
+    return {"LIVE   " + counted(live.targets.size(), "TARGET"), green};
 }
 
 }  // namespace
@@ -65,7 +67,11 @@ LiveFlight::LiveFlight(const Options& options, const Flight& flight)
 
 std::vector<FeedMessage> LiveFlight::update() {
     const double nowS = secondsNow();
+    const unsigned long ignoredBefore = mFeed.ignored();
     std::vector<FeedMessage> messages = mFeed.poll(nowS);
+    if (mFeed.ignored() != ignoredBefore) {
+        mIgnoredS = nowS;
+    }
     for (const FeedMessage& message : messages) {
         mTraffic.take(message, nowS);
     }
@@ -79,7 +85,7 @@ Live LiveFlight::live(double nowS) const {
     live.connected = mFeed.connected();
     live.oldS = mOldS;
     live.goneS = mGoneS;
-    live.ignored = mFeed.ignored();
+    live.ignored = nowS - mIgnoredS <= mGoneS ? mFeed.ignored() : 0;
     if (mTraffic.heardS()) {
         live.ageS = nowS - *mTraffic.heardS();
     }
@@ -109,7 +115,7 @@ std::vector<LiveNote> notesOf(const Live& live) {
         notes.push_back({"OWN SHIP OLD   " + ageText(*live.ownAgeS), red});
     }
     if (live.ignored > 0) {
-        notes.push_back({std::to_string(live.ignored) + " BAD MESSAGES", amber});
+        notes.push_back({counted(live.ignored, "BAD MESSAGE"), amber});
     }
     return notes;
 }

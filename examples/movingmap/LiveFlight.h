@@ -29,6 +29,7 @@ private:
     TrafficState mTraffic;
     double mOldS;
     double mGoneS;
+    double mIgnoredS = 0.0;  ///< When a message was ignored last.
 };
 
 /// What a feed's state is in words, one thing each: "LIVE, 12 TARGETS".

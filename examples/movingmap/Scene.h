@@ -35,7 +35,7 @@ struct Live {
     std::optional<double> ownAgeS;  ///< Of the own ship's position.
     double oldS = 0.0;              ///< Data of a greater age are old.
     double goneS = 0.0;             ///< Targets of a greater age are not shown.
-    unsigned long ignored = 0;      ///< Messages that were not valid.
+    unsigned long ignored = 0;      ///< Messages that were not valid, if there were any of late.
     bool tooMany = false;           ///< There are farther targets that are not kept.
     std::vector<LiveTarget> targets;
 };

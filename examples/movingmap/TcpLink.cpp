@@ -1,5 +1,9 @@
 #include "TcpLink.h"
 
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
+
 #include <chrono>
 #include <stdexcept>
 
@@ -13,9 +17,23 @@ constexpr double betweenAttemptsS = 1.0;
 constexpr unsigned int attemptMs = 500;
 constexpr std::size_t longestPayload = 1048551;  // Of a package.
 
+// Lets the system ask a silent sender whether it is still there: a map that only reads would wait
+// without end for one whose machine is gone.
+void watchPeer(const SocketTcp& link) {
+    const auto set = [&](int level, int option, int value) {
+        setsockopt(static_cast<int>(link.sd()), level, option, &value, sizeof value);
+    };
+    set(IPPROTO_TCP, TCP_KEEPIDLE, 5);
+    set(IPPROTO_TCP, TCP_KEEPINTVL, 2);
+    set(IPPROTO_TCP, TCP_KEEPCNT, 3);
+    set(SOL_SOCKET, SO_KEEPALIVE, 1);
+}
+
 SocketTcp connect(unsigned long address, int port) {
     SocketTcp link;
-    link.createTcpClientSocketNonBlock(address, port, attemptMs);
+    if (link.createTcpClientSocketNonBlock(address, port, attemptMs)) {
+        watchPeer(link);
+    }
     return link;
 }
 
@@ -30,18 +48,36 @@ TcpLink::TcpLink(const FeedUrl& url)
 
 TcpLink::~TcpLink() {
     mLink.closeConnection();
-    if (mAttempt.valid()) {
-        mAttempt.get().closeConnection();
+    takeAttempt();
+    mLink.closeConnection();
+}
+
+// Without memory or threads an attempt has failed as without a sender.
+void TcpLink::takeAttempt() {
+    try {
+        if (mAttempt.valid()) {
+            mLink = mAttempt.get();
+        }
+    } catch (const std::exception&) {
+        mLink.closeConnection();
+    }
+}
+
+void TcpLink::beginAttempt() {
+    try {
+        mAttempt = std::async(std::launch::async, connect, mAddress, mPort);
+    } catch (const std::exception&) {
+        mAttempt = {};
     }
 }
 
 void TcpLink::tend(double nowS) {
     if (mAttempt.valid() &&
         mAttempt.wait_for(std::chrono::seconds(0)) == std::future_status::ready) {
-        mLink = mAttempt.get();
+        takeAttempt();
     }
     if (!mLink.connected() && !mAttempt.valid() && nowS >= mNextAttemptS) {
-        mAttempt = std::async(std::launch::async, connect, mAddress, mPort);
+        beginAttempt();
         mNextAttemptS = nowS + betweenAttemptsS;
     }
 }

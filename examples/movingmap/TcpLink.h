@@ -12,10 +12,12 @@
 
 namespace MovingMap {
 
-/// Connects by itself, again and again, on a thread of its own, so that no call waits.
+/// Connects by itself, again and again, on a thread of its own, so that no call waits. A sender that
+/// vanishes without a word, switched off or unplugged, is given up after eleven seconds.
 class TcpLink {
 public:
-    /// Throws std::runtime_error when the host has no address. It may wait for name servers.
+    /// Throws std::runtime_error when the host has no address. It may wait for name servers, which
+    /// are asked this once.
     explicit TcpLink(const FeedUrl& url);
     /// Waits for a connection attempt in flight, half a second at most.
     ~TcpLink();
@@ -34,6 +36,9 @@ public:
     bool connected() const { return mLink.connected(); }
 
 private:
+    void beginAttempt();
+    void takeAttempt();
+
     unsigned long mAddress;
     int mPort;
     Orlek::Network::SocketTcp mLink;

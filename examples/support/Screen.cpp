@@ -7,6 +7,7 @@
 
 #include "HeadlessContext.h"
 #include "Png.h"
+#include "Signals.h"
 #include "Window.h"
 
 namespace OrlekSupport {
@@ -37,7 +38,7 @@ class EndingSignals {
 public:
     EndingSignals() {
         for (Handler& one : mHandlers) {
-            one.before = std::signal(one.signal, ask);
+            one.before = handleUnlessIgnored(one.signal, ask);
         }
     }
     ~EndingSignals() {

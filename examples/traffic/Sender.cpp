@@ -31,11 +31,11 @@ bool hasLeft(SocketTcp& map) {
 
 }  // namespace
 
-Sender::Sender(const Options& options) {
+Sender::Sender(const Options& options) : mOptions(options) {
     if (options.tcpPort != 0 && !mServer.init(options.tcpPort)) {
         throw std::runtime_error("cannot listen on TCP port " + std::to_string(options.tcpPort));
     }
-    if (options.udpPort != 0 && !mDatagrams.openSendSocket(options.udpTo, options.udpPort, 0)) {
+    if (options.udpPort != 0 && !openDatagrams()) {
         mServer.closeConnection();
         throw std::runtime_error("cannot send to UDP port " + std::to_string(options.udpPort));
     }
@@ -58,13 +58,24 @@ void Sender::serve() {
     }
 }
 
+bool Sender::openDatagrams() {
+    mNextOpening = Clock::now() + std::chrono::seconds(1);
+    return mDatagrams.openSendSocket(mOptions.udpTo, mOptions.udpPort, 0);
+}
+
 void Sender::sendDatagram(const FeedMessage& message) {
+    if (!mDatagrams.connected() && (Clock::now() < mNextOpening || !openDatagrams())) {
+        return;
+    }
     const MsgHeader header = headerOf(message);
     const auto payload = payloadOf(message);
     std::array<std::byte, sizeof(MsgHeader) + sizeof(FeedMessage)> datagram;
     std::memcpy(datagram.data(), &header, sizeof header);
     std::memcpy(datagram.data() + sizeof header, payload.data(), payload.size());
-    mDatagrams.write(datagram.data(), static_cast<unsigned int>(sizeof header + payload.size()));
+    const auto size = static_cast<unsigned int>(sizeof header + payload.size());
+    if (mDatagrams.write(datagram.data(), size) < 0) {
+        mDatagrams.closeConnection();
+    }
 }
 
 void Sender::send(const FeedMessage& message) {
@@ -72,7 +83,7 @@ void Sender::send(const FeedMessage& message) {
         const MsgHeader header = headerOf(message);
         map.writePackage(payloadOf(message).data(), header, header.length);
     }
-    if (mDatagrams.connected()) {
+    if (mOptions.udpPort != 0) {
         sendDatagram(message);
     }
 }

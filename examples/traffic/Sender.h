@@ -3,6 +3,7 @@
 
 #include <Orlek/Network.h>
 
+#include <chrono>
 #include <list>
 
 #include "FeedMessage.h"
@@ -11,7 +12,8 @@
 namespace Traffic {
 
 /// A TCP server for any number of maps, and datagrams to one address. Sending never waits: what a
-/// map does not take is queued for it alone, its newest 200 messages.
+/// map does not take is queued for it alone, its newest 200 messages. Where datagrams cannot be sent,
+/// as after a change of this machine's address, their socket is opened anew after a second.
 class Sender {
 public:
     /// Throws std::runtime_error when a port cannot be opened.
@@ -28,11 +30,16 @@ public:
     void send(const MovingMap::FeedMessage& message);
 
 private:
+    using Clock = std::chrono::steady_clock;
+
+    bool openDatagrams();
     void sendDatagram(const MovingMap::FeedMessage& message);
 
+    Options mOptions;
     Orlek::Network::SocketTcpServer mServer;
     std::list<Orlek::Network::SocketTcp> mMaps;
     Orlek::Network::SocketUdp mDatagrams;
+    Clock::time_point mNextOpening;
 };
 
 }  // namespace Traffic

@@ -10,6 +10,7 @@
 #include "Options.h"
 #include "RouteFile.h"
 #include "Sender.h"
+#include "support/Signals.h"
 
 namespace {
 
@@ -67,8 +68,8 @@ void run(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    std::signal(SIGINT, stop);
-    std::signal(SIGTERM, stop);
+    OrlekSupport::handleUnlessIgnored(SIGINT, stop);
+    OrlekSupport::handleUnlessIgnored(SIGTERM, stop);
     try {
         if (const auto options = readOptions(argc, argv)) {
             run(*options);

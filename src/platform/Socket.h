@@ -50,7 +50,8 @@ int openSocket(SocketKind kind);
 /// Closes a descriptor; errno stays as it was. For sockets that no SharedSocket holds yet.
 void closeSocket(int socket);
 
-/// Waits until connected (a datagram socket: until the destination is stored).
+/// Waits until connected (a datagram socket: until the destination is stored). Connected to itself
+/// is refused.
 bool connectSocket(int socket, const Endpoint& peer);
 
 /// Waits at most `timeoutMs`, then gives up: `again`, errno ETIMEDOUT. The socket may block

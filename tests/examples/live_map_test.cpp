@@ -90,10 +90,10 @@ std::vector<Point> placesOfTargets() {
 
 const Point ownPlace(width / 2.0, (height + infoHeight) / 2.0);
 
-// The next picture of all traffic, after so many bad messages.
-void expectLiveNext(Process& drawing, const std::string& bad) {
+// The next picture of all traffic.
+void expectLiveNext(Process& drawing) {
     const std::string line = drawing.waitForLine("LIVE   12 TARGETS");
-    ASSERT_NE(line.find(": " + bad + " BAD MESSAGES"), std::string::npos) << drawing.output();
+    ASSERT_NE(line, "") << drawing.output();
     const Image image = pictureOf(line);
     EXPECT_GT(countNear(image, ownPlace, isYellow), 30);
     const std::vector<Point> places = placesOfTargets();
@@ -160,8 +160,9 @@ TEST_F(LiveMap, survivesBadDatagramsAndDrawsWhatGoodOnesTell) {
     for (const std::string& bad : badDatagrams()) {
         socket.write(bad.data(), static_cast<unsigned int>(bad.size()));
     }
+    ASSERT_NE(drawing.waitForLine(" 20 BAD MESSAGES"), "") << drawing.output();
     Process sending(sender(0, mPort), mDir.path("sender"));
-    expectLiveNext(drawing, "20");
+    expectLiveNext(drawing);
 }
 
 // The line of a picture that was drawn when no data had come for so long.
@@ -212,7 +213,7 @@ TEST_F(LiveMap, survivesABadPeerAndFindsTheNextOnes) {
     server.close();
     {
         Process sending(sender(mPort, 0), mDir.path("sender"));
-        expectLiveNext(drawing, "24");
+        expectLiveNext(drawing);
         EXPECT_EQ(sending.stop(SIGTERM), 0);
     }
     const std::string gone = waitForAge(drawing, 3);
@@ -223,7 +224,7 @@ TEST_F(LiveMap, survivesABadPeerAndFindsTheNextOnes) {
         EXPECT_EQ(countNear(image, place, isCyan), 0);
     }
     Process sending(sender(mPort, 0), mDir.path("sender"));
-    expectLiveNext(drawing, "24");
+    expectLiveNext(drawing);
 }
 
 }  // namespace

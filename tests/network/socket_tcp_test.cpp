@@ -67,6 +67,24 @@ TEST(SocketTcp, FailsToConnect) {
     EXPECT_EQ(openFiles(), before);
 }
 
+/// With one port to choose from, the system takes the very port that is asked for.
+void connectToOwnPort() {
+    shell("echo 40000 40000 > /proc/sys/net/ipv4/ip_local_port_range");
+    const auto before = openFiles();
+    SocketTcp link;
+    EXPECT_FALSE(link.createTcpClientSocketNonBlock(loopback, 40000, 1000));
+    EXPECT_EQ(errno, ECONNREFUSED);
+    EXPECT_FALSE(link.createTcpClientSocket(loopback, 40000));
+    EXPECT_FALSE(link.connected());
+    EXPECT_EQ(openFiles(), before);
+    SocketTcpServer server;
+    EXPECT_TRUE(server.init(40000));
+}
+
+TEST(SocketTcp, NeverConnectsToItself) {
+    inOwnNetworkOrSkip(connectToOwnPort, "a port that would connect to itself is left out");
+}
+
 /// How long `wait` takes under signals; of three runs the shortest, as other programs may hold one
 /// up, though none may be too short.
 double shortestWait(double limitMs, const std::function<void()>& wait) {

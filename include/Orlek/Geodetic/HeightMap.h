@@ -19,8 +19,8 @@ namespace Orlek::Geodetic {
 /// without a position in their name are left out.
 ///
 /// loadData() looks for the tiles on a thread of its own, reading headers and names only. Samples
-/// are read when a query first needs a tile and allows it. At most MAX_TILES_LOADED high-resolution
-/// and MAX_TILES_LOADED_LOW low-resolution tiles are loaded at a time; one more unloads the tile
+/// are read when a query first needs a tile and allows it. An object keeps at most MAX_TILES_LOADED
+/// high-resolution and MAX_TILES_LOADED_LOW low-resolution tiles loaded; one more unloads the tile
 /// that was loaded longest ago. A loaded tile takes two bytes a post: 2.9 MB for a 3 arc second
 /// tile, 26 MB for 1 arc second, 58 MB for 30 arc seconds.
 ///

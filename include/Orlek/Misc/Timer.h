@@ -14,7 +14,8 @@ namespace Orlek::Misc {
 ///
 /// The line on the standard output is the name, " : ", the time with six significant digits and
 /// " ms". A copy takes over the start and prints a line of its own.
-/// Timers share no state and may be used from any thread.
+/// Time that the machine sleeps is not counted. Timers share no state and may be used from any
+/// thread.
 ///
 /// @code
 /// { Orlek::Misc::Timer timer("load"); loadEverything(); }  // prints "load : 5.06151 ms"

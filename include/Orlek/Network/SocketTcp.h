@@ -31,6 +31,10 @@ namespace Orlek::Network {
 /// package sent in part starts over; a package received in part would be completed with bytes of
 /// the new peer. To start afresh, assign a new object: `link = SocketTcp();`.
 ///
+/// A peer that is gone without having closed, switched off or unplugged, is noticed by a side that
+/// writes, once the system gives up after a quarter of an hour or so, and never by one that only
+/// reads: let both sides write now and then, or set SO_KEEPALIVE on sd().
+///
 /// Copies share the descriptor, not the queue and the received bytes: let one of them read and one
 /// write. The descriptor is closed once, by whichever of them closes it first, and the others are
 /// not connected any more. The destructor does not close: call closeConnection().

@@ -83,6 +83,32 @@ Outcome waitFor(int socket, short events, std::optional<unsigned int> timeoutMs)
     }
 }
 
+template <typename Value>
+bool setOption(int socket, int level, int option, const Value& value) {
+    return ::setsockopt(socket, level, option, &value, sizeof(value)) == 0;
+}
+
+sockaddr_in nameOf(int socket, int (*ask)(int, sockaddr*, socklen_t*)) {
+    sockaddr_in name = {};
+    socklen_t size = sizeof(name);
+    ask(socket, reinterpret_cast<sockaddr*>(&name), &size);
+    return name;
+}
+
+/// Refuses a socket that has become its own peer: to a port of this machine which nobody has, the
+/// system may connect it from that same port (for streams a simultaneous open, RFC 9293 3.5).
+bool hasOtherPeer(int socket) {
+    const sockaddr_in own = nameOf(socket, ::getsockname);
+    const sockaddr_in peer = nameOf(socket, ::getpeername);
+    if (own.sin_port != peer.sin_port || own.sin_addr.s_addr != peer.sin_addr.s_addr) {
+        return true;
+    }
+    // Closed without a farewell, or the port would be taken for a minute more.
+    setOption(socket, SOL_SOCKET, SO_LINGER, linger{1, 0});
+    errno = ECONNREFUSED;
+    return false;
+}
+
 /// The outcome of a connect that has been started, which a wait for writability tells of.
 Outcome finishConnect(int socket, std::optional<unsigned int> timeoutMs) {
     const Outcome outcome = waitFor(socket, POLLOUT, timeoutMs);
@@ -96,7 +122,7 @@ Outcome finishConnect(int socket, std::optional<unsigned int> timeoutMs) {
         return Outcome::failed;
     }
     errno = error;
-    return error == 0 ? Outcome::done : Outcome::failed;
+    return error == 0 && hasOtherPeer(socket) ? Outcome::done : Outcome::failed;
 }
 
 Transfer sorted(ssize_t result) {
@@ -104,11 +130,6 @@ Transfer sorted(ssize_t result) {
         return {Outcome::done, static_cast<std::size_t>(result)};
     }
     return {errno == EAGAIN || errno == EWOULDBLOCK ? Outcome::again : Outcome::failed, 0};
-}
-
-template <typename Value>
-bool setOption(int socket, int level, int option, const Value& value) {
-    return ::setsockopt(socket, level, option, &value, sizeof(value)) == 0;
 }
 
 }  // namespace
@@ -133,7 +154,7 @@ bool connectSocket(int socket, const Endpoint& peer) {
         return false;
     }
     if (::connect(socket, generic(*address), sizeof(*address)) == 0) {
-        return true;
+        return hasOtherPeer(socket);
     }
     // After a signal the connect goes on by itself.
     return errno == EINTR && finishConnect(socket, std::nullopt) == Outcome::done;

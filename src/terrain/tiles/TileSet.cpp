@@ -11,7 +11,14 @@ bool TileSet::change(const TileMap& tiles, TileKey key, bool load) {
     const auto found = key == noTileKey ? tiles.end() : tiles.find(key);
     mCurrentTile = found != tiles.end() ? found->second : nullptr;
     mCurrentCell = mCurrentTile ? DegreeCell(key) : DegreeCell();
-    if (!mCurrentTile || mCurrentTile->loaded()) {
+    if (!mCurrentTile) {
+        return true;
+    }
+    if (mCurrentTile->loaded()) {
+        // A copy that has loaded it may be gone before it unloads it.
+        if (std::ranges::find(mLoadedTiles, mCurrentTile) == mLoadedTiles.end()) {
+            addCurrent();
+        }
         return true;
     }
     if (load) {
@@ -21,7 +28,7 @@ bool TileSet::change(const TileMap& tiles, TileKey key, bool load) {
 }
 
 void TileSet::keepOnly(const TileMap& tiles) {
-    mLoadedTiles.remove_if([&](const std::shared_ptr<HeightTile>& tile) {
+    std::erase_if(mLoadedTiles, [&](const std::shared_ptr<HeightTile>& tile) {
         const auto found = tiles.find(tile->key());
         return found == tiles.end() || found->second != tile;
     });
@@ -29,16 +36,16 @@ void TileSet::keepOnly(const TileMap& tiles) {
 
 void TileSet::loadCurrent() {
     // Listed first: without memory for the list no tile is loaded that nobody would unload.
-    const auto listed = std::find(mLoadedTiles.begin(), mLoadedTiles.end(), mCurrentTile);
-    if (listed != mLoadedTiles.end()) {
-        mLoadedTiles.splice(mLoadedTiles.begin(), mLoadedTiles, listed);
-    } else {
-        mLoadedTiles.push_front(mCurrentTile);
-    }
+    std::erase(mLoadedTiles, mCurrentTile);
+    addCurrent();
     mCurrentTile->load();
+}
+
+void TileSet::addCurrent() {
+    mLoadedTiles.push_back(mCurrentTile);
     if (mLoadedTiles.size() > mLimit) {
-        mLoadedTiles.back()->unload();
-        mLoadedTiles.pop_back();
+        mLoadedTiles.front()->unload();
+        mLoadedTiles.erase(mLoadedTiles.begin());
     }
 }
 

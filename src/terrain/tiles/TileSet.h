@@ -3,9 +3,9 @@
 #pragma once
 
 #include <cstddef>
-#include <list>
 #include <map>
 #include <memory>
+#include <vector>
 
 #include "terrain/tiles/HeightTile.h"
 #include "terrain/tiles/TileKey.h"
@@ -14,7 +14,7 @@ namespace Orlek::Detail {
 
 using TileMap = std::map<TileKey, std::shared_ptr<HeightTile>>;
 
-/// Copies share tiles. One thread at a time.
+/// Copies share tiles, each with a limit of its own. One thread at a time.
 class TileSet {
 public:
     /// @param limit tiles loaded at a time.
@@ -43,11 +43,12 @@ public:
 private:
     bool change(const TileMap& tiles, TileKey key, bool load);
     void loadCurrent();
+    void addCurrent();
 
     TileKey mCurrentKey = noTileKey;
     DegreeCell mCurrentCell;  ///< of mCurrentKey when there is a tile, otherwise without points
     std::shared_ptr<HeightTile> mCurrentTile;
-    std::list<std::shared_ptr<HeightTile>> mLoadedTiles;  ///< most recently loaded first
+    std::vector<std::shared_ptr<HeightTile>> mLoadedTiles;  ///< most recently loaded last
     std::size_t mLimit;
 };
 

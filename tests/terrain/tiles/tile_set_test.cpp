@@ -78,6 +78,22 @@ TEST(TileSet, TilesThatWereReplacedAreGivenUpWhenTheCurrentOneChanges) {
     EXPECT_TRUE(tiles.at(key)->loaded() && kept.lock()->loaded());
 }
 
+TEST(TileSet, TilesThatACopyLoadedCountOnceTheyAreUsed) {
+    const TempDir dir;
+    TileMap tiles;
+    const auto first = added(tiles, dir, 6);
+    const auto second = added(tiles, dir, 7);
+    TileSet set(1);
+    for (const auto& tile : {first, second}) {
+        TileSet(set).select(tiles, tile->key(), true);
+    }
+    ASSERT_TRUE(first->loaded() && second->loaded());
+    EXPECT_TRUE(set.select(tiles, first->key(), false));
+    EXPECT_TRUE(set.select(tiles, second->key(), false));
+    EXPECT_FALSE(first->loaded());
+    EXPECT_TRUE(second->loaded());
+}
+
 TEST(TileSet, ATileWhoseFileWasExchangedStillCounts) {
     const TempDir dir;
     TileMap tiles;
