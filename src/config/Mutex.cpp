@@ -17,8 +17,7 @@ Mutex::~Mutex() = default;
 
 // The platform lock is ready as soon as it is constructed, so there is only the flag to set.
 void Mutex::init() {
-    if (!mInitialized)
-        mInitialized = true;
+    mInitialized = true;
 }
 
 void Mutex::lock() {

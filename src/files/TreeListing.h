@@ -13,7 +13,7 @@ namespace Orlek::Detail {
 /// Prints a line for each directory that cannot be read.
 class TreeListing {
 public:
-    /// Adds the regular files of `path`, and those below it if asked.
+    /// Adds the regular files of `path`, and those below it if asked, those below links last.
     void list(const std::string& path, bool recursive);
 
     /// In the order in which they were met.
@@ -22,8 +22,10 @@ public:
     std::vector<std::string> others;      ///< neither: links that lead nowhere, pipes, devices
 
 private:
+    void walk(const std::string& path, bool recursive);
     [[nodiscard]] bool wasVisited(const std::string& path) const;
 
+    std::vector<std::string> mLinks;  ///< to directories
     std::set<DirectoryIdentity> mVisited;
 };
 

@@ -54,18 +54,18 @@ unsigned char* ZipFile::readFirstFile(unsigned int& size) {
 }
 
 bool ZipFile::readAllHeaders() {
-    mHeadersRead = true;  // first, so that an archive that cannot be opened is not tried again
     Detail::RegularFile archive;
-    if (!Detail::openArchive(mFileName, archive)) {
-        return false;
-    }
+    const bool opened = Detail::openArchive(mFileName, archive);
+    std::vector<FileData> files;
     std::uint64_t offset = 0;
     Detail::WalkedEntry entry;
-    while (Detail::readEntry(archive, offset, entry) == Detail::ReadFault::none) {
-        mFiles.push_back(std::move(entry.data));
+    while (opened && Detail::readEntry(archive, offset, entry) == Detail::ReadFault::none) {
+        files.push_back(std::move(entry.data));
         offset = entry.nextOffset;
     }
-    return true;
+    mFiles = std::move(files);
+    mHeadersRead = true;  // also an archive that cannot be opened is not tried again
+    return opened;
 }
 
 unsigned char* ZipFile::readFileContent(const FileData& entry, unsigned int& size) const {

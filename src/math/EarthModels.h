@@ -11,7 +11,7 @@ namespace Orlek::Detail {
 inline constexpr double metresPerDegree = 111319.49079327358;
 /// Radius of the earth-centred sphere in metres.
 inline constexpr double earthRadius = 6378137.0;
-/// Metres per degree of arc of the sphere on which distances are measured: 60 nautical miles.
+/// Great circles are measured in nautical miles, one for each minute of arc.
 inline constexpr double minutesPerDegree = 60.0;
 inline constexpr double metresPerMinute = 1852.0;
 

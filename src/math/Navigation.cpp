@@ -62,7 +62,8 @@ void calcPointFromBrgDistance(double lat, double lon, double bearing, double dis
 
 void calcIntersection(double lat1, double lon1, double course1, double lat2, double lon2,
                       double course2, double& outLat, double& outLon) {
-    if (std::remainder(course2 - course1, 180.0) == 0.0)
+    constexpr double parallel = 1e-9;  // degrees; opposite courses differ by 180 but for rounding
+    if (std::abs(std::remainder(course2 - course1, 180.0)) < parallel)
         return;
     const Math::Vector2<double> along1 = courseDirection(course1);
     const Math::Vector2<double> along2 = courseDirection(course2);

@@ -103,6 +103,11 @@ TEST(Navigation, IntersectionLiesOnBothCourses) {
         EXPECT_EQ(unchanged.lat == -7.0 && unchanged.lon == -7.0, parallel) << course;
         unchanged = {};
     }
+    for (int tenths = 0; tenths < 1800; ++tenths) {
+        const double course = tenths / 10.0;
+        calcIntersection(50, 8, course, 51, 9, course + 180.0, unchanged.lat, unchanged.lon);
+        EXPECT_EQ(unchanged.lat, -7.0) << course;
+    }
 }
 
 // Ahead from inside the circle, the nearer crossing from outside, the start where it is missed.

@@ -18,7 +18,8 @@ namespace Orlek::FileSystem {
 /// to a pipe, with data descriptors) shows its first entry only, and that one cannot be read.
 ///
 /// No file stays open between calls. A copy has its own table. One thread at a time may use an
-/// object; different objects are independent, also on the same archive.
+/// object; different objects are independent, also on the same archive. Nothing throws but
+/// std::bad_alloc, when there is no memory for names and table; a later call then walks anew.
 ///
 /// @code
 /// Orlek::FileSystem::ZipFile archive("tiles/N43E007.SRTMGL3.hgt.zip");
@@ -70,7 +71,7 @@ public:
     /// @param[out] size the number of bytes; 0 when null is returned (and for an empty entry).
     /// @return `size` bytes and a spare one, which the caller releases with `std::free`; null when
     ///         there is no such entry, its sizes cannot be true, its data are damaged, cut off, no
-    ///         deflate data or more than its header says, or there is no memory. Fewer data than
+    ///         deflate data or more than its header says, or there is no memory for it. Fewer data than
     ///         the header says are filled up with zero bytes. Nothing is printed but what
     ///         getFiles() prints.
     unsigned char* readFile(const std::string& name, unsigned int& size);

@@ -5,7 +5,8 @@
 ///
 /// Latitudes and longitudes are in degrees, north and east positive; coordinates in metres.
 /// Arguments are not checked: a reference at a pole gives longitudes without meaning, huge ones
-/// mostly. All functions may be called from any thread.
+/// mostly. The grid subtracts longitudes as they stand: across the antimeridian, bring one within
+/// 180 degrees of the other first. All functions may be called from any thread.
 
 #include <Orlek/Export.h>
 

@@ -64,9 +64,9 @@ public:
     /// @param path a directory; its subdirectories are searched too.
     void setDataPath(const std::string& path);
 
-    /// Starts to look for tiles and returns at once; only where the system gives no thread, when it
-    /// has found them. Until it has finished for the first time the
-    /// object is not ready and queries give what they say for that; there is no need to wait.
+    /// Starts to look for tiles and returns at once (where the system gives no thread, only when it
+    /// has found them). Until the search has ended for the first time the object is not ready, and
+    /// queries give what they say for that; there is no need to wait.
     ///
     /// Prints one line with the number of files found and one line for each DTED file. A directory
     /// that is missing or empty makes the object ready without tiles.
@@ -98,9 +98,10 @@ public:
 
     /// The direction in which the surface of the terrain faces, from slopes of the Catmull-Rom
     /// surface through the sixteen posts around the point (Catmull and Rom 1974). Posts count as if
-    /// a degree of longitude were as long as one of latitude is, and the other way round: away from
-    /// the equator slopes to the east come out cos(lat) times as steep, those to the north divided
-    /// by it. For shading that is enough.
+    /// they were as far apart along a parallel as they are along a meridian, and the other way
+    /// round: away from the equator slopes to the east come out cos(lat) times as steep, those to
+    /// the north divided by it; by DTED beyond 50 degrees, times the ratio of its spacings. For
+    /// shading that is enough.
     ///
     /// Each component c of the unit vector, -1 to 1, is packed as (c + 1) * 127.5, rounded down;
     /// flat ground is (127, 127, 255).

@@ -10,7 +10,9 @@
 ///
 /// Two kinds of earth serve: great circles on a sphere for bearing and distance, and the flat grid
 /// of latLong2Grid() with 111319.49079327358 metres per degree for the rest, which is good for the
-/// tens of miles of a terminal area. All functions may be called from any thread.
+/// tens of miles of a terminal area. The grid subtracts longitudes as they stand: across the
+/// antimeridian, bring one within 180 degrees of the other first. All functions may be called from
+/// any thread.
 
 #include <Orlek/Export.h>
 
@@ -22,8 +24,8 @@ namespace Orlek::Geodetic {
 /// sin(lat2) - sin(lat1) cos(lat2) cos(dLon)).
 /// @param lat1, lon1 the first position, in degrees.
 /// @param lat2, lon2 the second position, in degrees.
-/// @return the bearing in degrees, in [0, 360]; 0 for equal positions and for arguments that are
-///         not finite.
+/// @return the bearing in degrees, in [0, 360]; 0 for equal latitudes and longitudes and for
+///         arguments that are not finite.
 ORLEK_EXPORT double calcBearing(double lat1, double lon1, double lat2, double lon2);
 
 /// Gives the length of the great circle between two positions, at 1852 m per minute of arc.
@@ -32,8 +34,9 @@ ORLEK_EXPORT double calcBearing(double lat1, double lon1, double lat2, double lo
 /// (a tenth of a metre) for positions close together.
 /// @param lat1, lon1 the first position, in degrees.
 /// @param lat2, lon2 the second position, in degrees.
-/// @return the distance in metres; exactly 0 for equal positions. NaN where rounding takes the
-///         cosine beyond 1, which can happen for positions that are nearly equal or antipodal.
+/// @return the distance in metres; exactly 0 for equal latitudes and longitudes. NaN where
+///         rounding takes the cosine beyond 1, which can happen for positions that are nearly equal
+///         or antipodal.
 ORLEK_EXPORT double calcDistance(double lat1, double lon1, double lat2, double lon2);
 
 /// Gives the position at a bearing and distance, on the flat grid of the start.
@@ -54,7 +57,8 @@ ORLEK_EXPORT void calcPointFromBrgDistance(double lat, double lon, double bearin
 /// @param course1 the course through it, in degrees.
 /// @param lat2, lon2 the second position, in degrees.
 /// @param course2 the course through it, in degrees.
-/// @param[out] outLat, outLon the crossing, in degrees; unchanged when the courses are parallel.
+/// @param[out] outLat, outLon the crossing, in degrees; unchanged when the courses are parallel
+///             to 1e-9 degrees.
 ORLEK_EXPORT void calcIntersection(double lat1, double lon1, double course1, double lat2,
                                    double lon2, double course2, double& outLat, double& outLon);
 

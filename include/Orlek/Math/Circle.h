@@ -17,7 +17,7 @@ template <>
 struct ORLEK_EXPORT Circle<double> {
     double x;       ///< First coordinate of the centre.
     double y;       ///< Second coordinate of the centre.
-    double radius;  ///< The radius, in the unit of the coordinates.
+    double radius;  ///< In the unit of the coordinates; only its square counts.
 
     /// @param centreX, centreY the centre.
     /// @param radiusValue the radius.
@@ -39,7 +39,8 @@ struct ORLEK_EXPORT Circle<double> {
     /// @param point the point.
     /// @param[out] first, second the tangent points, in the order of cross(); unchanged when the
     ///             result is false.
-    /// @return false when the point lies inside or on the circle.
+    /// @return false when the point lies inside or on the circle; on it but for rounding, which
+    ///         may make it either.
     bool tangent(const Vector2<double>& point, Vector2<double>& first,
                  Vector2<double>& second) const;
 };

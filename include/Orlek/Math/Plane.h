@@ -56,7 +56,8 @@ ORLEK_EXPORT void getParallelLine(Vector2<float> p1, Vector2<float> p2, double d
 /// @param a, b, c the points of the polyline, b the corner.
 /// @param distance how far, in the unit of the coordinates.
 /// @param side 0 shifts to the left, seen from a to b with y up; any other value to the right.
-/// @param[out] corner the crossing of the two shifted lines; unchanged when they are parallel.
+/// @param[out] corner the crossing of the two shifted lines; unchanged when they are parallel, for
+///             which rounding decides: test for a straight line before. NaN when points are equal.
 ORLEK_EXPORT void getInnerCross(Vector2<float> a, Vector2<float> b, Vector2<float> c,
                                 double distance, int side, Vector2<float>& corner);
 

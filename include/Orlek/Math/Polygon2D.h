@@ -96,8 +96,8 @@ public:
     /// Forms the intersection, the union or the difference with another polygon.
     ///
     /// This polygon is made clockwise; it keeps that order of its vertices, and the graph of the
-    /// operation, until the next one. Of two rings, one empty, the union gives the other and the
-    /// difference this one. Rings that contain each other are recognised by their vertices: when
+    /// operation, until the next one; neither when a ring is empty. Of two rings, one empty, the
+    /// union gives the other and the difference this one, unless it is empty itself. Rings that contain each other are recognised by their vertices: when
     /// all of one lie inside the other, the intersection is the inner ring, the union the outer,
     /// and the difference is empty, even where a hole would be left. When no vertex of @p other
     /// lies inside this polygon the two count as apart, even where they cross like a plus: the
@@ -141,8 +141,9 @@ ORLEK_EXPORT int getWindingDirection(std::vector<Vector2<double>> ring);
 ///
 /// For a convex clockwise ring this is whether the point lies inside; Polygon2D::pointInside serves
 /// other rings.
-/// @param point the point.
-/// @param ring the vertices; the closing edge is implied.
+/// @param point the point; NaN counts as to the right.
+/// @param ring the vertices; the closing edge is implied. One that is repeated makes an edge that
+///        counts as one to the east.
 /// @return true when it does, also for an empty ring.
 ORLEK_EXPORT bool pointInPolygon(Vector2<double> point, std::vector<Vector2<double>> ring);
 

@@ -1,7 +1,8 @@
 #pragma once
 
 /// @file
-/// Wrapping, clamping and linear interpolation of numbers.
+/// Wrapping, clamping and linear interpolation of numbers. All functions may be called from any
+/// thread.
 
 #include <cstdint>
 #include <limits>
@@ -19,7 +20,8 @@ namespace Orlek::Math {
 /// @param min the lower end.
 /// @param max the upper end, above @p min.
 /// @tparam T double, float, int or a wider signed type.
-/// @return the quantity in [min, max].
+/// @return the quantity in [min, max] but for rounding. Whole numbers must not be so far away that
+///         the distance does not fit them.
 template <typename T>
 T circLimit(T value, T min, T max) {
     const T range = max - min;
@@ -53,7 +55,8 @@ T clampTo(T value, T min, T max) {
 
 /// Interpolates linearly between two points, without going beyond them.
 /// @param x the place; before @p x0 it counts as @p x0, beyond @p x1 as @p x1.
-/// @param x0, x1 the places of the two points; equal ones give NaN or one of the two values.
+/// @param x0, x1 the places of the two points; equal ones give NaN or one of the two values;
+///        whole numbers must differ.
 /// @param y0, y1 the values there.
 /// @tparam T double or float; whole numbers give one of the two values.
 /// @return the value at @p x.

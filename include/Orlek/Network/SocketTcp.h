@@ -91,7 +91,8 @@ public:
     /// @param[out] buffer room for `size` bytes.
     /// @param size in bytes; 0 with bytes waiting counts as closed.
     /// @param timeoutMs longest wait in milliseconds.
-    /// @return the number of bytes; 0 when nothing came in time or there is no connection; -1 when
+    /// @return the number of bytes, those of an earlier connection also after a failed attempt to
+    ///         make a new one; 0 when nothing came in time or there is no connection; -1 when
     ///         the peer has closed or the receive failed, and then the connection is closed.
     int read(void* buffer, unsigned int size, unsigned int timeoutMs);
 

@@ -73,7 +73,8 @@ public:
 
     /// Asks for an attribute as a whole number by the rules of `strtol` with base 0: decimal,
     /// hexadecimal after 0x, octal after 0, up to the first character that does not fit.
-    /// @return the number, its lower 32 bits when it is larger, 0 when the text is none;
+    /// @return the number, its lower 32 bits when it is larger (from 2^63 on -1, as `strtol` gives
+    ///         the largest it has; 0 below -2^63), 0 when the text is none;
     ///         @p defaultValue when the attribute is missing.
     int getAttributeInt(const std::string& name, int defaultValue) const;
 

@@ -107,7 +107,7 @@ bool Property::getSwitch(const std::string& key, bool defaultValue) const {
 }
 
 void Property::setString(const std::string& key, const std::string& value) {
-    mProperties[key] = value;
+    mProperties.insert_or_assign(key, value);
 }
 
 void Property::setInt(const std::string& key, int value) {

@@ -32,8 +32,8 @@ Extent extentOf(Ring vertices) {
     for (; i < vertices.size(); ++i)
         parts[0].add(vertices[i].x);
     for (const Extent& part : parts) {
-        parts[0].add(part.low);
-        parts[0].add(part.high);
+        parts[0].low = std::min(parts[0].low, part.low);
+        parts[0].high = std::max(parts[0].high, part.high);
     }
     return parts[0];
 }
