@@ -3,8 +3,10 @@
 
 #include <algorithm>
 #include <array>
+#include <compare>
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace Orlek::Detail {
@@ -13,7 +15,7 @@ namespace Orlek::Detail {
 struct GridPoint {
     std::int32_t s = 0;
     std::int32_t t = 0;
-    bool operator==(const GridPoint&) const = default;
+    auto operator<=>(const GridPoint&) const = default;
 };
 
 /// The closed octagon around points, with upright and with diagonal sides: the latter tell slanting
@@ -59,13 +61,16 @@ public:
         }
     }
 
-    /// Calls visit(i, j), i < j, for each two edges whose boxes meet; neighbours among them.
+    /// Calls visit(i, j), i < j, for each two edges whose boxes meet, neighbours among them, until
+    /// it gives false.
     template <typename Visit>
     void eachPair(Visit&& visit) const {
         for (std::size_t level = 1; level < mLevels.size(); ++level) {
             const std::size_t below = mLevels[level - 1].size();
             for (std::size_t i = 0; i + 1 < below; i += 2) {
-                compare(level - 1, i, i + 1, visit);
+                if (!compare(level - 1, i, i + 1, visit)) {
+                    return;
+                }
             }
         }
     }
@@ -82,22 +87,24 @@ private:
     }
 
     template <typename Visit>
-    void compare(std::size_t level, std::size_t i, std::size_t j, Visit& visit) const {
+    bool compare(std::size_t level, std::size_t i, std::size_t j, Visit& visit) const {
         const GridBox* const boxes = mLevels[level].data();
         if (!boxes[i].meets(boxes[j])) {
-            return;
+            return true;
         }
         if (level == 0) {
-            visit(i, j);
-            return;
+            return visit(i, j);
         }
         const std::size_t count = mLevels[level - 1].size();
         const std::size_t endOfJ = std::min(2 * j + 2, count);
         for (std::size_t a = 2 * i; a < std::min(2 * i + 2, count); ++a) {
             for (std::size_t b = 2 * j; b < endOfJ; ++b) {
-                compare(level - 1, a, b, visit);
+                if (!compare(level - 1, a, b, visit)) {
+                    return false;
+                }
             }
         }
+        return true;
     }
 
     std::vector<std::vector<GridBox>> mLevels;

@@ -9,6 +9,8 @@
 #include <functional>
 #include <vector>
 
+#include "rendering/geometry/ViewAxis.h"
+
 namespace Orlek::Detail {
 
 namespace {
@@ -24,20 +26,9 @@ float coordinate(const Math::Vector3<float>& p, std::size_t axis) {
     return axis == 0 ? p.x : axis == 1 ? p.y : p.z;
 }
 
-// The axis along which the outline is flattest.
-std::size_t flattestAxis(std::span<const Math::Vector3<float>> corners) {
-    std::array<double, 3> extent{};
-    for (std::size_t axis = 0; axis < 3; ++axis) {
-        const auto along = [axis](const auto& p) { return coordinate(p, axis); };
-        const auto [low, high] = std::ranges::minmax(corners, {}, along);
-        extent[axis] = double{along(high)} - along(low);
-    }
-    return static_cast<std::size_t>(std::ranges::min_element(extent) - extent.begin());
-}
-
 // Edges in the plane of the sweep, which goes along x.
 std::vector<Edge> flattened(std::span<const Math::Vector3<float>> corners) {
-    const std::size_t x = (flattestAxis(corners) + 1) % 3;
+    const std::size_t x = (viewAxis(corners) + 1) % 3;
     const std::size_t y = (x + 1) % 3;
     std::vector<Edge> edges;
     edges.reserve(corners.size());
@@ -54,7 +45,6 @@ double side(const Edge& e, double x, double y) {
     return (double{e.x1} - e.x0) * (y - e.y0) - (double{e.y1} - e.y0) * (x - e.x0);
 }
 
-// Strictly: edges that only touch, as neighbours do, do not cross.
 bool parted(double a, double b) {
     return (a < 0 && b > 0) || (a > 0 && b < 0);
 }
@@ -63,10 +53,20 @@ bool mayMeet(float a0, float a1, float b0, float b1) {
     return std::min(a0, a1) <= std::max(b0, b1) && std::min(b0, b1) <= std::max(a0, a1);
 }
 
+bool passes(const Edge& e, float x, float y) {
+    return side(e, x, y) == 0.0 && mayMeet(e.x0, e.x1, x, x) && mayMeet(e.y0, e.y1, y, y) &&
+           !(x == e.x0 && y == e.y0) && !(x == e.x1 && y == e.y1);
+}
+
+// Also where an end lies on the other edge, as with edges that overlap; not where ends meet.
 bool cross(const Edge& a, const Edge& b) {
-    return mayMeet(a.x0, a.x1, b.x0, b.x1) && mayMeet(a.y0, a.y1, b.y0, b.y1) &&
-           parted(side(a, b.x0, b.y0), side(a, b.x1, b.y1)) &&
-           parted(side(b, a.x0, a.y0), side(b, a.x1, a.y1));
+    if (!mayMeet(a.x0, a.x1, b.x0, b.x1) || !mayMeet(a.y0, a.y1, b.y0, b.y1)) {
+        return false;
+    }
+    return (parted(side(a, b.x0, b.y0), side(a, b.x1, b.y1)) &&
+            parted(side(b, a.x0, a.y0), side(b, a.x1, a.y1))) ||
+           passes(a, b.x0, b.y0) || passes(a, b.x1, b.y1) || passes(b, a.x0, a.y0) ||
+           passes(b, a.x1, a.y1);
 }
 
 double crossings(const std::vector<Edge>& edges, const Edge& edge) {

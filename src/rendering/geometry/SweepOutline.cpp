@@ -14,7 +14,10 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <numeric>
 #include <utility>
+
+#include "rendering/geometry/ViewAxis.h"
 
 namespace Orlek::Detail {
 
@@ -27,44 +30,6 @@ using Outline = std::span<const Corner>;
 
 Place placeOf(const Math::Vector3<float>& p) {
     return {p.x, p.y, p.z};
-}
-
-Place difference(const Place& a, const Place& b) {
-    return {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
-}
-
-Place crossProduct(const Place& a, const Place& b) {
-    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
-}
-
-double squaredLength(const Place& a) {
-    return a[0] * a[0] + a[1] * a[1] + a[2] * a[2];
-}
-
-std::size_t longAxis(const Place& a) {
-    const std::size_t longest = std::fabs(a[1]) > std::fabs(a[0]) ? 1 : 0;
-    return std::fabs(a[2]) > std::fabs(a[longest]) ? 2 : longest;
-}
-
-// The axis to look along: that of the normal of a large triangle over the longest extent.
-std::size_t viewAxis(Outline outline) {
-    const auto [lowX, highX] = std::ranges::minmax_element(outline, {}, &Corner::x);
-    const auto [lowY, highY] = std::ranges::minmax_element(outline, {}, &Corner::y);
-    const auto [lowZ, highZ] = std::ranges::minmax_element(outline, {}, &Corner::z);
-    if (lowZ->z == highZ->z) {
-        return 2;
-    }
-    const std::array<Place, 3> extents{difference(placeOf(*highX), placeOf(*lowX)),
-                                       difference(placeOf(*highY), placeOf(*lowY)),
-                                       difference(placeOf(*highZ), placeOf(*lowZ))};
-    const std::size_t longest = longAxis({extents[0][0], extents[1][1], extents[2][2]});
-    const Place from = placeOf(longest == 0 ? *lowX : longest == 1 ? *lowY : *lowZ);
-    Place normal{};
-    for (const Corner& corner : outline) {
-        const Place n = crossProduct(extents[longest], difference(placeOf(corner), from));
-        normal = squaredLength(n) > squaredLength(normal) ? n : normal;
-    }
-    return longAxis(normal);
 }
 
 std::int32_t rounded(double value) {
@@ -125,16 +90,47 @@ struct Cut {
     GridPoint at;
 };
 
+using Edges = std::vector<std::size_t>;  // by the corner with which they begin
+
+const GridPoint& startOf(std::size_t edge, const Corners& corners) {
+    return corners[edge].at;
+}
+
+const GridPoint& endOf(std::size_t edge, const Corners& corners) {
+    return corners[edge + 1 < corners.size() ? edge + 1 : 0].at;
+}
+
+Edges allEdges(const Corners& corners) {
+    Edges edges(corners.size());
+    std::iota(edges.begin(), edges.end(), 0U);
+    return edges;
+}
+
+// In their order, without those that lie on an earlier one from end to end.
+Edges distinctEdges(const Corners& corners) {
+    const auto ends = [&](std::size_t edge) {
+        return std::minmax({startOf(edge, corners), endOf(edge, corners)});
+    };
+    Edges edges = allEdges(corners);
+    std::ranges::sort(edges, {}, [&](std::size_t edge) { return std::pair(ends(edge), edge); });
+    const auto repeated = std::ranges::unique(edges, {}, ends);
+    edges.erase(repeated.begin(), repeated.end());
+    std::ranges::sort(edges);
+    return edges;
+}
+
+// Looks for the corners that edges need, until there are more than `most`.
 class CutFinder {
 public:
-    explicit CutFinder(const Corners& corners) : mCorners(corners) {
+    CutFinder(const Corners& corners, const Edges& edges, std::size_t most) : mCorners(corners) {
         std::vector<GridBox> boxes;
-        boxes.reserve(corners.size());
-        for (std::size_t i = 0; i < corners.size(); ++i) {
-            boxes.emplace_back(start(i), end(i));
+        boxes.reserve(edges.size());
+        for (const std::size_t edge : edges) {
+            boxes.emplace_back(start(edge), end(edge));
         }
-        EdgeBoxes(std::move(boxes)).eachPair([this](std::size_t i, std::size_t j) {
-            compare(i, j);
+        EdgeBoxes(std::move(boxes)).eachPair([&](std::size_t i, std::size_t j) {
+            compare(edges[i], edges[j]);
+            return mCuts.size() <= most;
         });
         std::ranges::sort(mCuts, {}, [](const Cut& cut) { return std::pair(cut.edge, cut.along); });
     }
@@ -142,10 +138,8 @@ public:
     const std::vector<Cut>& cuts() const { return mCuts; }
 
 private:
-    const GridPoint& start(std::size_t edge) const { return mCorners[edge].at; }
-    const GridPoint& end(std::size_t edge) const {
-        return mCorners[edge + 1 < mCorners.size() ? edge + 1 : 0].at;
-    }
+    const GridPoint& start(std::size_t edge) const { return startOf(edge, mCorners); }
+    const GridPoint& end(std::size_t edge) const { return endOf(edge, mCorners); }
 
     void compare(std::size_t i, std::size_t j) {
         const std::int64_t startOfJ = turn(start(i), end(i), start(j));
@@ -221,28 +215,34 @@ Corners withCuts(const Corners& corners, const std::vector<Cut>& cuts) {
     return all;
 }
 
+bool meetsBetweenCorners(const Corners& corners) {
+    return !CutFinder(corners, distinctEdges(corners), 0).cuts().empty();
+}
+
 }  // namespace
 
 std::vector<OutlineCorner> sweepOutline(std::span<const Math::Vector3<float>> outline) {
     constexpr int fine = 26;
     constexpr int coarse = 17;
     constexpr std::size_t fewCuts = 1000;
-    constexpr std::size_t mostCuts = std::size_t{1} << 23U;
+    constexpr std::size_t mostCuts = std::size_t{1} << 20U;
     constexpr int mostRounds = 30;
     if (outline.empty()) {
         return {};
     }
     Corners corners = onGrid(outline, fine);
     for (int round = 0; round < mostRounds; ++round) {
-        const CutFinder finder(corners);
-        const std::size_t cuts = corners.size() - outline.size() + finder.cuts().size();
-        if (finder.cuts().empty()) {
-            return cuts <= fewCuts ? corners : onGrid(outline, fine);
+        const CutFinder finder(corners, allEdges(corners), round == 0 ? mostCuts : fewCuts);
+        const std::vector<Cut>& cuts = finder.cuts();
+        if (cuts.empty()) {
+            return corners;
         }
-        if (cuts > (round == 0 ? mostCuts : fewCuts)) {
-            break;
+        if (corners.size() - outline.size() + cuts.size() > fewCuts) {
+            const bool wide = round == 0 && cuts.size() <= mostCuts &&
+                              !meetsBetweenCorners(withCuts(corners, cuts));
+            return onGrid(outline, wide ? fine : coarse);
         }
-        corners = withCuts(corners, finder.cuts());
+        corners = withCuts(corners, cuts);
     }
     return onGrid(outline, coarse);
 }

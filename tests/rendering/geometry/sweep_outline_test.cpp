@@ -83,11 +83,15 @@ TEST(SweepOutline, LeavesThousandsOfCrossingsToTheSweepUnlessTheyAreNarrow) {
     std::mt19937 random(5);
     std::uniform_real_distribution<float> anywhere(1.0F, 2.0F);
     std::vector<Vertex> wide(100);
+    std::vector<Vertex> line(1000);  // two thirds of a million overlaps
     for (Vertex& corner : wide) {
         corner = Vertex(anywhere(random), anywhere(random), 0.0F);
     }
-    for (const auto& [outline, bits] :
-         {std::pair(wide, 26), std::pair(narrowOutline(random, false, 300), 17)}) {
+    for (Vertex& corner : line) {
+        corner = Vertex(anywhere(random), 1.0F, 0.0F);
+    }
+    for (const auto& [outline, bits] : {std::pair(wide, 26), std::pair(line, 26),
+                                        std::pair(narrowOutline(random, false, 300), 17)}) {
         const std::vector<OutlineCorner> corners = sweepOutline(outline);
         ASSERT_EQ(corners.size(), outline.size()) << bits;
         const int greatest =

@@ -191,6 +191,15 @@ TEST(Tesselator, TakesAHundredThousandCornersUnlessTheyTangle) {
     std::mt19937 random(3);
     std::uniform_real_distribution<double> anywhere(-10, 10);
     EXPECT_EQ(areaOf(ring(corners, 1.0, [&](int) { return anywhere(random); })), 0);
+    Tesselator wall;
+    Tesselator folded;  // edges on one another
+    for (int i = 0; i < 3000; ++i) {
+        const auto along = static_cast<float>(anywhere(random));
+        wall.addVertex(Vertex(along, along, static_cast<float>(anywhere(random)) / 100));
+        folded.addVertex(Vertex(along, i == 0 ? 1.0F : 0.0F, 0.0F));
+    }
+    EXPECT_TRUE(wall.tesselate().primitives.empty());
+    EXPECT_TRUE(folded.tesselate().primitives.empty());
     Points comb;  // whose last edge crosses all others
     for (int i = 0; i < corners; ++i) {
         comb.emplace_back(static_cast<float>(i), static_cast<float>(i % 2));
