@@ -64,11 +64,11 @@ public:
     /// added. The last corner is joined to the first.
     /// @return the primitives; none for fewer than 3 corners, for an outline without area, for one
     /// with a coordinate that is not finite, and for one of more than 1,000 corners that crosses
-    /// itself so often, or has so many long edges side by side or on one another, that it would take
-    /// minutes (3,000 corners at random, a comb of 130,000, for example). Along each axis corners
-    /// may count as one that differ by less than the 2^-26th part of the greatest coordinate; the
-    /// 2^-17th part where more than a thousand crossings lie hardly apart. Otherwise what the
-    /// tessellator complains about is left out.
+    /// itself so often, or has so many long edges side by side or on one another, that it would
+    /// take minutes (3,000 corners at random, a comb of 130,000, for example). Along each axis
+    /// corners may count as one that differ by less than the 2^-26th part of the greatest
+    /// coordinate; the 2^-17th part where more than a thousand crossings lie hardly apart.
+    /// Otherwise what the tessellator complains about is left out.
     TessPolygon tesselate();
 
 private:

@@ -54,8 +54,9 @@ public:
 
     /// Makes the texture and, in place of all vertices, the quad that shows it upright, one unit a
     /// pixel, with its centre in the origin and its first row at +y. Releases an earlier texture.
-    /// An image larger than the largest texture is refused with a printed line; texture and
-    /// vertices stay then. The texture stays bound to the active unit.
+    /// An image that is larger than the largest texture, has a format that OpenGL does not have or
+    /// finds no memory is refused with a printed line; texture and vertices stay then. The texture
+    /// stays bound to the active unit.
     /// @param pixels height rows of width pixels of unsigned bytes without padding; read and not
     /// kept. Null: nothing happens.
     /// @param width, height in pixels.
@@ -72,7 +73,7 @@ public:
     /// beyond its edges. Discards pending GL errors and leaves none; leaves the texture bound.
     /// @param image an image block of RGBA bytes, see load(); read and not kept.
     /// @return its GL name, which the caller deletes; 0 when image is null, without OpenGL, and
-    /// with a printed line for an image larger than the largest texture.
+    /// with a printed line for an image that is larger than the largest texture or finds no memory.
     unsigned createTexture(const void* image);
 
     /// Appends a triangle strip that is not joined to what follows, but continues what stands

@@ -72,8 +72,9 @@ public:
     /// render() draws again.
     void clear();
 
-    /// Makes the map texture and releases an earlier one. An image larger than the largest
-    /// texture is refused with a printed line, and the earlier one stays.
+    /// Makes the map texture and releases an earlier one. An image that is larger than the
+    /// largest texture, has a format that OpenGL does not have or finds no memory is refused with a
+    /// printed line, and the earlier one stays; so in loadNormals().
     /// @param pixels height rows of width pixels of unsigned bytes without padding, the row at
     /// v = 0 first; read and not kept. Null: nothing happens.
     /// @param width, height in pixels.

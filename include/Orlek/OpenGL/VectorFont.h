@@ -121,9 +121,8 @@ public:
     void setColor(Math::Vector4<float> color);
 
     /// Sets the line width of the next draw. No GL call.
-    /// @param width in pixels, 1.5 at construction; the driver limits it. With one that is not
-    /// above
-    ///        0 the width of the GL context stays, and each draw prints its GL error.
+    /// @param width in pixels, 1.5 at construction; the driver limits it. With one that
+    ///        is not above 0 the width of the GL context stays, and each draw prints its GL error.
     void setLineWidth(double width);
 
     /// Empties the batch. No GL call.

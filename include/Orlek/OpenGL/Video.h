@@ -51,9 +51,9 @@ public:
 
     /// Makes the texture and, in place of all vertices, the quad that shows frames upright, one
     /// unit a pixel, with its centre in the origin. Releases an earlier texture. The picture is
-    /// undefined until the first putFrame(). A size larger than the largest texture is refused with
-    /// a printed line; everything stays as it was then. The texture stays bound to the active unit,
-    /// no pixel buffer does.
+    /// undefined until the first putFrame(). A size larger than the largest texture, or without
+    /// memory, is refused with a printed line; everything stays as it was then. The texture stays
+    /// bound to the active unit, no pixel buffer does.
     /// @param width, height of the frames in pixels.
     void init(unsigned width, unsigned height);
 

@@ -13,7 +13,6 @@ namespace Orlek::Detail {
 
 static_assert(static_cast<GLenum>(DrawMode::Lines) == GL_LINES);
 static_assert(static_cast<GLenum>(DrawMode::LineStrip) == GL_LINE_STRIP);
-static_assert(static_cast<GLenum>(DrawMode::Triangles) == GL_TRIANGLES);
 static_assert(static_cast<GLenum>(DrawMode::TriangleStrip) == GL_TRIANGLE_STRIP);
 static_assert(static_cast<GLenum>(DrawMode::TriangleFan) == GL_TRIANGLE_FAN);
 static_assert(static_cast<GLenum>(DrawMode::LineStripAdjacency) == GL_LINE_STRIP_ADJACENCY);
@@ -92,12 +91,6 @@ void DrawPass::set(std::string_view uniform, const Math::Vector3<float>& value) 
 
 void DrawPass::set(std::string_view uniform, const Math::Vector4<float>& value) {
     setIfPresent(uniform, value.x, value.y, value.z, value.w);
-}
-
-void DrawPass::setViewPort() {
-    if (uniformLocation(mProgram, "viewPort") >= 0) {
-        mHandler.activateViewPort();
-    }
 }
 
 int DrawPass::locate(std::string_view uniform) const {

@@ -27,7 +27,6 @@ class Mesh;
 enum class DrawMode : unsigned {
     Lines = 0x0001,
     LineStrip = 0x0003,
-    Triangles = 0x0004,
     TriangleStrip = 0x0005,
     TriangleFan = 0x0006,
     LineStripAdjacency = 0x000B
@@ -73,7 +72,6 @@ public:
     void set(std::string_view uniform, int value);
     void set(std::string_view uniform, const Math::Vector3<float>& value);
     void set(std::string_view uniform, const Math::Vector4<float>& value);
-    void setViewPort();
     /// @param rows 32 of them, 32 bits each.
     void setPattern(std::string_view uniform, std::span<const int, 32> rows);
 

@@ -2,6 +2,8 @@
 
 #include <GL/glew.h>
 
+#include <algorithm>
+
 #include "rendering/gl/EntryPoints.h"
 #include "rendering/gl/Errors.h"
 #include "rendering/gl/Names.h"
@@ -58,6 +60,13 @@ void uploadColors(const TextureRecipe& recipe, const TextureImage& image) {
            glType(recipe.type), image);
 }
 
+// False when OpenGL has refused the upload to the texture bound.
+bool holdsBound(const TextureImage& image) {
+    GLint width = 0;
+    glGetTexLevelParameteriv(GL_TEXTURE_2D, 0, GL_TEXTURE_WIDTH, &width);
+    return static_cast<std::size_t>(width) == image.width;
+}
+
 GLenum glTarget(TextureTarget target) {
     return target == TextureTarget::OneDimensional ? GL_TEXTURE_1D : GL_TEXTURE_2D;
 }
@@ -108,6 +117,11 @@ bool replaceTexture(std::shared_ptr<Texture>& texture, const TextureRecipe& reci
     std::shared_ptr<Texture> made = Texture::create(recipe, image);
     if (made == nullptr) {
         reportInvalidValue(label);
+        return false;
+    }
+    if (!holdsBound(image)) {
+        reportErrors(label);
+        made->release();
         return false;
     }
     releaseShare(texture);

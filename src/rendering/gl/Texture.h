@@ -69,8 +69,9 @@ private:
     unsigned mName;
 };
 
-/// Makes a texture in place of an earlier one and gives up the share of that. An image larger than
-/// the largest texture is refused with a line under the label, and the earlier one stays.
+/// Makes a texture in place of an earlier one and gives up the share of that. An image that is
+/// larger than the largest texture, or that OpenGL refuses for its format or for lack of memory, is
+/// refused with a line under the label, and the earlier one stays.
 /// Returns whether the texture was made; without OpenGL nothing happens.
 bool replaceTexture(std::shared_ptr<Texture>& texture, const TextureRecipe& recipe,
                     const TextureImage& image, const char* label);

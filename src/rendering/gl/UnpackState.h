@@ -5,8 +5,8 @@
 
 namespace Orlek::Detail {
 
-/// Makes OpenGL read tightly packed rows from client memory, whatever the application has set up,
-/// and restores the application's settings at the end of the scope.
+/// Makes OpenGL read tightly packed rows from client memory, however the application has it read
+/// pixels (glPixelStore, an unpack buffer), and restores that at the end of the scope.
 class UnpackState {
 public:
     UnpackState();

@@ -15,22 +15,6 @@ std::vector<float> withLengths(std::span<const Math::Vector3<float>> vertices) {
     return measureLine(vertices, OpenGL::MatrixGet(), OpenGL::GlHandler::instance().viewPort());
 }
 
-// Most of these are there for the wide-line programs; the program in use ignores what it lacks.
-void setUniforms(DrawPass& pass, const LineRecipe& recipe, const LineStyle& style,
-                 LineColor color) {
-    const bool oneColor = color == LineColor::One;
-    if (oneColor && recipe.colorFirst) {
-        pass.set("color", style.color);
-    }
-    pass.set("lineWidth", style.lineWidth);
-    if (oneColor && !recipe.colorFirst) {
-        pass.set("color", style.color);
-    }
-    pass.set("antialias", style.antiAlias ? 1 : 0);
-    pass.set("lineStipple", style.stipple);
-    pass.setViewPort();
-}
-
 void setLineState(DrawPass& pass, const LineRecipe& recipe, const LineStyle& style) {
     if (recipe.setsWidthAndStipple) {
         pass.lineState(style.antiAlias, style.lineWidth,
@@ -70,7 +54,9 @@ void drawLines(const LineRecipe& recipe, const LineStyle& style, const Mesh& mes
                std::size_t count, LineColor color) {
     DrawPass pass(recipe.label,
                   color == LineColor::EachVertex ? vertexColorProgram : oneColorProgram);
-    setUniforms(pass, recipe, style, color);
+    if (color == LineColor::One) {
+        pass.set("color", style.color);
+    }
     pass.bind(mesh);
     setLineState(pass, recipe, style);
     pass.matrix();

@@ -23,7 +23,6 @@ struct LineRecipe {
     /// Separates runs; without it lines have no indices.
     std::optional<std::uint32_t> restart = std::nullopt;
     bool setsWidthAndStipple = true;  ///< Otherwise they stay as the application has them.
-    bool colorFirst = false;          ///< The uniform "color" before "lineWidth".
 };
 
 enum class LineColor { One, EachVertex };

@@ -13,7 +13,6 @@ constexpr Detail::LineRecipe stripRecipe{
     .label = "LineStrips",
     .mode = Detail::DrawMode::LineStripAdjacency,
     .restart = static_cast<std::uint32_t>(LineStrips::RESTART_INDEX),
-    .colorFirst = true,
 };
 
 }  // namespace

@@ -39,8 +39,8 @@ bool allocateAtlas(const ShelfLayout& layout, GlyphAtlas& atlas);
 void rasterGlyphs(FontFace& face, const ShelfLayout& layout, GlyphAtlas& atlas,
                   std::span<OpenGL::GlyphInfo, slotCount> glyphs);
 
-/// All of it for one pixel height. The line height is set as soon as it is known, the rest only if
-/// there is room. Reports and returns false when the font has no such height, or no memory is left.
+/// All of it for one pixel height. Reports and returns false, with atlas and font in any state,
+/// when the font has no such height, or no memory is left.
 bool buildAtlas(FontFace& face, int pixelHeight, ShelfRecipe recipe, GlyphAtlas& atlas,
                 GlyphSet& font);
 

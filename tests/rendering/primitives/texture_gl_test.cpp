@@ -229,6 +229,12 @@ TEST_F(TextureTest, RefusesImagesThatNoTextureCanHold) {
     const Bytes lying = block(0xFFFFFFFF, 0x40000001, Bytes(4));
     EXPECT_EQ(captureStdout([&] { texture.load(lying.data(), GL_RGBA); }), line);
     EXPECT_EQ(captureStdout([&] { EXPECT_EQ(texture.createTexture(lying.data()), 0U); }), line);
+    provokingErrors([&] {
+        const Bytes small(4);
+        const std::string lines =
+            captureStdout([&] { texture.load(small.data(), 1, 1, GL_TEXTURE_2D); });
+        EXPECT_NE(lines.find("Error <Texture> <Nix> 1280\n"), std::string::npos) << lines;
+    });
     EXPECT_EQ(texture.width(), 16U);
     MatrixTranslate(50, 40, 0);
     EXPECT_EQ(pixelsOf(texture), 256) << "the earlier image stays";
