@@ -113,8 +113,8 @@ Edges distinctEdges(const Corners& corners) {
     };
     Edges edges = allEdges(corners);
     std::ranges::sort(edges, {}, [&](std::size_t edge) { return std::pair(ends(edge), edge); });
-    const auto repeated = std::ranges::unique(edges, {}, ends);
-    edges.erase(repeated.begin(), repeated.end());
+    const auto sameEnds = [&](std::size_t a, std::size_t b) { return ends(a) == ends(b); };
+    edges.erase(std::unique(edges.begin(), edges.end(), sameEnds), edges.end());
     std::ranges::sort(edges);
     return edges;
 }
