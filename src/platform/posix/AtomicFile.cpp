@@ -65,6 +65,18 @@ std::string makeNamed(const std::string& directory, Make make) {
     return {};
 }
 
+// Were a standard stream closed, what is printed there would go into the file that has its number.
+int aboveStandardStreams(int descriptor) {
+    if (descriptor < 0 || descriptor > STDERR_FILENO) {
+        return descriptor;
+    }
+    const int higher = ::fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    const int error = errno;
+    ::close(descriptor);
+    errno = error;
+    return higher;
+}
+
 #ifdef O_TMPFILE
 constexpr int unnamed = O_TMPFILE;
 #else
@@ -165,6 +177,7 @@ bool AtomicFile::create(unsigned int mode) {
             return mDescriptor >= 0;
         });
     }
+    mDescriptor = aboveStandardStreams(mDescriptor);
     return mDescriptor >= 0;
 }
 
