@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds the library and draws the moving map or another example.
 set -euo pipefail
-cd "$(dirname "$0")"
+unset CDPATH
+cd "$(dirname "$(readlink -f "$0")")"
 root=$PWD
 # shellcheck source=cmake/packages.sh
 . cmake/packages.sh
@@ -37,6 +38,7 @@ TEXT
 }
 
 build() {  # preset
+  mkdir -p build
   cmake --preset "$1" >"$root/build/$1.log" 2>&1 || { cat "$root/build/$1.log"; return 1; }
   cmake --build "build/$1"
 }
@@ -63,6 +65,7 @@ docs() {
 
 # Two of these at once, for traffic and live, would build into one another.
 prepare() {
+  mkdir -p build
   (
     flock 9
     # shellcheck disable=SC2086
@@ -143,7 +146,6 @@ all() {
   gallery
 }
 
-mkdir -p build
 example=map
 case "${1:-}" in
   map | live | traffic | gallery | instruments | all) example=$1; shift ;;

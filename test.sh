@@ -3,7 +3,8 @@
 # behaviour sanitizers, the threaded ones under the thread sanitizer, and each fuzz target briefly.
 # Ends non-zero when anything fails.
 set -euo pipefail
-cd "$(dirname "$0")"
+unset CDPATH
+cd "$(dirname "$(readlink -f "$0")")"
 # shellcheck source=cmake/packages.sh
 . cmake/packages.sh
 

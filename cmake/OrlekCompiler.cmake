@@ -7,7 +7,7 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
 find_program(ORLEK_CCACHE ccache)
 mark_as_advanced(ORLEK_CCACHE)
-if(ORLEK_CCACHE AND PROJECT_IS_TOP_LEVEL)
+if(ORLEK_CCACHE AND PROJECT_IS_TOP_LEVEL AND NOT DEFINED CMAKE_CXX_COMPILER_LAUNCHER)
   # The tests' compiled headers need ccache to overlook __TIME__, which nothing here uses.
   set(CMAKE_CXX_COMPILER_LAUNCHER
     "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros "${ORLEK_CCACHE}")

@@ -7,11 +7,11 @@
 # folder lists them for campaign.sh and coverage.sh, a line each: name, corpus, dictionary, longest
 # input, sources.
 #
-# With ORLEK_FUZZ_WITHOUT_FILES the library's file layer gives way to one in memory: for long runs, in
-# which system calls would be most of the time. The library of such a build is of no other use.
-option(ORLEK_FUZZ_WITHOUT_FILES "Fuzz targets keep their files in memory" OFF)
+# In the preset fuzz, with ORLEK_FUZZ_WITHOUT_FILES, the library's file layer gives way to one in memory:
+# for long runs, in which system calls would be most of the time. The library of such a build is of no
+# other use.
 add_custom_target(orlek_fuzz_targets)
-if(ORLEK_FUZZ_WITHOUT_FILES)
+if(ORLEK_BUILD_FUZZ AND ORLEK_FUZZ_WITHOUT_FILES)
   get_target_property(sources orlek_objects SOURCES)
   list(FILTER sources EXCLUDE REGEX "posix/(AtomicFile|DirectorySearch|RegularFile).cpp$")
   set_property(TARGET orlek_objects PROPERTY SOURCES ${sources})

@@ -22,8 +22,12 @@ install(DIRECTORY examples/template DESTINATION "${CMAKE_INSTALL_DATADIR}/orlek"
   PATTERN build EXCLUDE)
 
 # Paths relative to the .pc file, so that an installed tree may be moved; absolute ones as they are.
-file(RELATIVE_PATH ORLEK_PC_PREFIX "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
-string(REGEX REPLACE "/$" "" ORLEK_PC_PREFIX "${ORLEK_PC_PREFIX}")
+if(IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}")
+  set(ORLEK_PC_PREFIX "${CMAKE_INSTALL_PREFIX}")
+else()
+  file(RELATIVE_PATH ORLEK_PC_PREFIX "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
+  string(REGEX REPLACE "/$" "" ORLEK_PC_PREFIX "\${pcfiledir}/${ORLEK_PC_PREFIX}")
+endif()
 foreach(kind LIB INCLUDE)
   set(ORLEK_PC_${kind}DIR "\${prefix}/${CMAKE_INSTALL_${kind}DIR}")
   if(IS_ABSOLUTE "${CMAKE_INSTALL_${kind}DIR}")

@@ -45,10 +45,12 @@ install_packages() {
 # Runs an installation after which no nginx serves this machine, now or after a restart: the tests
 # start their own, in a network of its own.
 without_nginx_service() {
-  local policy=/usr/sbin/policy-rc.d
+  local policy=/usr/sbin/policy-rc.d made=""
   (
+    trap '[ ! -e /etc/init.d/nginx ] || $as_root update-rc.d nginx disable
+      [ -z "$made" ] || $as_root rm -f "$policy"' EXIT
     if [ ! -e "$policy" ]; then
-      trap '$as_root rm -f "$policy"' EXIT
+      made=yes
       # shellcheck disable=SC2016  # expanded when it runs
       printf '#!/bin/sh\ncase "$1" in nginx | nginx.service) exit 101 ;; esac\n' |
         $as_root tee "$policy" >/dev/null
@@ -56,5 +58,4 @@ without_nginx_service() {
     fi
     "$@"
   )
-  $as_root update-rc.d nginx disable
 }

@@ -1,7 +1,8 @@
-#!/bin/sh
+#!/usr/bin/env bash
 # Builds the API documentation into the folder given. Doxygen cannot link between pages in a folder
 # whose path has a space, so it works on a copy.
-set -eu
+set -euo pipefail
+unset CDPATH
 mkdir -p "$1"
 out=$(cd "$1" && pwd)
 cd "$(dirname "$0")/.."
@@ -18,4 +19,5 @@ awk '/^The program: /{match($0, /[a-z]+\.cpp/); program = substr($0, RSTART, RLE
 mv gallery docs/gallery.md
 sed -i -E 's#\[([^]]+)\]\((\.\./)?examples/[^)]*\)#\1#g' README.md docs/*.md
 ORLEK_DOCS_DIR="$work/out" doxygen docs/Doxyfile
+rm -rf "$out/html"
 cp -R "$work/out/." "$out"

@@ -1,7 +1,8 @@
-#!/bin/sh
+#!/usr/bin/env bash
 # Holds docs/diagnostics.md against the sources: every message has a line in its tables, and the
 # reverse. System errors stand there as "word: %s".
 set -eu
+unset CDPATH
 cd "$(dirname "$0")/.."
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Draws the gallery and keeps its pictures, small, for the documentation (packages pngquant, optipng).
 set -euo pipefail
+unset CDPATH
 cd "$(dirname "$0")/.."
 ./run.sh gallery
 mkdir -p docs/images/gallery

@@ -5,6 +5,7 @@
 # A row says: program, ours, beside which, what the page says of both. In front stands "cpu" for a
 # ratio of processor time, "items" for one of the time for each item.
 set -euo pipefail
+export LC_ALL=C  # numbers with a point
 results=${1:-$(dirname "$0")/../out/bench}
 
 rows() {

@@ -2,6 +2,8 @@
 # Fuzzes for long: runs targets in slices, keeps the inputs that reach something new and those that
 # break something, and adds up what was run. See --help.
 set -euo pipefail
+export LC_ALL=C  # numbers with a point
+unset CDPATH
 cd "$(dirname "$0")/.."
 # shellcheck source=cmake/packages.sh
 . cmake/packages.sh
@@ -66,7 +68,7 @@ print_open() { find "$home/findings" -type f -printf 'open: %p\n' | sort | grep 
 entry() { awk -v name="$1" '$1 == name' "$build/fuzz_targets.txt"; }
 
 # One slice of a target, as a line of the totals.
-run_slice() {  # name, executions at most (0: as many as there is time for)
+run_slice() {  # name, executions at most (-1: as many as there is time for)
   local name=$1 limit=$2 corpus dictionary longest
   read -r _ corpus dictionary longest _ <<<"$(entry "$name")"
   local mine=$home/corpus/$name findings=$home/findings/$name log=$home/$name.log

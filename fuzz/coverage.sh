@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Which lines of its own sources each fuzz target reaches over its corpus. See --help.
 set -euo pipefail
+unset CDPATH
 cd "$(dirname "$0")/.."
 # shellcheck source=cmake/packages.sh
 . cmake/packages.sh

@@ -4,6 +4,7 @@
 #   packaging/abi.sh         prints what differs and ends non-zero; what is new only breaks nothing
 #   packaging/abi.sh renew   promises the interface as it is now, when the soname changes or at a release
 set -eu
+unset CDPATH
 cd "$(dirname "$0")/.."
 promise=packaging/liborlek.abi.xz
 build=build/abi

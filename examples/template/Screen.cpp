@@ -124,7 +124,8 @@ void Screen::openOffscreen() {
     }
     mSurface = eglCreatePbufferSurface(mDisplay, config, size);
     mContext = eglCreateContext(mDisplay, config, EGL_NO_CONTEXT, version);
-    if (eglMakeCurrent(mDisplay, mSurface, mSurface, mContext) == EGL_FALSE) {
+    if (mSurface == EGL_NO_SURFACE || mContext == EGL_NO_CONTEXT ||
+        eglMakeCurrent(mDisplay, mSurface, mSurface, mContext) == EGL_FALSE) {
         throw std::runtime_error("no OpenGL 3.3 compatibility profile here");
     }
 }

@@ -17,7 +17,9 @@ int main(int argc, char** argv) {
         Screen screen("Orlek template", 800, 800, pictureOnly);
         Display display;  // goes before the screen and its context do
         while (screen.begin()) {
-            display.draw(screen.width(), screen.height(), screen.scale(), screen.seconds());
+            if (screen.width() > 0 && screen.height() > 0) {  // else it is minimised
+                display.draw(screen.width(), screen.height(), screen.scale(), screen.seconds());
+            }
             screen.end(file);
         }
     } catch (const std::exception& error) {

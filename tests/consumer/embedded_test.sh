@@ -1,9 +1,9 @@
-#!/bin/sh
+#!/usr/bin/env bash
 # Takes the library into another project with add_subdirectory, as an archive; then installs that
 # archive and builds against it through the CMake package and pkg-config, which must find all that
 # the archive calls.
 # Arguments: source folder of the library, C++ compiler.
-set -eu
+set -euo pipefail
 library=$1 compiler=$2
 source=$library/tests/consumer
 work=$(mktemp -d)
@@ -35,7 +35,7 @@ cmake --build "$work/archive" --target consumer
 
 pc=$(dirname "$(find "$work/prefix" -name orlek.pc)")
 export PKG_CONFIG_PATH="$pc"
-# shellcheck disable=SC2046
-"$compiler" -std=c++20 "$source/main.cpp" -o "$work/by_pkgconfig" \
-  $(pkg-config --static --cflags --libs orlek)
+found=()
+eval "found=($(pkg-config --static --cflags --libs orlek))"  # paths with blanks are escaped
+"$compiler" -std=c++20 "$source/main.cpp" -o "$work/by_pkgconfig" "${found[@]}"
 "$work/by_pkgconfig"

@@ -1,8 +1,8 @@
-#!/bin/sh
+#!/usr/bin/env bash
 # Compares what the shared library exports with the list that the packages promise. A name that went
 # breaks programs; a new one belongs into the list.
 # Arguments: the library, the list (deb-symbols format).
-set -eu
+set -euo pipefail
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 nm -D --defined-only "$1" | awk '{print $3}' | LC_ALL=C sort >"$work/exported"

@@ -1,8 +1,8 @@
-#!/bin/sh
+#!/usr/bin/env bash
 # Installs the build tree to a fresh prefix, then builds and runs the consumer project and the tables
 # of the interface against it through the CMake package, and the consumer through pkg-config.
 # Arguments: build tree, source folder of the consumer, C++ compiler, extra compiler flags.
-set -eu
+set -euo pipefail
 build=$1 source=$2 compiler=$3 flags=${4:-}
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -34,7 +34,8 @@ fi
 
 pc=$(dirname "$(find "$work/prefix" -name orlek.pc)")
 export PKG_CONFIG_PATH="$pc"
-# shellcheck disable=SC2046,SC2086
-"$compiler" -std=c++20 $flags "$source/main.cpp" -o "$work/by_pkgconfig" \
-  $(pkg-config --cflags --libs orlek)
+found=()
+eval "found=($(pkg-config --cflags --libs orlek))"  # paths with blanks are escaped
+# shellcheck disable=SC2086
+"$compiler" -std=c++20 $flags "$source/main.cpp" -o "$work/by_pkgconfig" "${found[@]}"
 LD_LIBRARY_PATH=$(pkg-config --variable=libdir orlek) "$work/by_pkgconfig"

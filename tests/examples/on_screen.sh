@@ -1,9 +1,9 @@
-#!/bin/sh
+#!/usr/bin/env bash
 # Runs a program in a window on a screen in memory, with its exit status.
 #   on_screen.sh x11|wayland SCALE PROGRAM [ARGUMENTS]
 # Under X11 (xvfb-run, xrdb) the scale is what a desktop sets, 96 dots an inch each. Under Wayland
 # (weston) it is the output's; ORLEK_WAYLAND_GLFW names the folder of a GLFW for Wayland.
-set -eu
+set -euo pipefail
 system=$1 scale=$2
 shift 2
 if [ "$system" = x11 ]; then

@@ -3,6 +3,7 @@
 # the tests of each; warnings are errors. Arguments choose among gcc-shared, gcc-static, clang-shared
 # and clang-static.
 set -euo pipefail
+unset CDPATH
 cd "$(dirname "$0")/../.."
 # shellcheck source=cmake/packages.sh
 . cmake/packages.sh

@@ -2,6 +2,7 @@
 # How many of the library's lines the tests reach; fails below the bounds. The table of all files is
 # in build/coverage/lines.txt, each line in build/coverage/lines.html.
 set -euo pipefail
+unset CDPATH
 cd "$(dirname "$0")/../.."
 # shellcheck source=cmake/packages.sh
 . cmake/packages.sh

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing and builds one program of the tests, for the steps that run it.
 set -euo pipefail
+unset CDPATH
 cd "$(dirname "$0")/../.."
 # shellcheck source=cmake/packages.sh
 . cmake/packages.sh

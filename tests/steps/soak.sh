@@ -2,6 +2,7 @@
 # The moving map for ten minutes; the options are those of orlek-map-soak (--seconds 60 for one). What
 # the library prints meanwhile is in build/soak.log.
 set -euo pipefail
+unset CDPATH
 cd "$(dirname "$0")/../.."
 tests/steps/program.sh orlek-map-soak
 status=0

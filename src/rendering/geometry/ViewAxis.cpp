@@ -11,7 +11,7 @@ namespace {
 using Place = std::array<double, 3>;
 using Corner = Math::Vector3<float>;
 
-Place placeOf(const Corner& p) {
+Place coordinatesOf(const Corner& p) {
     return {p.x, p.y, p.z};
 }
 
@@ -41,14 +41,14 @@ std::size_t viewAxis(std::span<const Corner> outline) {
     if (lowZ->z == highZ->z) {
         return 2;
     }
-    const std::array<Place, 3> extents{difference(placeOf(*highX), placeOf(*lowX)),
-                                       difference(placeOf(*highY), placeOf(*lowY)),
-                                       difference(placeOf(*highZ), placeOf(*lowZ))};
+    const std::array<Place, 3> extents{difference(coordinatesOf(*highX), coordinatesOf(*lowX)),
+                                       difference(coordinatesOf(*highY), coordinatesOf(*lowY)),
+                                       difference(coordinatesOf(*highZ), coordinatesOf(*lowZ))};
     const std::size_t longest = longAxis({extents[0][0], extents[1][1], extents[2][2]});
-    const Place from = placeOf(longest == 0 ? *lowX : longest == 1 ? *lowY : *lowZ);
+    const Place from = coordinatesOf(longest == 0 ? *lowX : longest == 1 ? *lowY : *lowZ);
     Place normal{};
     for (const Corner& corner : outline) {
-        const Place n = crossProduct(extents[longest], difference(placeOf(corner), from));
+        const Place n = crossProduct(extents[longest], difference(coordinatesOf(corner), from));
         normal = squaredLength(n) > squaredLength(normal) ? n : normal;
     }
     return longAxis(normal);
