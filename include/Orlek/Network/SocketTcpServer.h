@@ -34,7 +34,7 @@ public:
 
     /// Listens on every local address. A failure prints the system's reason after the step that
     /// failed: "socket", "setsockopt", "bind" or "listen". A socket held so far is not closed.
-    /// @param port 1 to 65535; 0 lets the system choose.
+    /// @param port 1 to 65535; 0 lets the system choose one, which this class does not tell.
     /// @return whether it listens.
     bool init(int port);
 
