@@ -110,9 +110,15 @@ PathState stateAt(const RoutePath& path, double distanceAlongM) {
     return state;
 }
 
-std::optional<double> alongAt(const RoutePath& path, const Position& position, double withinM) {
-    std::optional<double> along;
-    double nearestM = withinM;
+std::optional<double> alongAt(const RoutePath& path, const Position& position, double headingDeg,
+                              double withinM) {
+    struct Nearest {
+        double apartM;
+        std::optional<double> along;
+    };
+    Nearest onward{withinM, {}};
+    Nearest any{withinM, {}};
+    const double heading = headingDeg * std::numbers::pi / 180.0;
     const std::vector<GridPoint> points = toGrid(position, path.positions());
     for (std::size_t i = 1; i < points.size(); ++i) {
         const PathPoint& from = path.points[i - 1];
@@ -123,12 +129,16 @@ std::optional<double> alongAt(const RoutePath& path, const Position& position, d
         const double share = square > 0.0 ? std::clamp(toFoot / square, 0.0, 1.0) : 0.0;
         const double distance =
             GridPoint(start.x + leg.x * share, start.y + leg.y * share).Length();
-        if (distance <= nearestM) {
-            nearestM = distance;
-            along = from.distanceM + (path.points[i].distanceM - from.distanceM) * share;
+        const double along = from.distanceM + (path.points[i].distanceM - from.distanceM) * share;
+        if (distance <= any.apartM) {
+            any = {distance, along};
+        }
+        const double ahead = leg.x * std::sin(heading) + leg.y * std::cos(heading);
+        if (distance <= onward.apartM && ahead >= 0.0) {
+            onward = {distance, along};
         }
     }
-    return along;
+    return onward.along ? onward.along : any.along;
 }
 
 }  // namespace MovingMap

@@ -41,9 +41,10 @@ struct PathState {
     std::size_t nextWaypoint = 0;  ///< Index in the route; the last one when all are passed.
 };
 
-/// How far along a path the place next to a position is; nothing when that is further away than
-/// @p withinM metres.
-std::optional<double> alongAt(const RoutePath& path, const Position& position, double withinM);
+/// How far along a path the place next to an aircraft is, on a leg that it flies along rather than
+/// back if there is one within @p withinM metres; nothing when all legs are farther away.
+std::optional<double> alongAt(const RoutePath& path, const Position& position, double headingDeg,
+                              double withinM);
 
 /// The state at a distance from the start; distances beyond the ends give the ends.
 PathState stateAt(const RoutePath& path, double distanceM);

@@ -84,6 +84,9 @@ void forEachLine(std::istream& text, const std::string& source,
                  const std::function<void(const Fields&, int)>& line) {
     std::string content;
     for (int number = 1; std::getline(text, content); ++number) {
+        if (number == 1 && content.starts_with("\xEF\xBB\xBF")) {
+            content.erase(0, 3);  // the mark with which some editors begin a file in UTF-8
+        }
         const std::string_view used =
             trimmed(std::string_view(content).substr(0, content.find('#')));
         if (used.empty()) {

@@ -12,7 +12,7 @@ namespace Gallery {
 class VertexArray {
 public:
     /// Uploads points as attribute 0 "vertex" and, as attribute 5 "position", how far each is along
-    /// the line in pixels.
+    /// the line, in the unit of the points.
     /// @param colours attribute 4 "color", one for each point; may be empty
     explicit VertexArray(const Points& points, const std::vector<Colour>& colours = {});
     ~VertexArray();

@@ -12,9 +12,8 @@ using namespace Orlek::OpenGL;
 
 Points wave(const Box& box, double phase) {
     Points points;
-    for (double u = 0.0; u <= 1.0; u += 0.02) {
-        points.push_back(box.at(u, 0.5 + 0.5 * std::sin(9.0 * u + phase)));
-    }
+    for (int i = 0; i <= 50; ++i)
+        points.push_back(box.at(i / 50.0, 0.5 + 0.5 * std::sin(0.18 * i + phase)));
     return points;
 }
 

@@ -25,13 +25,21 @@ struct Picture {
         night = part = camera;
         night.setColor(green);
         part.clearVertex();
-        for (float u = 0.0F; u <= 1.0F; u += 0.05F) {
+        for (int i = 0; i <= 20; ++i) {
+            const float u = static_cast<float>(i) / 20.0F;
             const Point outer = polar(leaning.at(0.5, -0.5), 60.0 * u - 30.0, 230);
             const Point inner = polar(leaning.at(0.5, -0.5), 60.0 * u - 30.0, 130);
             part.addVertex(Orlek::Math::Vector3<float>(outer.x, outer.y, 0), {u, 0.2F});
             part.addVertex(Orlek::Math::Vector3<float>(inner.x, inner.y, 0), {u, 0.9F});
         }
     }
+
+    ~Picture() {
+        for (Video* video : {&camera, &night, &part})
+            video->clear();
+    }
+    Picture(const Picture&) = delete;
+    Picture& operator=(const Picture&) = delete;
 
     void draw(double seconds) {
         sheet.draw();

@@ -102,13 +102,11 @@ void drawAttitude(Canvas& canvas, const FlightState& state, const Box& box, Poin
     canvas.clip(box);
     {
         const Placed tilted(centre, -bank);
-        const Placed shifted({0, -static_cast<float>(state.pitchDeg) * unitsPerPitchDegree});
-        drawSkyAndGround(canvas);
-        drawLadder(canvas, state.pitchDeg);
-    }
-    canvas.clip(box);
-    {
-        const Placed tilted(centre, -bank);
+        {
+            const Placed shifted({0, -static_cast<float>(state.pitchDeg) * unitsPerPitchDegree});
+            drawSkyAndGround(canvas);
+            drawLadder(canvas, state.pitchDeg);
+        }
         drawSkyPointer(canvas, state);
     }
     const Placed placed(centre);

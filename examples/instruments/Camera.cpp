@@ -85,6 +85,9 @@ Rgb colourAlong(const std::array<double, 3>& ray, const FlightState& state) {
     }
     const double height = (state.altitudeFt - groundFt) * metresPerFoot;
     const double reach = height / -climb;
+    if (reach > 20.0 * hazeMetres) {  // nothing else is left of its colour
+        return haze;
+    }
     const Rgb colour =
         groundColour(state.eastM + ray[0] / length * reach, state.northM + ray[1] / length * reach);
     return mix(colour, haze, 1.0 - std::exp(-reach / hazeMetres));

@@ -26,6 +26,13 @@ Canvas::Canvas(const std::string& fontFile) {
     mLabels.setOutlineWidth(0.12F);
 }
 
+// The other classes clear themselves.
+Canvas::~Canvas() {
+    mStrip.clear();
+    mPolygon.clear();
+    mDisc.clear();
+}
+
 void Canvas::begin(int width, int height) {
     const auto w = static_cast<float>(width);
     const auto h = static_cast<float>(height);

@@ -34,6 +34,10 @@ public:
     /// @param fontFile a font that FreeType reads; throws std::runtime_error when it cannot be
     /// used.
     explicit Canvas(const std::string& fontFile);
+    ~Canvas();
+
+    Canvas(const Canvas&) = delete;
+    Canvas& operator=(const Canvas&) = delete;
 
     /// Begins a picture of this size in pixels.
     void begin(int width, int height);

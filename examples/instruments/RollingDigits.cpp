@@ -39,7 +39,8 @@ double drumPosition(double value, double weight, double step) {
 
 }  // namespace
 
-void drawRollingDigits(Canvas& canvas, const Box& box, double value, const DrumStyle& style) {
+void drawRollingDigits(Canvas& canvas, const Box& box, double shown, const DrumStyle& style) {
+    const double value = std::max(0.0, shown);
     canvas.clip(box);
     float right = box.right;
     const float middle = box.centre().y;

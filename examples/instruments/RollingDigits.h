@@ -11,7 +11,8 @@ struct DrumStyle {
     int digits;      ///< Digits in all.
 };
 
-/// Right-aligned in the box; each drum turns on while the one right of it passes its last step.
+/// From 0 on, below which it stays at 0; right-aligned in the box; each drum turns on while the one
+/// right of it passes its last step.
 void drawRollingDigits(Canvas& canvas, const Box& box, double value, const DrumStyle& style);
 
 }  // namespace Instruments

@@ -10,6 +10,10 @@ namespace Instruments {
 class VideoInset {
 public:
     VideoInset();
+    ~VideoInset() { mVideo.clear(); }
+
+    VideoInset(const VideoInset&) = delete;
+    VideoInset& operator=(const VideoInset&) = delete;
 
     void draw(Canvas& canvas, const Box& box, const FlightState& state);
 

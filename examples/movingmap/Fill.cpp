@@ -15,7 +15,7 @@ ScreenStipple stippleOf(Set set) {
         for (int x = 0; x < 32; ++x) {
             if (set(x, y)) {
                 stipple[static_cast<std::size_t>(y * 4 + x / 8)] |=
-                    static_cast<unsigned char>(0x80 >> x % 8);
+                    static_cast<unsigned char>(1 << x % 8);
             }
         }
     }
@@ -40,6 +40,11 @@ Fill::Fill() {
     const unsigned char whiteTexel[] = {255, 255, 255, 255};
     mStrip.load(whiteTexel, 1, 1, GL_RGBA);
     mStrip.setTerrainOsm(1.0);
+}
+
+Fill::~Fill() {
+    mStrip.clear();
+    mPolygon.clear();
 }
 
 void Fill::rect(Point low, Point high, const Colour& colour) {

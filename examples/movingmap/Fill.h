@@ -11,7 +11,7 @@
 
 namespace MovingMap {
 
-/// 32 rows of 32 pixels of the screen, the bottom row first, the leftmost pixel in the highest bit.
+/// 32 rows of 32 pixels of the screen, the bottom row first, the leftmost pixel in the lowest bit.
 using ScreenStipple = std::array<unsigned char, 128>;
 
 ScreenStipple dottedStipple();
@@ -23,6 +23,10 @@ ScreenStipple fallingStipple();  ///< Diagonals from the upper left.
 class Fill {
 public:
     Fill();
+    ~Fill();
+
+    Fill(const Fill&) = delete;
+    Fill& operator=(const Fill&) = delete;
 
     /// A rectangle between two corners.
     void rect(Point low, Point high, const Colour& colour);

@@ -2,6 +2,7 @@
 #include "Flight.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace MovingMap {
@@ -9,6 +10,7 @@ namespace MovingMap {
 namespace {
 
 constexpr double knot = metresPerMile / 3600.0;  // Metres a second.
+constexpr double standingKt = 1.0;  // What is slower does not get anywhere, but for noise.
 
 }  // namespace
 
@@ -43,7 +45,7 @@ void Flight::lookAhead(Scene& scene) const {
     scene.next.distanceM = Orlek::Geodetic::calcDistance(own.lat, own.lon, ahead.lat, ahead.lon);
     const double toFly = scene.alongM < 0.0 ? scene.next.distanceM
                                             : mPath.passedAtM[scene.next.index] - scene.alongM;
-    if (scene.speedKt > 0.0) {
+    if (scene.speedKt >= standingKt) {
         scene.next.timeS = toFly / (scene.speedKt * knot);
     }
 }
@@ -60,15 +62,24 @@ Scene Flight::scene() const {
     return scene;
 }
 
-// Near the route the aircraft counts as flying it.
+// Near the route the aircraft counts as flying it; farther off the way leads to the waypoint at the
+// end of the leg that is nearest.
 Scene Flight::sceneOf(const OwnShipMessage& own) const {
     constexpr double widthM = 0.5 * metresPerMile;
-    const std::optional<double> alongM = alongAt(mPath, own.position(), widthM);
-    Scene scene = alongM ? sceneAt(*alongM) : basics();
+    constexpr double anywhere = std::numeric_limits<double>::infinity();
+    const auto along = [&](double withinM) {
+        return alongAt(mPath, own.position(), own.headingDeg, withinM);
+    };
+    Scene scene = basics();
     scene.own = own.position();
     scene.headingDeg = own.headingDeg;
     scene.altitudeFt = own.altitudeFt;
     scene.speedKt = own.speedKt;
+    scene.alongM = along(widthM).value_or(-1.0);
+    const double nearestM = along(anywhere).value_or(0.0);
+    if (scene.alongM >= 0.0 || nearestM > 0.0) {
+        scene.next.index = stateAt(mPath, std::max(scene.alongM, nearestM)).nextWaypoint;
+    }
     lookAhead(scene);
     return scene;
 }

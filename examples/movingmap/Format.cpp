@@ -18,14 +18,15 @@ std::string format(const char* pattern, Values... values) {
 
 std::string degreesMinutes(double degrees, const char* hemispheres, int width) {
     const long hundredths = std::lround(std::abs(degrees) * 6000.0);
-    return format("%c%0*ld\xB0%02ld.%02ld'", hemispheres[degrees < 0.0 ? 1 : 0], width,
+    const bool negative = degrees < 0.0 && hundredths > 0;
+    return format("%c%0*ld\xB0%02ld.%02ld'", hemispheres[negative ? 1 : 0], width,
                   hundredths / 6000, hundredths / 100 % 60, hundredths % 100);
 }
 
 std::string edgeLabel(double degrees, const char* hemispheres, int width) {
     const long minutes = std::lround(std::abs(degrees) * 60.0);
     return format("%0*ld\xB0%02ld'%c", width, minutes / 60, minutes % 60,
-                  hemispheres[degrees < 0.0 ? 1 : 0]);
+                  hemispheres[degrees < 0.0 && minutes > 0 ? 1 : 0]);
 }
 
 }  // namespace

@@ -109,13 +109,15 @@ std::vector<Box> drawGraticule(Canvas& canvas, const MapView& view, const Box& a
     const Extremes lats = within(boundsOf(view, &Position::lat), {-89.999, 89.999});
     const Extremes lons = within(boundsOf(view, &Position::lon),
                                  {view.centre().lon - 180.0, view.centre().lon + 180.0});
-    for (double lat = std::ceil(lats.low / latStep) * latStep; lat <= lats.high; lat += latStep) {
+    for (double i = std::ceil(lats.low / latStep); i * latStep <= lats.high; ++i) {
+        const double lat = i * latStep;
         const Point a = view.toScreen({lat, lons.low});
         const Point b = view.toScreen({lat, lons.high});
         canvas.stroke.segment(a, b);
         labels.addFor(a, b, latitudeLabel(lat));
     }
-    for (double lon = std::ceil(lons.low / lonStep) * lonStep; lon <= lons.high; lon += lonStep) {
+    for (double i = std::ceil(lons.low / lonStep); i * lonStep <= lons.high; ++i) {
+        const double lon = i * lonStep;
         const Point a = view.toScreen({lats.low, lon});
         const Point b = view.toScreen({lats.high, lon});
         canvas.stroke.segment(a, b);

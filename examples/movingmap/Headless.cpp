@@ -17,28 +17,33 @@ namespace {
 
 constexpr int finest = 1;
 
-void save(const Options& options, const std::string& path, MapPicture& picture,
+// Returns whether there was terrain everywhere.
+bool save(const Options& options, const std::string& path, MapPicture& picture,
           const Scene& scene) {
     const Point size(options.width, options.height);
     picture.draw(scene, size, options.centre.value_or(scene.own), finest);
     OrlekSupport::writePng(
         path, OrlekSupport::readFramebuffer(static_cast<int>(size.x), static_cast<int>(size.y)));
+    return picture.terrainComplete();
 }
 
-void noteMissingTerrain(const MapPicture& picture) {
-    if (!picture.terrainComplete()) {
+void noteMissingTerrain(bool complete) {
+    if (!complete) {
         std::printf("where the map is hatched there is no elevation data\n");
     }
 }
 
 void saveFrames(const Options& options, const Flight& flight, MapPicture& picture) {
+    bool complete = true;
     OrlekSupport::ProgressBar progress(static_cast<std::size_t>(options.frames));
     for (int i = 0; i < options.frames; ++i) {
         const double share = options.frames > 1 ? i / (options.frames - 1.0) : 0.0;
-        save(options, numberedPath(options.screen.file, i + 1, options.frames), picture,
-             flight.sceneAt(share * flight.path().lengthM()));
+        complete &= save(options, numberedPath(options.screen.file, i + 1, options.frames), picture,
+                         flight.sceneAt(share * flight.path().lengthM()));
         progress.show(static_cast<std::size_t>(i) + 1);
     }
+    progress.hide();
+    noteMissingTerrain(complete);
 }
 
 using Clock = std::chrono::steady_clock;
@@ -66,15 +71,16 @@ void saveLive(const Options& options, LiveFlight& live, MapPicture& picture) {
     const int count = std::max(options.frames, 1);
     const Clock::time_point start = Clock::now();
     const std::chrono::duration<double> interval(options.feedSeconds / count);
+    bool complete = true;
     for (int i = 1; i <= count; ++i) {
         collectUntil(live, start + std::chrono::duration_cast<Clock::duration>(interval * i));
         const Scene scene = live.scene();
         const std::string path =
             options.frames > 0 ? numberedPath(options.screen.file, i, count) : options.screen.file;
-        save(options, path, picture, scene);
+        complete &= save(options, path, picture, scene);
         sayLive(path, scene);
     }
-    noteMissingTerrain(picture);
+    noteMissingTerrain(complete);
 }
 
 }  // namespace
@@ -97,13 +103,11 @@ void drawPictures(const Options& options, const Flight& flight, Orlek::Geodetic:
         saveLive(options, *live, picture);
     } else if (options.frames > 0) {
         saveFrames(options, flight, picture);
-        noteMissingTerrain(picture);
         std::printf("%d pictures: %s to %s\n", options.frames,
                     numberedPath(options.screen.file, 1, options.frames).c_str(),
                     numberedPath(options.screen.file, options.frames, options.frames).c_str());
     } else {
-        save(options, options.screen.file, picture, flight.scene());
-        noteMissingTerrain(picture);
+        noteMissingTerrain(save(options, options.screen.file, picture, flight.scene()));
         std::printf("%s\n", options.screen.file.c_str());
     }
 }

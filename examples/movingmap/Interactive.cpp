@@ -29,13 +29,15 @@ constexpr double timeLapse = 10.0;  // The flight is shown ten times as fast as 
 class Session {
 public:
     Session(Screen& screen, const Options& options, const Flight& flight,
-            Orlek::Geodetic::HeightMap& terrain, const Charts& charts, LiveFlight* live)
+            Orlek::Geodetic::HeightMap& terrain, const Charts& charts, LiveFlight* live,
+            LastView& left)
         : mScreen(screen),
           mOptions(options),
           mFlight(flight),
           mTerrain(terrain),
           mCharts(charts),
           mLive(live),
+          mLeft(left),
           mUnitM(metresPer(options.style.units.distance)),
           mScene(flight.scene()),
           mCentre(options.centre.value_or(mScene.own)),
@@ -43,10 +45,11 @@ public:
         Window& window = *screen.window();
         window.onKey([this](const std::string& key) { pressKey(key); });
         window.onDrag([this](double dx, double dy) { pan(dx, dy); });
-        window.onScroll([this](double steps) { zoom(steps); });
+        window.onScroll([this](double steps) { scroll(steps); });
+        keepView();
     }
 
-    LastView run() {
+    void run() {
         double before = mScreen.window()->seconds();
         mScreen.show(mOptions.frames, [&] {
             const double now = mScreen.window()->seconds();
@@ -54,11 +57,15 @@ public:
             advance(now, now - before);
             before = now;
             drawFrame();
+            keepView();
         });
-        return {mFollow ? std::nullopt : std::optional(mCentre), mScene.rangeM, mScene.headingUp};
     }
 
 private:
+    void keepView() {
+        mLeft = {mFollow ? std::nullopt : std::optional(mCentre), mScene.rangeM, mScene.headingUp};
+    }
+
     // Letters and symbols are made for one scale.
     void useScale() {
         if (std::exchange(mScale, mScreen.scale()) != mScreen.scale()) {
@@ -89,13 +96,19 @@ private:
     // again when the map has rested for a second.
     void followLive(double nowS) {
         const Point shift = mPicture->view().toScreen(mScene.own) - mPicture->view().focus();
-        const bool turned = mScene.headingUp && mScene.headingDeg != mHeadingShown;
+        const bool turned = hasTurned();
         if (mFollow && (shift.Length() >= 1.0 || turned)) {
             mCentre = mScene.own;
             mMovedS = nowS;
         }
-        mHeadingShown = mScene.headingDeg;
+        mMovedS = turned ? nowS : mMovedS;
         mMoved = mMoved || nowS - mMovedS < restS;
+    }
+
+    // Whether the map has turned with the aircraft.
+    bool hasTurned() {
+        return std::exchange(mHeadingShown, mScene.headingDeg) != mScene.headingDeg &&
+               mScene.headingUp;
     }
 
     void fly(double seconds) {
@@ -106,8 +119,8 @@ private:
         show(mFlight.sceneAt(mScene.alongM + metres));
         if (mFollow) {
             mCentre = mScene.own;
-            mMoved = true;
         }
+        mMoved = hasTurned() || mFollow || mMoved;
     }
 
     void drawFrame() {
@@ -116,23 +129,46 @@ private:
         mMoved = false;
     }
 
+    // From where the last move led, which may not be drawn yet.
     void pan(double dx, double dy) {
-        const MapView& view = mPicture->view();
+        const MapView& drawn = mPicture->view();
+        const MapView view(mCentre, drawn.metresPerPixel(), drawn.upDeg(), drawn.focus(),
+                           drawn.size());
         const Position moved = view.toPosition(Point(view.focus().x - dx, view.focus().y + dy));
         mCentre = {std::clamp(moved.lat, -farthestLat, farthestLat), longitudeNear(0.0, moved.lon)};
         mFollow = false;
         mMoved = true;
     }
 
-    void zoom(double steps) {
-        const double shown = mScene.rangeM / mUnitM;
-        auto range = std::lower_bound(ranges.begin(), ranges.end() - 1, shown - 1e-6);
-        if (steps > 0.0 && range != ranges.begin()) {
-            --range;
-        } else if (steps < 0.0 && *range <= shown + 1e-6 && range + 1 != ranges.end()) {
-            ++range;
+    // A touchpad scrolls by parts of a step.
+    void scroll(double steps) {
+        mScrolled += steps;
+        for (; mScrolled >= 1.0; mScrolled -= 1.0) {
+            zoomIn();
         }
-        mScene.rangeM = *range * mUnitM;
+        for (; mScrolled <= -1.0; mScrolled += 1.0) {
+            zoomOut();
+        }
+    }
+
+    void zoomIn() {
+        const auto range = std::lower_bound(ranges.begin(), ranges.end(), rangeShown() - 1e-6);
+        if (range != ranges.begin()) {
+            setRange(*(range - 1));
+        }
+    }
+
+    void zoomOut() {
+        const auto range = std::upper_bound(ranges.begin(), ranges.end(), rangeShown() + 1e-6);
+        if (range != ranges.end()) {
+            setRange(*range);
+        }
+    }
+
+    double rangeShown() const { return mScene.rangeM / mUnitM; }
+
+    void setRange(double range) {
+        mScene.rangeM = range * mUnitM;
         mMoved = true;
     }
 
@@ -144,8 +180,10 @@ private:
             mCentre = mScene.own;
         } else if (key == "Space") {
             mHeld = !mHeld;
-        } else if (key == "+" || key == "-") {
-            zoom(key == "+" ? 1.0 : -1.0);
+        } else if (key == "+") {
+            zoomIn();
+        } else if (key == "-") {
+            zoomOut();
         } else {
             panByKey(key);
         }
@@ -165,6 +203,7 @@ private:
     Orlek::Geodetic::HeightMap& mTerrain;
     const Charts& mCharts;
     LiveFlight* mLive;
+    LastView& mLeft;
     double mUnitM;
     double mScale = 0.0;
     std::optional<MapPicture> mPicture;
@@ -175,13 +214,15 @@ private:
     bool mMoved = false;
     double mMovedS = -restS;
     double mHeadingShown = 0.0;
+    double mScrolled = 0.0;
 };
 
 }  // namespace
 
-LastView showWindow(Screen& screen, const Options& options, const Flight& flight,
-                    Orlek::Geodetic::HeightMap& terrain, const Charts& charts, LiveFlight* live) {
-    return Session(screen, options, flight, terrain, charts, live).run();
+void showWindow(Screen& screen, const Options& options, const Flight& flight,
+                Orlek::Geodetic::HeightMap& terrain, const Charts& charts, LiveFlight* live,
+                LastView& left) {
+    Session(screen, options, flight, terrain, charts, live, left).run();
 }
 
 }  // namespace MovingMap

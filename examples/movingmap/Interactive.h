@@ -12,8 +12,10 @@ namespace MovingMap {
 ///
 /// Mouse: drag pans, the wheel zooms. Keys: arrows pan, + and - zoom, H turns the map north or
 /// heading up, C centres it on the aircraft again, space holds the flight, Escape quits.
-/// Returns how the map was left. Throws std::runtime_error when there is no font.
-LastView showWindow(OrlekSupport::Screen& screen, const Options& options, const Flight& flight,
-                    Orlek::Geodetic::HeightMap& terrain, const Charts& charts, LiveFlight* live);
+/// Throws std::runtime_error when there is no font, or the last picture cannot be written.
+/// @param[out] left how the map is left, in each frame
+void showWindow(OrlekSupport::Screen& screen, const Options& options, const Flight& flight,
+                Orlek::Geodetic::HeightMap& terrain, const Charts& charts, LiveFlight* live,
+                LastView& left);
 
 }  // namespace MovingMap

@@ -100,20 +100,25 @@ Colour4 MapImage::at(const Position& position) const {
     const double y = std::clamp(v * mImage.height - 0.5, 0.0, mImage.height - 1.0);
     const int left = static_cast<int>(x);
     const int top = static_cast<int>(y);
-    const int right = std::min(left + 1, mImage.width - 1);
-    const int bottom = std::min(top + 1, mImage.height - 1);
-    const auto byte = [&](int column, int row, std::size_t c) {
-        return static_cast<double>(
-            mImage.rgba[(static_cast<std::size_t>(row) * static_cast<std::size_t>(mImage.width) +
-                         static_cast<std::size_t>(column)) *
-                            4 +
-                        c]);
-    };
+    // Colours count as much as they cover: what is transparent has none.
     Colour4 colour{};
-    for (std::size_t c = 0; c < 4; ++c) {
-        const double above = std::lerp(byte(left, top, c), byte(right, top, c), x - left);
-        const double below = std::lerp(byte(left, bottom, c), byte(right, bottom, c), x - left);
-        colour[c] = std::lerp(above, below, y - top);
+    const auto add = [&](int column, int row, double share) {
+        const auto pixel = static_cast<std::size_t>(std::min(row, mImage.height - 1)) *
+                               static_cast<std::size_t>(mImage.width) +
+                           static_cast<std::size_t>(std::min(column, mImage.width - 1));
+        const std::uint8_t* const rgba = &mImage.rgba[pixel * 4];
+        const double cover = share * rgba[3];
+        for (std::size_t c = 0; c < 3; ++c) {
+            colour[c] += cover * rgba[c];
+        }
+        colour[3] += cover;
+    };
+    add(left, top, (left + 1 - x) * (top + 1 - y));
+    add(left + 1, top, (x - left) * (top + 1 - y));
+    add(left, top + 1, (left + 1 - x) * (y - top));
+    add(left + 1, top + 1, (x - left) * (y - top));
+    for (std::size_t c = 0; c < 3 && colour[3] > 0.0; ++c) {
+        colour[c] /= colour[3];
     }
     return colour;
 }
@@ -124,8 +129,8 @@ MapImage readMapImage(const std::string& path, const Bounds& bounds) {
 
 void layMap(const MapImage& map, double share, const MapView& view, int step, ReliefImage& relief) {
     const Grid grid(view, step);
-    const int side = std::clamp(
-        static_cast<int>(std::ceil(view.metresPerPixel() * step / map.metresPerPixel())), 1, 4);
+    const int side = static_cast<int>(
+        std::clamp(std::ceil(view.metresPerPixel() * step / map.metresPerPixel()), 1.0, 4.0));
     static const auto heights = colourTable();
     relief.map.resize(relief.cover.size());
     for (int row = 0; row < relief.height; ++row) {

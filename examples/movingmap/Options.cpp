@@ -131,13 +131,12 @@ void collectView(const Settings& settings, Options& options) {
 }
 
 Options collect() {
-    const CmdLine& line = CmdLine::instance();
     const Settings settings(textOf("--config"));
     Options options;
     collectFiles(settings, options);
     collectStyle(settings, options.style);
     collectView(settings, options);
-    if (line.getSwitch("--feed")) {
+    if (!textOf("--feed").empty()) {
         options.feed = parseFeedUrl(textOf("--feed"));
     }
     options.feedSeconds = numberOf("--feed-seconds", 0.0, 86400.0);

@@ -54,7 +54,7 @@ public:
         }
         const std::optional<int> contour = contourAt(column);
         if (!contour) {
-            return post.heightM < 0.5 ? waterCover(1.0) : landClass(post);
+            return waterShare(post.heightM) == 1.0 ? waterCover(1.0) : landClass(post);
         }
         return *contour % boldEvery == 0 ? Rgba{110, 70, 40, 255} : Rgba{176, 136, 96, 255};
     }

@@ -28,7 +28,8 @@ std::string distanceText(double metres, DistanceUnit unit) {
 }
 
 std::string lengthText(double metres, DistanceUnit unit) {
-    return threeDigits(metres / metresPer(unit)) + " " + symbol(unit);
+    const double length = metres / metresPer(unit);
+    return (length < 999.5 ? threeDigits(length) : wholeNumber(length)) + " " + symbol(unit);
 }
 
 std::string heightText(double metres, AltitudeUnit unit) {

@@ -14,6 +14,26 @@ namespace {
 
 using namespace MovingMap;
 
+// Keeps how the map is left, whatever ends it.
+void showAndKeepView(OrlekSupport::Screen& screen, const Options& options, const Flight& flight,
+                     Orlek::Geodetic::HeightMap& terrain, const Charts& charts, LiveFlight* feed) {
+    LastView left;
+    const auto keep = [&] {
+        if (!options.config.empty()) {
+            saveSettings(options.config, left, options.style.units.distance);
+        }
+    };
+    try {
+        showWindow(screen, options, flight, terrain, charts, feed, left);
+    } catch (const std::exception&) {
+        if (left.rangeM > 0.0) {
+            keep();
+        }
+        throw;
+    }
+    keep();
+}
+
 void run(const Options& options) {
     Orlek::Geodetic::HeightMap terrain;
     const Flight flight(
@@ -27,10 +47,7 @@ void run(const Options& options) {
     LiveFlight* const feed = live ? &*live : nullptr;
     OrlekSupport::Screen screen(options.screen, "Moving map", options.width, options.height);
     if (screen.window() != nullptr) {
-        const LastView view = showWindow(screen, options, flight, terrain, charts, feed);
-        if (!options.config.empty()) {
-            saveSettings(options.config, view, options.style.units.distance);
-        }
+        showAndKeepView(screen, options, flight, terrain, charts, feed);
     } else {
         drawPictures(options, flight, terrain, charts, feed);
     }

@@ -8,6 +8,9 @@ namespace MovingMap {
 
 using Rgba = std::array<std::uint8_t, 4>;
 
+/// How much of a place at a height is water, 0 to 1.
+double waterShare(double heightM);
+
 /// Water that covers this share of a texel, 0 to 1; none is transparent.
 Rgba waterCover(double share);
 

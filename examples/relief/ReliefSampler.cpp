@@ -9,13 +9,6 @@ namespace MovingMap {
 
 namespace {
 
-// Water lies at sea level. Its edge is blended over the first metre of height, which a tile does
-// not resolve anyway: bilinear steps would draw the coast as a staircase.
-double waterShare(double heightM) {
-    constexpr double lowest = -2.0;
-    return heightM < lowest ? 0.0 : std::clamp(1.5 - heightM, 0.0, 1.0);
-}
-
 void setCover(const Rgba& colour, std::size_t texel, ReliefImage& image) {
     std::copy(colour.begin(), colour.end(),
               image.cover.begin() + static_cast<std::ptrdiff_t>(texel * 4));

@@ -15,7 +15,7 @@ namespace {
 
 constexpr double steepest = 1.2;  // Rise over run.
 // The upward part of a normal on such a slope, exaggerated as the relief is, in the texture's code.
-constexpr unsigned steepNormal = 50700;
+constexpr unsigned steepNormal = 50943;
 
 // Texels are counted in 32 bits: a picture of 8192 by 8192 has 67 million.
 using Index = std::uint32_t;

@@ -59,6 +59,7 @@ void draw() {
     screen.show(0, [&] {
         const auto [width, height] = screen.size();
         glViewport(0, 0, width, height);
+        GlHandler::instance().setViewPort({static_cast<float>(width), static_cast<float>(height)});
         MatrixLoadIdent();
         MatrixTranslate(-1.0, -1.0, 0.0);
         MatrixScale(2.0 / grid.width(), 2.0 / grid.height(), 1.0);

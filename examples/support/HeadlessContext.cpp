@@ -124,7 +124,9 @@ struct HeadlessContext::Egl {
         if (display == EGL_NO_DISPLAY) {
             return;
         }
-        eglMakeCurrent(display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
+        if (context != EGL_NO_CONTEXT && eglGetCurrentContext() == context) {
+            eglMakeCurrent(display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
+        }
         if (context != EGL_NO_CONTEXT) {
             eglDestroyContext(display, context);
         }

@@ -4,6 +4,7 @@
 #include <GLFW/glfw3.h>
 
 #include <algorithm>
+#include <cstring>
 #include <stdexcept>
 
 namespace OrlekSupport {
@@ -16,7 +17,22 @@ std::string lastError() {
     return reason == nullptr ? "unknown reason" : reason;
 }
 
-std::string keyName(int key) {
+// What stands on a key in the layout of its user; where that is no letter of ours, in the American.
+std::string printedName(int key, int scancode) {
+    const char* const printed = glfwGetKeyName(key, scancode);
+    const char first = printed != nullptr && std::strlen(printed) == 1 ? *printed : '\0';
+    if (first >= 'a' && first <= 'z') {
+        return std::string(1, static_cast<char>(first - 'a' + 'A'));
+    }
+    if (first == '+' || first == '=' || first == '-') {
+        return first == '-' ? "-" : "+";
+    }
+    return key >= GLFW_KEY_A && key <= GLFW_KEY_Z
+               ? std::string(1, static_cast<char>('A' + key - GLFW_KEY_A))
+               : std::string();
+}
+
+std::string keyName(int key, int scancode) {
     switch (key) {
         case GLFW_KEY_SPACE:
             return "Space";
@@ -28,17 +44,18 @@ std::string keyName(int key) {
             return "Up";
         case GLFW_KEY_DOWN:
             return "Down";
-        case GLFW_KEY_EQUAL:
         case GLFW_KEY_KP_ADD:
             return "+";
-        case GLFW_KEY_MINUS:
         case GLFW_KEY_KP_SUBTRACT:
             return "-";
         default:
-            return key >= GLFW_KEY_A && key <= GLFW_KEY_Z
-                       ? std::string(1, static_cast<char>('A' + key - GLFW_KEY_A))
-                       : std::string();
+            return printedName(key, scancode);
     }
+}
+
+// Held down, a switch would go to and fro.
+bool mayRepeat(const std::string& name) {
+    return name == "+" || name == "-" || (name.size() > 1 && name != "Space");
 }
 
 }  // namespace
@@ -104,13 +121,13 @@ void Window::Glfw::listen() {
     glfwSetScrollCallback(window, &Glfw::wheelTurned);
 }
 
-void Window::Glfw::keyPressed(GLFWwindow* window, int key, int /*scancode*/, int action,
-                              int /*mods*/) {
+void Window::Glfw::keyPressed(GLFWwindow* window, int key, int scancode, int action, int /*mods*/) {
     if (key == GLFW_KEY_ESCAPE) {
         glfwSetWindowShouldClose(window, GLFW_TRUE);
     }
-    const std::string name = keyName(key);
-    if (action != GLFW_RELEASE && !name.empty() && of(window).key) {
+    const std::string name = keyName(key, scancode);
+    const bool pressed = action == GLFW_PRESS || (action == GLFW_REPEAT && mayRepeat(name));
+    if (pressed && !name.empty() && of(window).key) {
         of(window).key(name);
     }
 }

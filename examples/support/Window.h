@@ -25,8 +25,9 @@ public:
     Window(const Window&) = delete;
     Window& operator=(const Window&) = delete;
 
-    /// Called for each key press and repeat: "Space", "Left", "Right", "Up", "Down", "+", "-", and
-    /// "A" to "Z". Escape closes the window. Other keys are not reported.
+    /// Called for each key press: "Space", "Left", "Right", "Up", "Down", "+", "-", and "A" to "Z",
+    /// as they stand on the keyboard; again while arrows, + and - are held. Escape closes the
+    /// window. Other keys are not reported.
     void onKey(KeyHandler handler);
 
     /// Called when the mouse moves with its left button held: pixels of the framebuffer to the

@@ -211,7 +211,8 @@ void Display::drawRose(double radius, float scale, double heading) {
     mShip.setLineWidth(2.5F * scale);
     mShip.render(-1);
     char text[32];
-    std::snprintf(text, sizeof text, "%03.0f\x1b", heading);
+    const long shown = (std::lround(heading) + 719) % 360 + 1;  // 1 to 360
+    std::snprintf(text, sizeof text, "%03ld\x1b", shown);
     mText.setColor(amber);
     mText.renderFont(0, radius / scale + 10, text, 24, VectorFont::BOTTOM_CENTER);
     mText.setColor(grey);

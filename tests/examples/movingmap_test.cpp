@@ -100,11 +100,14 @@ TEST(MovingMapRoute, FliesByAndOverAndKnowsWhereItIs) {
                        "D,0,0.2,flyby"),
                  1000.0);
     const double apart = 1852.0 * (std::sqrt(2.0) - 1.0);
-    EXPECT_TRUE(alongAt(path, {0.2, 0.0}, apart + 1.0));
-    EXPECT_FALSE(alongAt(path, {0.2, 0.0}, apart - 1.0));
-    EXPECT_TRUE(alongAt(path, {0.2, 0.2}, 1e-6));
-    EXPECT_NEAR(alongAt(path, {0.1, 0.001}, 500.0).value(), 11131.95, 1.0);
-    EXPECT_EQ(alongAt(path, {-0.001, 0.001}, 500.0), 0.0);
+    EXPECT_TRUE(alongAt(path, {0.2, 0.0}, 0.0, apart + 1.0));
+    EXPECT_FALSE(alongAt(path, {0.2, 0.0}, 0.0, apart - 1.0));
+    EXPECT_TRUE(alongAt(path, {0.2, 0.2}, 0.0, 1e-6));
+    EXPECT_NEAR(alongAt(path, {0.1, 0.001}, 180.0, 500.0).value(), 11131.95, 1.0);
+    EXPECT_EQ(alongAt(path, {-0.001, 0.001}, 0.0, 500.0), 0.0);
+    const RoutePath back = flyRoute(route("A,0,0,flyby\nB,0.2,0,flyby\nC,0,0,flyby"), 1000.0);
+    EXPECT_NEAR(alongAt(back, {0.05, 0.0}, 10.0, 500.0).value(), 5566.0, 1.0);
+    EXPECT_NEAR(alongAt(back, {0.05, 0.0}, 170.0, 500.0).value(), back.lengthM() - 5566.0, 1.0);
     for (const auto& [along, lat, next] :
          {std::tuple{-5.0, 0.0, 1U}, {11131.949, 0.1, 1U}, {path.passedAtM[2] + 1.0, 0.2, 3U}}) {
         EXPECT_NEAR(stateAt(path, along).position.lat, lat, 1e-5);
@@ -132,8 +135,8 @@ TEST(MovingMapRoute, CrossesTheAntimeridianTheShortWay) {
     const PathState state = stateAt(path, path.lengthM() * 0.75);
     EXPECT_NEAR(state.position.lon, -179.75, 1e-9);
     EXPECT_NEAR(state.headingDeg, 90.0, 1e-9);
-    EXPECT_NEAR(alongAt(path, {60.0, -179.9}, 1.0).value(), 0.6 * path.lengthM(), 1.0);
-    EXPECT_FALSE(alongAt(path, {60.0, 0.0}, 1000.0));
+    EXPECT_NEAR(alongAt(path, {60.0, -179.9}, 90.0, 1.0).value(), 0.6 * path.lengthM(), 1.0);
+    EXPECT_FALSE(alongAt(path, {60.0, 0.0}, 90.0, 1000.0));
     const Point middle(100.0, 100.0);
     const MapView near({60.0, 179.75}, 1000.0, 0.0, middle, middle);
     EXPECT_NEAR(near.toScreen({60.0, -179.75}).x, 100.0 + 111.3195 / 4.0, 0.01);

@@ -2,6 +2,8 @@
 // connection, so that over all connections no number may be missing.
 #include "Feeds.h"
 
+#include <unistd.h>
+
 #include <cstddef>
 #include <fstream>
 #include <iterator>
@@ -49,7 +51,8 @@ void sendFeeds(Orlek::Network::SocketTcpServer& server, int udpPort, Clock::dura
     std::optional<Traffic::Sender> datagrams;
     const Clock::time_point start = Clock::now();
     Clock::time_point renewal = start + period;
-    for (Clock::time_point now = start; !sent.stop; now = Clock::now()) {
+    const pid_t parent = getppid();
+    for (Clock::time_point now = start; !sent.stop && getppid() == parent; now = Clock::now()) {
         if (now >= renewal) {
             map.closeConnection();
             datagrams.emplace(toTheMap);

@@ -44,8 +44,10 @@ bool printConstant(std::FILE* out, const char* name, const std::vector<int>& val
 bool report(std::FILE* out, const Figures& figures, bool whole) {
     // In the middle of a period's values, which tell what stays, not what a load takes for a
     // moment.
+    const std::size_t last =
+        (figures.memoryKib.size() - 2) / 2 * 2 + 1;  // with the tiles of the second
     const double memory = spreadOf(figures.memoryKib[1]).median;
-    const double memoryLater = spreadOf(figures.memoryKib[9]).median;
+    const double memoryLater = spreadOf(figures.memoryKib[last]).median;
     const bool memoryHolds = !whole || memoryLater - memory <= memoryBoundKib;
     const Spread interval = spreadOf(figures.intervalMs);
     const bool framesHold = !whole || interval.p999 <= frameBound * interval.median;
@@ -55,8 +57,8 @@ bool report(std::FILE* out, const Figures& figures, bool whole) {
                  figures.intervalMs.size(), figures.tileChanges, figures.settingsWritten);
     print(out, "frame to frame", interval, word(framesHold));
     print(out, "work of a frame", spreadOf(figures.workMs), "");
-    std::fprintf(out, "memory: %.0f KiB in the second period, %.0f KiB in the tenth: %+.0f KiB%s\n",
-                 memory, memoryLater, memoryLater - memory, word(memoryHolds));
+    std::fprintf(out, "memory: %.0f KiB in period 2, %.0f KiB in period %zu: %+.0f KiB%s\n", memory,
+                 memoryLater, last + 1, memoryLater - memory, word(memoryHolds));
     const bool descriptorsHold = printConstant(out, "descriptors", figures.descriptors);
     const bool namesHold = printConstant(out, "GL names", figures.names);
     std::fprintf(out,

@@ -1,7 +1,6 @@
 // What the soak measures, and whether it is within its bounds.
 #pragma once
 
-#include <array>
 #include <cstdio>
 #include <vector>
 
@@ -15,13 +14,13 @@ inline std::vector<float> roomFor(std::size_t most) {
 }
 
 struct Figures {
-    explicit Figures(std::size_t mostFrames)
-        : workMs(roomFor(mostFrames)), intervalMs(roomFor(mostFrames)) {}
+    Figures(std::size_t mostFrames, std::size_t periods)
+        : workMs(roomFor(mostFrames)), intervalMs(roomFor(mostFrames)), memoryKib(periods) {}
 
     std::vector<float> workMs;      ///< From taking what has come until the picture is complete.
     std::vector<float> intervalMs;  ///< From a frame's beginning to the next one's.
     /// Second by second in each period. Every other one has the same tiles.
-    std::array<std::vector<float>, 12> memoryKib;
+    std::vector<std::vector<float>> memoryKib;
     std::vector<int> descriptors;  ///< All the same, as the names of OpenGL.
     std::vector<int> names;
     unsigned long rounds = 0;

@@ -77,7 +77,8 @@ MapRun::MapRun(const Plan& plan)
       mPicture(mOptions.font, 0.75, mOptions.style, mTerrain, mFlight.route(), mFlight.path(),
                mCharts),
       mCentre(mFlight.start()),
-      mFigures(static_cast<std::size_t>((plan.duration.count() + 60) * framesPerSecond)) {
+      mFigures(static_cast<std::size_t>((plan.duration.count() + 60) * framesPerSecond),
+               std::max<std::size_t>(2, static_cast<std::size_t>(plan.duration / plan.period))) {
     writeTiles(mDir);
     MovingMap::openTerrain(mTerrain, mDir.path("dted"), mCentre);
     mStart = mMemoryDue = Clock::now();

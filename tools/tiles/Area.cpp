@@ -36,13 +36,14 @@ std::optional<Area> areaOfAll(const Inventory& inventory, double seam) {
     return all;
 }
 
-/// Whichever way round the globe is shorter.
+/// Whichever way round the globe is shorter; of equal ones, but for rounding, the usual.
 std::optional<Area> areaOfAll(const Inventory& inventory) {
     const auto cutAtAntimeridian = areaOfAll(inventory, -180.0);
     const auto cutAtGreenwich = areaOfAll(inventory, 0.0);
     const auto width = [](const std::optional<Area>& area) { return area->east - area->west; };
-    return cutAtGreenwich && width(cutAtGreenwich) < width(cutAtAntimeridian) ? cutAtGreenwich
-                                                                              : cutAtAntimeridian;
+    return cutAtGreenwich && width(cutAtGreenwich) < width(cutAtAntimeridian) - 1e-6
+               ? cutAtGreenwich
+               : cutAtAntimeridian;
 }
 
 void setBound(const Arguments& arguments, const std::string& option, double limit, double& bound) {
@@ -108,12 +109,14 @@ Area chosenArea(const Arguments& arguments, const Inventory& inventory) {
             *bound += 360.0;
         }
     }
-    if (arguments.value("--west") && arguments.value("--east") && area.east < area.west) {
+    const bool bothLats = arguments.value("--south") && arguments.value("--north");
+    const bool bothLons = arguments.value("--west") && arguments.value("--east");
+    if (bothLons && area.east < area.west) {
         area.east += 360.0;
     }
-    // Where all bounds are given and are the wrong way round, the command line is at fault; a bound
-    // beyond the tiles is not.
-    if (!(area.south < area.north && area.west < area.east)) {
+    // Where both bounds are given and are the wrong way round, the command line is at fault; a
+    // bound beyond the tiles is not.
+    if ((bothLats && area.south >= area.north) || (bothLons && area.west >= area.east)) {
         throw UsageError(std::string("south and west must lie before north and east; the tiles: ") +
                          bounds);
     }

@@ -27,7 +27,7 @@ std::optional<double> shiftOnto(const Area& a, const Area& b);
 
 /// The area of --south, --west, --north and --east, across the antimeridian when west is given
 /// above east; a bound that is not given is that of all tiles that the library takes. Throws
-/// UsageError when a bound is no number on the globe or they are the wrong way round,
+/// UsageError when a bound is no number on the globe or two are the wrong way round,
 /// std::runtime_error when no tile lies within.
 Area chosenArea(const Arguments& arguments, const Inventory& inventory);
 
