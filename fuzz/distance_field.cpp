@@ -1,8 +1,8 @@
 // Any coverage of any size: the field equals that of the plain rules in every byte, and nothing
 // beside the picture is touched.
-// Input: columns and rows (up to 47 each), how many bytes rows are longer than the picture (up to
-// 7; the highest bit set: the field replaces the picture), the radius, then coverage, taken again
-// from its start where it is too short.
+// Input: columns and rows (up to 47 each; the highest bit of the first set: 250 columns more), how
+// many bytes rows are longer than the picture (up to 7; the highest bit set: the field replaces the
+// picture), the radius, then coverage, taken again from its start where it is too short.
 #include <memory>
 #include <vector>
 
@@ -32,7 +32,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size <= headSize) {
         return 0;
     }
-    const std::size_t width = data[0] % mostPixelsAlong;
+    const std::size_t width =
+        (data[0] & 0x7FU) % mostPixelsAlong + ((data[0] & 0x80U) != 0 ? 250 : 0);
     const std::size_t height = data[1] % mostPixelsAlong;
     const std::size_t stride = width + data[2] % 8;
     const bool inPlace = (data[2] & 0x80U) != 0;

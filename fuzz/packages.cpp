@@ -1,5 +1,6 @@
 // Any bytes as a stream, put in by cuts: the first byte seeds the sizes of the cuts. Whatever
-// comes, each package handed out is exactly the bytes of the stream that stood there.
+// comes, what is found is what a plain look at the waiting bytes finds, and each package handed out
+// is exactly the bytes of the stream that stood there.
 #include <algorithm>
 #include <cstring>
 
@@ -7,6 +8,34 @@
 #include "network/PackageFraming.h"
 
 using Orlek::Detail::PackageFraming;
+using State = PackageFraming::State;
+
+namespace {
+
+unsigned long numberAt(const std::uint8_t* bytes, int count) {
+    unsigned long value = 0;
+    while (count-- > 0) {
+        value = value << 8U | bytes[count];
+    }
+    return value;
+}
+
+// The header is 24 bytes: at 4 the version 0x1203, at 12 the length, little-endian.
+State expectedOf(const std::uint8_t* bytes, std::size_t count) {
+    if (count < 24) {
+        return State::incomplete;
+    }
+    const unsigned long length = numberAt(bytes + 12, 4);
+    if (numberAt(bytes + 4, 2) != 0x1203) {
+        return State::wrongVersion;
+    }
+    if (length > 0xFFFFF - 24) {
+        return State::tooLong;
+    }
+    return count < 24 + length ? State::incomplete : State::package;
+}
+
+}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size == 0) {
@@ -24,9 +53,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         std::memcpy(room.data(), data + at, cut);
         framing.added(cut);
         at += cut;
-        for (auto found = framing.next(); found.state != PackageFraming::State::incomplete;
-             found = framing.next()) {
-            if (found.state != PackageFraming::State::package) {
+        for (;;) {
+            const auto found = framing.next();
+            require(found.state == expectedOf(data + start, at - start));
+            if (found.state == State::incomplete) {
+                break;
+            }
+            if (found.state != State::package) {
                 start = at;
                 continue;
             }

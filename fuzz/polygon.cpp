@@ -1,8 +1,9 @@
 // Rings of whatever coordinates come: the same rings as the plain rules give, to the last bit, also
 // when the boxes are used, which so small rings would do without.
-// Input: the operation, the number of vertices of this polygon, of the other (up to 15 each), then
-// 2 bytes a coordinate: a row of a table of values, and how many steps of rounding away from it;
-// rows beyond the table take the second byte for a number on a coarse grid.
+// Input: the operation, the number of vertices of this polygon, of the other (up to 15 each; the
+// highest bit set: the ring comes six times, each time shifted), then 2 bytes a coordinate: a row
+// of a table of values, and how many steps of rounding away from it; rows beyond the table take the
+// second byte for a number on a coarse grid.
 #include <Orlek/Math/Polygon2D.h>
 
 #include <cmath>
@@ -51,12 +52,15 @@ public:
         return value;
     }
 
-    Ring ring(std::size_t size) {
+    Ring ring(unsigned head) {
         Ring made;
-        while (made.size() < size) {
+        while (made.size() < head % 16) {
             const double x = coordinate();
             made.emplace_back(x, coordinate());
         }
+        const std::size_t once = made.size();
+        for (std::size_t i = 0; (head & 0x80U) != 0 && i < 5 * once; ++i)
+            made.emplace_back(made[i].x + 0.375, made[i].y - 0.25);
         return made;
     }
 
@@ -83,10 +87,10 @@ void requireSameCrossings(const Ring& self, const Ring& other) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Input input({data, size});
     const auto operation = static_cast<Operation>(input.byte() % 3);
-    const std::size_t selfSize = input.byte() % 16;
-    const std::size_t otherSize = input.byte() % 16;
-    Ring self = input.ring(selfSize);
-    Ring other = input.ring(otherSize);
+    const unsigned selfHead = input.byte();
+    const unsigned otherHead = input.byte();
+    Ring self = input.ring(selfHead);
+    Ring other = input.ring(otherHead);
 
     Polygon judge{{}, {}, self};
     const auto expected = judge.boolOperation(other, operation);

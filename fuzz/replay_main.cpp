@@ -15,6 +15,10 @@ int main(int argc, char** argv) {
     int replayed = 0;
     for (const auto& entry : std::filesystem::directory_iterator(argv[1])) {
         std::ifstream file(entry.path(), std::ios::binary);
+        if (!file) {
+            std::fprintf(stderr, "cannot read %s\n", entry.path().c_str());
+            return 1;
+        }
         const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
         LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
         ++replayed;

@@ -19,7 +19,8 @@ namespace {
 using Orlek::FileSystem::ZipFile;
 using Content = Orlek::Detail::MallocArray<unsigned char>;
 
-// Whether the first entry, read piece by piece, is `whole`, or broken when there is none.
+// Whether the first entry, read piece by piece and filled up with zeroes, is `whole`, or broken
+// when there is none.
 void checkPieces(const std::string& path, const unsigned char* whole, std::size_t size) {
     Orlek::Detail::InflateStream stream;
     std::uint32_t promised = 0;
@@ -40,8 +41,8 @@ void checkPieces(const std::string& path, const unsigned char* whole, std::size_
     }
     require(stream.atEnd() == (whole != nullptr));
     require(whole == nullptr ||
-            (size == promised && std::equal(pieces.begin(), pieces.begin() + std::ptrdiff_t(done),
-                                            reinterpret_cast<const std::byte*>(whole))));
+            (size == promised &&
+             std::equal(pieces.begin(), pieces.end(), reinterpret_cast<const std::byte*>(whole))));
 }
 
 }  // namespace

@@ -6,8 +6,8 @@
 
 namespace Orlek::Detail {
 
-// Directories form a tree, so only links can lead back to where the listing has been. They wait for
-// the whole tree, so that what is listed twice does not follow from the system's order.
+// Each directory is entered once, under its own name where it has one in the tree: links wait for
+// all of it.
 void TreeListing::list(const std::string& path, bool recursive) {
     walk(path, recursive);
     while (!mLinks.empty()) {
@@ -25,7 +25,9 @@ void TreeListing::walk(const std::string& path, bool recursive) {
         report("Property::readAllFiles: could not open path <%s>\n", (path + "\\*").c_str());
         unreadable.push_back(path);
     }
-    mVisited.insert(search.identity());
+    if (!mVisited.insert(search.identity()).second) {
+        return;  // by a link before, or mounted twice
+    }
     for (const DirectoryEntry& entry : search.entries()) {
         std::string entryPath = path + "/" + entry.name;
         if (entry.kind == FileKind::regular) {
@@ -40,7 +42,7 @@ void TreeListing::walk(const std::string& path, bool recursive) {
     }
 }
 
-// Entering each target once bounds the work even where links cross each other in many ways.
+// Asked before a link's target is read once more in vain.
 bool TreeListing::wasVisited(const std::string& path) const {
     return mVisited.contains(directoryIdentity(path));
 }

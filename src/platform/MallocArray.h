@@ -10,6 +10,8 @@
 
 namespace Orlek::Detail {
 
+static_assert(sizeof(std::size_t) >= 8, "sizes of 32 bits, as files state them, are added up");
+
 struct FreeArray {
     void operator()(void* memory) const { std::free(memory); }
 };

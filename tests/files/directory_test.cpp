@@ -95,7 +95,8 @@ TEST(Directory, FollowsLinksButNotInCircles) {
     EXPECT_EQ(list(root, false), Paths{root + "/linkedFile"});
 }
 
-// Entered anew from everywhere, these would be 2^40 paths.
+// Entered anew from everywhere, these would be 2^40 paths. Whatever the order, each file comes
+// once.
 TEST(Directory, EndsWhereManyLinksLeadToTheSamePlaces) {
     const TempDir dir;
     constexpr int levels = 40;
@@ -108,10 +109,8 @@ TEST(Directory, EndsWhereManyLinksLeadToTheSamePlaces) {
                                          dir.path(here + link));
         }
     }
-    const Paths files = list(dir.path(), true);
-    EXPECT_LT(files.size(), 2U * levels + 1);
     std::sort(written.begin(), written.end());
-    EXPECT_TRUE(std::includes(files.begin(), files.end(), written.begin(), written.end()));
+    EXPECT_EQ(list(dir.path(), true), written);
 }
 
 TEST(Directory, WalksDeepTreesWithFewDescriptors) {

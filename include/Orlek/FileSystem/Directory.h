@@ -26,10 +26,11 @@ public:
 
     /// Lists the directory anew.
     ///
-    /// Symbolic links are followed, those to directories last. A link to a directory that this
-    /// listing has already been in is not entered again, so that links in circles end. Broken links, pipes, sockets and devices
-    /// are left out. For each directory that cannot be read it prints
-    /// "Property::readAllFiles: could not open path <path\*>" and goes on with the rest.
+    /// Symbolic links are followed, those to directories last. A directory that this listing has
+    /// already been in is not entered again, so that links in circles end and files come once.
+    /// Broken links, pipes, sockets and devices are left out. For each directory that cannot be
+    /// read it prints "Property::readAllFiles: could not open path <path\*>" and goes on with the
+    /// rest.
     /// @param recursive whether directories are entered; their files come where the directory is
     ///        met, those of links at the end.
     /// @return the path as given, "/" and the name of each regular file, with the names of the

@@ -71,8 +71,8 @@ public:
     /// @param[out] size the number of bytes; 0 when null is returned (and for an empty entry).
     /// @return `size` bytes and a spare one, which the caller releases with `std::free`; null when
     ///         there is no such entry, its sizes cannot be true, its data are damaged, cut off, no
-    ///         deflate data or more than its header says, or there is no memory for it. Fewer data than
-    ///         the header says are filled up with zero bytes. Nothing is printed but what
+    ///         deflate data or more than its header says, or there is no memory for it. Fewer data
+    ///         than the header says are filled up with zero bytes. Nothing is printed but what
     ///         getFiles() prints.
     unsigned char* readFile(const std::string& name, unsigned int& size);
 

@@ -14,6 +14,30 @@
 
 namespace Orlek::Misc {
 
+namespace {
+
+// One prefix serves all levels: each with its own would take the square of the file's size.
+void readInto(std::map<std::string, std::string>& properties, const XML::XmlElement& element,
+              std::string& prefix) {
+    const std::string name = element.name();
+    if (name == Detail::leafName) {
+        auto [key, value] = Detail::readLeaf(element);
+        key.insert(0, prefix);
+        Detail::report("Property <%s> <%s>\n", key.c_str(), value.c_str());
+        // A file that was written here has its keys in order: each new one comes last.
+        properties.insert_or_assign(properties.end(), std::move(key), std::move(value));
+        return;
+    }
+    const std::size_t length = prefix.size();
+    prefix.append(name).push_back('.');
+    for (auto child = element.firstElement(); child.valid(); child = child.nextElement()) {
+        readInto(properties, child, prefix);
+    }
+    prefix.resize(length);
+}
+
+}  // namespace
+
 Property& Property::instance() {
     static Property theInstance;
     return theInstance;
@@ -45,20 +69,7 @@ bool Property::readXmlFile() {
 }
 
 bool Property::readElement(XML::XmlElement& element, std::string prefix) {
-    const std::string name = element.name();
-    if (name == Detail::leafName) {
-        auto [key, value] = Detail::readLeaf(element);
-        key.insert(0, prefix);
-        Detail::report("Property <%s> <%s>\n", key.c_str(), value.c_str());
-        // A file that was written here has its keys in order: each new one comes last.
-        mProperties.insert_or_assign(mProperties.end(), std::move(key), std::move(value));
-        return true;
-    }
-    prefix += name + ".";
-    XML::XmlElement child = element.firstElement();
-    for (; child.valid(); child = child.nextElement()) {
-        readElement(child, prefix);
-    }
+    readInto(mProperties, element, prefix);
     return true;
 }
 
@@ -93,7 +104,8 @@ std::string Property::getString(const std::string& key, const std::string& defau
 
 int Property::getInt(const std::string& key, int defaultValue) const {
     const std::string* text = find(key);
-    return text != nullptr ? std::atoi(text->c_str()) : defaultValue;
+    return text != nullptr ? static_cast<int>(std::strtol(text->c_str(), nullptr, 10))
+                           : defaultValue;
 }
 
 double Property::getDouble(const std::string& key, double defaultValue) const {

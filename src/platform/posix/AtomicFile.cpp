@@ -16,6 +16,7 @@
 #include <utility>
 
 #include "platform/ZeroByte.h"
+#include "platform/posix/Descriptors.h"
 #include "platform/posix/WriteAll.h"
 
 namespace Orlek::Detail {
@@ -65,18 +66,6 @@ std::string makeNamed(const std::string& directory, Make make) {
     return {};
 }
 
-// Were a standard stream closed, what is printed there would go into the file that has its number.
-int aboveStandardStreams(int descriptor) {
-    if (descriptor < 0 || descriptor > STDERR_FILENO) {
-        return descriptor;
-    }
-    const int higher = ::fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
-    const int error = errno;
-    ::close(descriptor);
-    errno = error;
-    return higher;
-}
-
 #ifdef O_TMPFILE
 constexpr int unnamed = O_TMPFILE;
 #else
@@ -112,11 +101,7 @@ bool takeOver(int descriptor, const struct stat& old) {
 }
 
 bool sync(int descriptor) {
-    int result = 0;
-    do {
-        result = ::fsync(descriptor);
-    } while (result != 0 && errno == EINTR);
-    return result == 0;
+    return unlessInterrupted([=] { return ::fsync(descriptor); }) == 0;
 }
 
 // Not every file system can, and not every directory that may be written may be read.

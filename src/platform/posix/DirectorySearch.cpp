@@ -11,6 +11,7 @@
 #include <memory>
 
 #include "platform/ZeroByte.h"
+#include "platform/posix/Descriptors.h"
 
 namespace Orlek::Detail {
 
@@ -33,10 +34,8 @@ DirectoryIdentity identityOf(const struct stat& status) {
 }
 
 DirectoryHandle openDirectory(const char* path) {
-    int descriptor = -1;
-    do {
-        descriptor = ::open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK);
-    } while (descriptor < 0 && errno == EINTR);
+    const int descriptor = unlessInterrupted(
+        [=] { return ::open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK); });
     if (descriptor < 0) {
         return nullptr;
     }

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/ZeroByte.h"
+#include "platform/posix/Descriptors.h"
 #include "platform/posix/WriteAll.h"
 
 namespace Orlek::Detail {
@@ -18,12 +19,10 @@ bool OutputFile::open(const std::string& path) {
         errno = EINVAL;
         return false;
     }
-    do {
-        // Reading too and O_NONBLOCK: neither opening a pipe nor filling it waits for a reader.
-        mDescriptor = ::open(path.c_str(),
-                             O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK | O_NOCTTY,  //
-                             0666);
-    } while (mDescriptor < 0 && errno == EINTR);
+    // Reading too and O_NONBLOCK: neither opening a pipe nor filling it waits for a reader.
+    constexpr int flags = O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+    mDescriptor =
+        aboveStandardStreams(unlessInterrupted([&] { return ::open(path.c_str(), flags, 0666); }));
     return mDescriptor >= 0;
 }
 

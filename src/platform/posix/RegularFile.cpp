@@ -9,18 +9,16 @@
 #include <utility>
 
 #include "platform/ZeroByte.h"
+#include "platform/posix/Descriptors.h"
 
 namespace Orlek::Detail {
 
 namespace {
 
 int openForReading(const char* path) {
-    int descriptor = -1;
-    do {
-        // O_NONBLOCK: opening a pipe without a writer returns at once; regular files ignore it.
-        descriptor = ::open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-    } while (descriptor < 0 && errno == EINTR);
-    return descriptor;
+    // O_NONBLOCK: opening a pipe without a writer returns at once; regular files ignore it.
+    return unlessInterrupted(
+        [=] { return ::open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); });
 }
 
 }  // namespace

@@ -18,21 +18,13 @@
 #include <optional>
 
 #include "platform/Report.h"
+#include "platform/posix/Descriptors.h"
 
 namespace Orlek::Detail {
 
 namespace {
 
 using SteadyClock = std::chrono::steady_clock;
-
-template <typename Call>
-auto unlessInterrupted(Call call) {
-    auto result = call();
-    while (result < 0 && errno == EINTR) {
-        result = call();
-    }
-    return result;
-}
 
 std::optional<sockaddr_in> systemAddress(const Endpoint& endpoint) {
     if (endpoint.address > std::numeric_limits<std::uint32_t>::max() || endpoint.port < 0 ||
@@ -59,13 +51,19 @@ int remainingMs(SteadyClock::time_point end) {
     return static_cast<int>(std::clamp<std::int64_t>(left, 0, std::numeric_limits<int>::max()));
 }
 
+using Deadline = std::optional<SteadyClock::time_point>;
+
+Deadline deadlineIn(std::optional<unsigned int> timeoutMs) {
+    return timeoutMs ? Deadline(SteadyClock::now() + std::chrono::milliseconds(*timeoutMs))
+                     : Deadline();
+}
+
 /// Waits for `events` or an error; without a limit when there is none. `again`, with ETIMEDOUT,
 /// when the time has passed.
-Outcome waitFor(int socket, short events, std::optional<unsigned int> timeoutMs) {
-    const auto end = SteadyClock::now() + std::chrono::milliseconds(timeoutMs.value_or(0));
+Outcome waitFor(int socket, short events, const Deadline& end) {
     pollfd waited = {socket, events, 0};
     for (;;) {
-        const int ready = ::poll(&waited, 1, timeoutMs ? remainingMs(end) : -1);
+        const int ready = ::poll(&waited, 1, end ? remainingMs(*end) : -1);
         if (ready > 0 && (waited.revents & POLLNVAL) != 0) {
             errno = EBADF;
             return Outcome::failed;
@@ -76,7 +74,7 @@ Outcome waitFor(int socket, short events, std::optional<unsigned int> timeoutMs)
         if (ready < 0 && errno != EINTR) {
             return Outcome::failed;
         }
-        if (timeoutMs && SteadyClock::now() >= end) {
+        if (end && SteadyClock::now() >= *end) {
             errno = ETIMEDOUT;
             return Outcome::again;
         }
@@ -111,7 +109,7 @@ bool hasOtherPeer(int socket) {
 
 /// The outcome of a connect that has been started, which a wait for writability tells of.
 Outcome finishConnect(int socket, std::optional<unsigned int> timeoutMs) {
-    const Outcome outcome = waitFor(socket, POLLOUT, timeoutMs);
+    const Outcome outcome = waitFor(socket, POLLOUT, deadlineIn(timeoutMs));
     if (outcome != Outcome::done) {
         return outcome;
     }
@@ -135,8 +133,8 @@ Transfer sorted(ssize_t result) {
 }  // namespace
 
 int openSocket(SocketKind kind) {
-    return ::socket(AF_INET, (kind == SocketKind::stream ? SOCK_STREAM : SOCK_DGRAM) | SOCK_CLOEXEC,
-                    0);
+    const int type = kind == SocketKind::stream ? SOCK_STREAM : SOCK_DGRAM;
+    return aboveStandardStreams(::socket(AF_INET, type | SOCK_CLOEXEC, 0));
 }
 
 void closeSocket(int socket) {
@@ -186,11 +184,12 @@ bool listenSocket(int socket, int backlog) {
 }
 
 int acceptSocket(int listener, Endpoint& peer, std::optional<unsigned int> timeoutMs) {
+    const Deadline end = deadlineIn(timeoutMs);
     for (;;) {
         sockaddr_in address = {};
         socklen_t size = sizeof(address);
-        const int accepted =
-            ::accept4(listener, reinterpret_cast<sockaddr*>(&address), &size, SOCK_CLOEXEC);
+        const int accepted = aboveStandardStreams(
+            ::accept4(listener, reinterpret_cast<sockaddr*>(&address), &size, SOCK_CLOEXEC));
         if (accepted >= 0) {
             peer = {ntohl(address.sin_addr.s_addr), ntohs(address.sin_port)};
             return accepted;
@@ -201,14 +200,14 @@ int acceptSocket(int listener, Endpoint& peer, std::optional<unsigned int> timeo
         if (errno != EAGAIN && errno != EWOULDBLOCK) {
             return noSocket;
         }
-        if (waitFor(listener, POLLIN, timeoutMs) != Outcome::done) {
+        if (waitFor(listener, POLLIN, end) != Outcome::done) {
             return noSocket;
         }
     }
 }
 
 Outcome waitReadable(int socket, unsigned int timeoutMs) {
-    return waitFor(socket, POLLIN, timeoutMs);
+    return waitFor(socket, POLLIN, deadlineIn(timeoutMs));
 }
 
 Transfer sendBytes(int socket, std::span<const std::byte> head, std::span<const std::byte> tail,

@@ -61,7 +61,6 @@ FT_LibraryRec_* openFreeType() {
     }
     FT_Add_Default_Modules(library);
     removeOldFormats(library);
-    FT_Set_Default_Properties(library);
     return library;
 }
 

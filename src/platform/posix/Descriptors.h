@@ -1,0 +1,34 @@
+// What every file that makes descriptors needs.
+#pragma once
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace Orlek::Detail {
+
+/// Starts a call over that a signal has cut short.
+template <typename Call>
+auto unlessInterrupted(Call call) {
+    auto result = call();
+    while (result < 0 && errno == EINTR) {
+        result = call();
+    }
+    return result;
+}
+
+/// Moves a descriptor that is written to off the numbers of the standard streams: were one of them
+/// closed, what is printed there would go into the file or socket that has its number. -1 stays -1.
+inline int aboveStandardStreams(int descriptor) {
+    if (descriptor < 0 || descriptor > STDERR_FILENO) {
+        return descriptor;
+    }
+    const int higher = ::fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    const int error = errno;
+    ::close(descriptor);
+    errno = error;
+    return higher;
+}
+
+}  // namespace Orlek::Detail
