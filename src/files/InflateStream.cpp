@@ -23,12 +23,6 @@ void InflateStream::EndInflate::operator()(z_stream_s* stream) const {
     inflateEnd(stream);
 }
 
-bool InflateStream::open(const std::string& path, std::uint64_t offset,
-                         std::uint32_t compressedSize) {
-    RegularFile file;
-    return file.open(path) && open(std::move(file), offset, compressedSize);
-}
-
 bool InflateStream::open(RegularFile file, std::uint64_t offset, std::uint32_t compressedSize) {
     mState = State::closed;
     mStream.reset();

@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <memory>
 #include <span>
-#include <string>
 
 #include "platform/MallocArray.h"
 #include "platform/RegularFile.h"
@@ -19,10 +18,8 @@ namespace Orlek::Detail {
 /// Owns its file while open. One thread at a time.
 class InflateStream {
 public:
-    /// Opens `path` and starts at `offset`. False when the file cannot be opened (errno tells why),
-    /// the range does not lie inside it, or there is no memory.
-    bool open(const std::string& path, std::uint64_t offset, std::uint32_t compressedSize);
-    /// The same for a file that is open already.
+    /// Starts at `offset` of a file. False when the range does not lie inside it, or there is no
+    /// memory.
     bool open(RegularFile file, std::uint64_t offset, std::uint32_t compressedSize);
 
     /// Fills `out` with the next bytes and returns how many it got: fewer than asked for only when

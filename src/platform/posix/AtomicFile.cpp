@@ -145,12 +145,8 @@ bool AtomicFile::open(const std::string& path) {
     if (::stat(mTarget.c_str(), &old) != 0) {
         return errno == ENOENT && create(0666);
     }
-    if (!S_ISREG(old.st_mode)) {
-        errno = S_ISDIR(old.st_mode) ? EISDIR : ENOTSUP;
-        return false;
-    }
     // Replacing needs no right to write the file itself; whoever took that away meant it.
-    return ::faccessat(AT_FDCWD, mTarget.c_str(), W_OK, AT_EACCESS) == 0 && create(0600) &&
+    return isRegular(old) && ::faccessat(AT_FDCWD, mTarget.c_str(), W_OK, AT_EACCESS) == 0 && create(0600) &&
            takeOver(mDescriptor, old);
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -29,6 +30,15 @@ inline int aboveStandardStreams(int descriptor) {
     ::close(descriptor);
     errno = error;
     return higher;
+}
+
+/// Whether it is that of a regular file. If not, errno says so.
+inline bool isRegular(const struct stat& status) {
+    if (S_ISREG(status.st_mode)) {
+        return true;
+    }
+    errno = S_ISDIR(status.st_mode) ? EISDIR : ENOTSUP;
+    return false;
 }
 
 }  // namespace Orlek::Detail

@@ -40,8 +40,7 @@ bool RegularFile::open(const std::string& path) {
     }
     struct stat status {};
     // Merely opening a pipe or a device can disturb others.
-    if (::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
-        errno = S_ISDIR(status.st_mode) ? EISDIR : ENOTSUP;
+    if (::stat(path.c_str(), &status) == 0 && !isRegular(status)) {
         return false;
     }
     mDescriptor = openForReading(path.c_str());
@@ -49,12 +48,7 @@ bool RegularFile::open(const std::string& path) {
         return false;
     }
     // Looked at again: the name may stand for another file by now.
-    if (::fstat(mDescriptor, &status) != 0) {
-        close();
-        return false;
-    }
-    if (!S_ISREG(status.st_mode)) {
-        errno = S_ISDIR(status.st_mode) ? EISDIR : ENOTSUP;
+    if (::fstat(mDescriptor, &status) != 0 || !isRegular(status)) {
         close();
         return false;
     }
