@@ -47,8 +47,8 @@ install_packages() {
 without_nginx_service() {
   local policy=/usr/sbin/policy-rc.d made=""
   (
-    trap '[ ! -e /etc/init.d/nginx ] || $as_root update-rc.d nginx disable
-      [ -z "$made" ] || $as_root rm -f "$policy"' EXIT
+    trap '[ -z "$made" ] || $as_root rm -f "$policy"
+      [ ! -e /etc/init.d/nginx ] || $as_root update-rc.d nginx disable' EXIT
     if [ ! -e "$policy" ]; then
       made=yes
       # shellcheck disable=SC2016  # expanded when it runs

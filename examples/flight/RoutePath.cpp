@@ -138,7 +138,8 @@ std::optional<double> alongAt(const RoutePath& path, const Position& position, d
             onward = {distance, along};
         }
     }
-    return onward.along ? onward.along : any.along;
+    constexpr double besideM = 0.5 * metresPerMile;
+    return onward.along && onward.apartM <= any.apartM + besideM ? onward.along : any.along;
 }
 
 }  // namespace MovingMap

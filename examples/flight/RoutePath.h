@@ -41,8 +41,9 @@ struct PathState {
     std::size_t nextWaypoint = 0;  ///< Index in the route; the last one when all are passed.
 };
 
-/// How far along a path the place next to an aircraft is, on a leg that it flies along rather than
-/// back if there is one within @p withinM metres; nothing when all legs are farther away.
+/// How far along a path the place next to an aircraft is; of legs that are about equally near, on
+/// one that it flies along rather than back. Nothing when all are farther away than @p withinM
+/// metres.
 std::optional<double> alongAt(const RoutePath& path, const Position& position, double headingDeg,
                               double withinM);
 

@@ -12,8 +12,8 @@
 
 namespace MovingMap {
 
-/// Connects by itself, again and again, on a thread of its own, so that no call waits. A sender that
-/// vanishes without a word, switched off or unplugged, is given up after eleven seconds.
+/// Connects by itself, again and again, on a thread of its own, so that no call waits. A sender
+/// that vanishes without a word, switched off or unplugged, is given up after eleven seconds.
 class TcpLink {
 public:
     /// Throws std::runtime_error when the host has no address. It may wait for name servers, which

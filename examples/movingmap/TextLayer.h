@@ -22,8 +22,8 @@ class TextLayer {
 public:
     /// @param fontFile a font that FreeType reads
     /// @param pixelSize as the font takes it, 1 to 256; the framebuffer has three times as many
-    /// rows and columns, to measure the font in Throws std::runtime_error when the font cannot be
-    /// used.
+    /// rows and columns, to measure the font in.
+    /// Throws std::runtime_error when the font cannot be used.
     TextLayer(const std::string& fontFile, int pixelSize);
 
     /// The advance of a text in pixels.

@@ -6,13 +6,12 @@
 
 namespace Orlek::Detail {
 
-// Each directory is entered once, under its own name where it has one in the tree: links wait for
-// all of it.
+// Each directory is entered once, under its own name where it has one in the tree, as links wait
+// for all of it, and otherwise under one that does not follow from the system's order.
 void TreeListing::list(const std::string& path, bool recursive) {
     walk(path, recursive);
     while (!mLinks.empty()) {
-        const std::string link = std::exchange(mLinks.back(), {});
-        mLinks.pop_back();
+        const std::string link = std::move(mLinks.extract(mLinks.begin()).value());
         if (!wasVisited(link)) {
             walk(link, true);
         }
@@ -35,7 +34,7 @@ void TreeListing::walk(const std::string& path, bool recursive) {
         } else if (entry.kind != FileKind::directory) {
             others.push_back(std::move(entryPath));
         } else if (recursive && entry.isLink) {
-            mLinks.push_back(std::move(entryPath));
+            mLinks.insert(std::move(entryPath));
         } else if (recursive) {
             walk(entryPath, true);
         }

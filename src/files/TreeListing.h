@@ -25,7 +25,7 @@ private:
     void walk(const std::string& path, bool recursive);
     [[nodiscard]] bool wasVisited(const std::string& path) const;
 
-    std::vector<std::string> mLinks;  ///< to directories
+    std::set<std::string> mLinks;  ///< to directories
     std::set<DirectoryIdentity> mVisited;
 };
 

@@ -78,7 +78,7 @@ TEST(PropertyDisk, WhatIsNoFileOfOursIsNotReplaced) {
 }
 
 TEST(PropertyDisk, MissingPermissionsAreRespected) {
-    const TempDir dir;
+    const TempDir dir("/tmp");  // which others may enter
     std::filesystem::permissions(dir.path(), std::filesystem::perms{0777});
     const std::string locked = dir.write("locked/old.xml", "old");
     const std::string readOnly = dir.write("readonly.xml", "old");
@@ -123,7 +123,7 @@ TEST(PropertyDisk, LinksAndModesStay) {
 }
 
 TEST(PropertyDisk, AFileThatBecomesTheWritersLendsNoRights) {
-    const TempDir dir;
+    const TempDir dir("/tmp");  // which others may enter
     std::filesystem::permissions(dir.path(), std::filesystem::perms{0777});
     const std::string path = dir.write("settings.xml", "old");
     ASSERT_EQ(chmod(path.c_str(), 06666), 0);

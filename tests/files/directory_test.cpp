@@ -55,7 +55,7 @@ TEST(Directory, TakesNoPathForItsBeginning) {
 }
 
 TEST(Directory, SaysWhatItCannotOpenAndGoesOn) {
-    const TempDir dir;
+    const TempDir dir("/tmp");  // which others may enter
     const std::string file = dir.write("readable/file", "");
     const std::string locked = dir.path("locked");
     fs::create_directory(locked);

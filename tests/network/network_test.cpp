@@ -29,8 +29,8 @@ TEST(NetworkNames, GivesTheAddressInHostOrder) {
 
 TEST(NetworkNames, TellsWhyANameIsUnknown) {
     for (const std::string& name :
-         {std::string(), std::string("256.1.1.1.1"), std::string("a b"), std::string(300, 'x'),
-          std::string("127.0.0.1\0x", 11), std::string("no-such-host.invalid")}) {
+         {std::string(), std::string("256.1.1.1.1."), std::string("a b"), std::string(300, 'x'),
+          std::string("127.0.0.1\0x", 11), std::string("no-such-host.invalid.")}) {
         const std::string text =
             captureStderr([&] { EXPECT_EQ(Hosts::getAddressFromName(name), 0U) << name; });
         EXPECT_TRUE(std::regex_match(text, std::regex("getaddrinfo: [A-Z][A-Za-z ]+\n"))) << text;

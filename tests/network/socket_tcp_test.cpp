@@ -75,6 +75,7 @@ void connectToOwnPort() {
     EXPECT_FALSE(link.createTcpClientSocketNonBlock(loopback, 40000, 1000));
     EXPECT_EQ(errno, ECONNREFUSED);
     EXPECT_FALSE(link.createTcpClientSocket(loopback, 40000));
+    EXPECT_EQ(errno, ECONNREFUSED) << "the port is free again";
     EXPECT_FALSE(link.connected());
     EXPECT_EQ(openFiles(), before);
     SocketTcpServer server;
@@ -126,7 +127,7 @@ TEST_F(SocketTcpTest, WaitsAsLongAsAskedWhileSignalsArrive) {
     late.join();
     served.closeConnection();
     server.closeConnection();
-    EXPECT_GT(FrequentSignals::received, before + 20);
+    EXPECT_GT(FrequentSignals::received, before + 2);
 }
 
 /// 10.1.2.4 does not answer: whoever has that hardware address is not on the wire.

@@ -7,6 +7,7 @@
 #include <string>
 #include <thread>
 
+#include "PlainPeer.h"
 #include "support/Capture.h"
 #include "support/OpenFiles.h"
 #include "support/OwnNetwork.h"
@@ -16,8 +17,7 @@ namespace {
 using namespace OrlekTest;
 using Orlek::Network::SocketUdp;
 
-constexpr unsigned long loopback = 0x7F000001;
-constexpr int port = 46117;
+const int port = PlainPeer::listening().port();
 constexpr int nonBlocking = 0;
 constexpr int blocking = 1;
 

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include "network/PlainPeer.h"
 #include "platform/AtomicFile.h"
 #include "platform/OutputFile.h"
 #include "platform/Socket.h"
@@ -16,14 +17,17 @@ using namespace Orlek::Detail;
 
 TEST(StandardStreams, KeepTheirNumbersWhileTheyAreClosed) {
     const OrlekTest::TempDir dir;
+    const auto listener = OrlekTest::PlainPeer::listening();
+    const auto client = OrlekTest::PlainPeer::connectedTo(listener.port());
     const int errors = dup(STDERR_FILENO);
     close(STDERR_FILENO);
-    const NewSocket listener(openSocket(SocketKind::stream));
+    const NewSocket socket(openSocket(SocketKind::stream));
+    Endpoint peer;
+    const NewSocket accepted(acceptSocket(listener.descriptor(), peer, 5000));
     AtomicFile draft;
     OutputFile file;
     const bool opened = draft.open(dir.path("draft")) && file.open(dir.path("file")) &&
-                        bindSocket(listener.get(), {0x7F000001, 0}) &&
-                        listenSocket(listener.get(), 1);
+                        socket.isOpen() && accepted.isOpen();
     const int taken = fcntl(STDERR_FILENO, F_GETFD);
     dup2(errors, STDERR_FILENO);
     close(errors);

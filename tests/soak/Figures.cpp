@@ -33,7 +33,7 @@ void print(std::FILE* out, const char* name, const Spread& ms, const char* verdi
 
 bool printConstant(std::FILE* out, const char* name, const std::vector<int>& values) {
     const auto [low, high] = std::minmax_element(values.begin(), values.end());
-    const bool holds = values.empty() || *low == *high;
+    const bool holds = values.size() > 1 && *low == *high;
     std::fprintf(out, "%s: %d to %d%s\n", name, values.empty() ? 0 : *low,
                  values.empty() ? 0 : *high, word(holds));
     return holds;

@@ -101,7 +101,8 @@ Figures MapRun::run(Sent& sent) {
     Turn tiles = turn(0.25);
     Turn settings = turn(0.5);
     Turn view = turn(0.75);
-    Turn counting = turn(1.9);
+    Turn counting = turn(1.4);
+    counting.every /= 2;
     Clock::time_point due = mStart;
     Clock::time_point before = mStart;
     while (before < mStart + mPlan.duration) {

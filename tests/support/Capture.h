@@ -10,25 +10,45 @@
 
 namespace OrlekTest {
 
+/// Leads a stream into a file for the length of a scope.
+class Redirection {
+public:
+    explicit Redirection(std::FILE* stream) : mStream(stream), mSaved(dup(fileno(stream))) {
+        std::fflush(stream);
+        if (mSink == nullptr || mSaved < 0 || dup2(fileno(mSink), fileno(stream)) < 0) {
+            throw std::runtime_error("cannot redirect the stream");
+        }
+    }
+    ~Redirection() {
+        std::fflush(mStream);
+        dup2(mSaved, fileno(mStream));
+        close(mSaved);
+        std::fclose(mSink);
+    }
+    Redirection(const Redirection&) = delete;
+    Redirection& operator=(const Redirection&) = delete;
+
+    std::string text() const {
+        std::fflush(mStream);
+        std::string text;
+        std::rewind(mSink);
+        for (int c = std::fgetc(mSink); c != EOF; c = std::fgetc(mSink)) {
+            text.push_back(static_cast<char>(c));
+        }
+        return text;
+    }
+
+private:
+    std::FILE* mStream;
+    int mSaved;
+    std::FILE* mSink = std::tmpfile();
+};
+
 template <typename Function>
 std::string captureStream(std::FILE* stream, Function&& function) {
-    std::fflush(stream);
-    std::FILE* sink = std::tmpfile();
-    const int saved = dup(fileno(stream));
-    if (sink == nullptr || saved < 0 || dup2(fileno(sink), fileno(stream)) < 0) {
-        throw std::runtime_error("cannot redirect the stream");
-    }
+    const Redirection redirection(stream);
     std::forward<Function>(function)();
-    std::fflush(stream);
-    dup2(saved, fileno(stream));
-    close(saved);
-    std::string text;
-    std::rewind(sink);
-    for (int c = std::fgetc(sink); c != EOF; c = std::fgetc(sink)) {
-        text.push_back(static_cast<char>(c));
-    }
-    std::fclose(sink);
-    return text;
+    return redirection.text();
 }
 
 template <typename Function>

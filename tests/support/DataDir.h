@@ -15,8 +15,9 @@ inline std::string dataDir() {
 }
 
 inline std::string terrainDir() {
-    const std::string path = dataDir() + "/terrain";
-    return std::filesystem::is_directory(path) ? path : std::string();
+    const std::string data = dataDir();
+    const std::string path = data + "/terrain";
+    return !data.empty() && std::filesystem::is_directory(path) ? path : std::string();
 }
 
 }  // namespace OrlekTest

@@ -1,6 +1,8 @@
 // A fresh directory that is removed with all its contents at the end of the scope.
 #pragma once
 
+#include <sys/stat.h>
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -10,9 +12,11 @@
 
 namespace OrlekTest {
 
+/// Files in it have the usual modes, whatever the user's umask.
 class TempDir {
 public:
     explicit TempDir(const std::filesystem::path& parent = std::filesystem::temp_directory_path()) {
+        umask(022);
         std::string pattern = (parent / "orlek-XXXXXX").string();
         if (mkdtemp(pattern.data()) == nullptr) {
             throw std::runtime_error("cannot create " + pattern);

@@ -2,6 +2,7 @@
 // other fails.
 #include <Orlek/Network.h>
 #include <signal.h>
+#include <sys/prctl.h>
 
 #include <array>
 #include <cstring>
@@ -58,7 +59,7 @@ struct Datagrams {
 };
 
 // What arrives is what was sent, in order, as far as it comes; refused packages stay out.
-bool exchangePackages() {
+Came exchangePackages() {
     Link link;
     auto& [server, client, peer] = link;
     const bool linked = server.init(port) &&
@@ -86,15 +87,16 @@ bool exchangePackages() {
             usleep(10);
         }
     }
-    return right;
+    return came(right && next == lengths.size(), right);
 }
 
-bool exchangeDatagrams() {
+Came exchangeDatagrams() {
     Datagrams datagrams;
     auto& [receiver, sender] = datagrams;
     const bool opened =
         receiver.openReceiveSocket(loopback, port, 0) && sender.openSendSocket(loopback, port, 0);
     bool right = true;
+    int received = 0;
     if (opened) {
         sender.write("one", 3);
         sender.write(port, "two", 3);
@@ -103,25 +105,26 @@ bool exchangeDatagrams() {
             right =
                 right && (size <= 0 || (size == 3 && (std::memcmp(room.data(), "one", 3) == 0 ||
                                                       std::memcmp(room.data(), "two", 3) == 0)));
+            received += size > 0 ? 1 : 0;
         }
     }
-    return right;
+    return came(right && received == 2, right);
 }
 
-bool askNames() {
+Came askNames() {
     const unsigned long address = Network::getAddressFromName("127.0.0.1");
     for (const Network::Adapter& adapter : Network::getNetworkAdapters()) {
         if (adapter.name != "lo") {
-            return false;
+            return Came::wrong;
         }
     }
-    return (address == loopback || address == 0) &&
-           Network::getAddressString(loopback) == "127.0.0.1";
+    const bool text = Network::getAddressString(loopback) == "127.0.0.1";
+    return came(text && address == loopback, text && address == 0);
 }
 
-bool download() {
-    return Network::getFileHttp("http://127.0.0.1/file", target()) ||
-           wholeText(target()) == untouched;
+Came download() {
+    const bool answered = Network::getFileHttp("http://127.0.0.1/file", target());
+    return answered ? Came::done : came(false, wholeText(target()) == untouched);
 }
 
 // Answers whoever comes, until it is stopped.
@@ -133,16 +136,11 @@ bool download() {
     }
 }
 
-void nothing() {}
-
-bool always() {
-    return true;
-}
-
 void tortureAll() {
     const PlainPeer listener = PlainPeer::listening(80);
     const pid_t server = fork();
     if (server == 0) {
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
         serve(listener);
     }
     const Scenario scenarios[] = {

@@ -48,8 +48,9 @@ public:
 
     /// Copies what `other` knows at this moment: whether it is ready, its path, its tiles and which
     /// of them are loaded. The tiles are shared, so a tile that one loads or unloads is loaded or
-    /// unloaded for both. A scan that `other` runs is not copied: a copy made before the first scan
-    /// has finished is not ready and needs a loadData() of its own.
+    /// unloaded for both; one that a copy has loaded counts for this object from its next use on. A
+    /// scan that `other` runs is not copied: a copy made before the first scan has finished is not
+    /// ready and needs a loadData() of its own.
     HeightMap(const HeightMap& other);
 
     /// As the copy constructor; waits first for a scan of this object, as the destructor does.

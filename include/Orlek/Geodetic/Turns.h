@@ -33,8 +33,9 @@ ORLEK_EXPORT bool calcOutboundPoint(double lat, double lon, double course, doubl
 /// @param direction 0 turns left, 1 right, any other value towards the next point.
 /// @param[out] radiusReduced whether the radius was reduced.
 /// @return points on the arc at every degree from where it leaves the first leg to where it joins
-///         the second, both left out; the first of them also when the arc is shorter. The waypoint alone when there is no such arc: radius below
-///         1 mm, points less than 1 m apart, legs in one line, or points that are not finite.
+///         the second, both left out; at least one of them, even when the arc is shorter than a
+///         degree. The waypoint alone when there is no such arc: radius below 1 mm, points less
+///         than 1 m apart, legs in one line, or points that are not finite.
 ORLEK_EXPORT std::vector<Math::Vector2<double>> calcFlyByPoints(Math::Vector2<double> previous,
                                                                 Math::Vector2<double> waypoint,
                                                                 Math::Vector2<double> next,

@@ -97,17 +97,17 @@ public:
     ///
     /// This polygon is made clockwise; it keeps that order of its vertices, and the graph of the
     /// operation, until the next one; neither when a ring is empty. Of two rings, one empty, the
-    /// union gives the other and the difference this one, unless it is empty itself. Rings that contain each other are recognised by their vertices: when
-    /// all of one lie inside the other, the intersection is the inner ring, the union the outer,
-    /// and the difference is empty, even where a hole would be left. When no vertex of @p other
-    /// lies inside this polygon the two count as apart, even where they cross like a plus: the
-    /// difference is this polygon, intersection and union are empty. Otherwise the results are
-    /// the rings along the edges of both that turn most to the right (intersection, difference) or
-    /// to the left (union) at each crossing, in the order in which the first unused crossing
-    /// follows along this polygon, each from that crossing on; holes are rings of the opposite
-    /// orientation. Edges that overlap along a line do not cross, and a crossing at a vertex counts
-    /// for each pair of edges that meets there: with such rings the result can differ from that of
-    /// set theory.
+    /// union gives the other and the difference this one, unless it is empty itself. Rings that
+    /// contain each other are recognised by their vertices: when all of one lie inside the other,
+    /// the intersection is the inner ring, the union the outer, and the difference is empty, even
+    /// where a hole would be left. When no vertex of @p other lies inside this polygon the two
+    /// count as apart, even where they cross like a plus: the difference is this polygon,
+    /// intersection and union are empty. Otherwise the results are the rings along the edges of
+    /// both that turn most to the right (intersection, difference) or to the left (union) at each
+    /// crossing, in the order in which the first unused crossing follows along this polygon, each
+    /// from that crossing on; holes are rings of the opposite orientation. Edges that overlap along
+    /// a line do not cross, and a crossing at a vertex counts for each pair of edges that meets
+    /// there: with such rings the result can differ from that of set theory.
     ///
     /// Takes time that grows little faster than the number of vertices and crossings for outlines,
     /// and in proportion to the product of the numbers of edges at worst, with rings that fill the

@@ -80,8 +80,8 @@ public:
     /// new ones whatever happens, and waits for the disk: see XML::XmlDocument::write().
     /// @param path the file.
     /// @return true when they have reached the disk. Otherwise a line has been printed on the
-    ///         standard output, and the file is as it was (or, where only
-    ///         its directory did not reach the disk, new already).
+    ///         standard output, and the file is as it was (or, where only its directory did not
+    ///         reach the disk, new already).
     bool writeXmlFile(const std::string& path);
 
     /// Writes the file that setConfigFile() has named.

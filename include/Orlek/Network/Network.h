@@ -80,8 +80,8 @@ public:
     ///        Refused with a control character in it, before anything is sent.
     /// @param fileName where the body goes; it replaces what is there.
     /// @return whether the server was reached and answered, not whether there is a file now. False
-    ///         for a URL refused, a host unknown or not reached, no answer within 1 s, or no memory.
-    ///         A server that closes at once has answered.
+    ///         for a URL refused, a host unknown or not reached, no answer within 1 s, or no
+    ///         memory. A server that closes at once has answered.
     static bool getFileHttp(const std::string& url, const std::string& fileName);
 
 private:

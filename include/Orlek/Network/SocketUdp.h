@@ -41,8 +41,8 @@ public:
     virtual ~SocketUdp();
 
     /// Opens the object for sending, also to broadcast addresses. Nothing is sent yet, and whether
-    /// anybody listens is not known. The system chooses the local address now: when that changes, as
-    /// in another wireless network, write() fails until the object is opened anew.
+    /// anybody listens is not known. The system chooses the local address now: when that changes,
+    /// as in another wireless network, write() fails until the object is opened anew.
     /// @param address the destination.
     /// @param port its port, 0 to 65535.
     /// @return whether it is open now. A failure prints "Opening send socket", "set send broadcast"

@@ -81,12 +81,12 @@ public:
 
     /// @param color red, green, blue, alpha, 0 to 1. Alpha takes effect with antialiasing.
     void setColor(Math::Vector4<float> color);
-    /// Kept for the uniform "lineWidth"; the strips are drawn in the context's line width.
+    /// Kept, but without effect: the strips are drawn in the context's line width.
     /// @param width in pixels, above 0.
     void setLineWidth(float width);
     /// @param on smooth edges, and blending. Off: hard edges, and blending is switched off.
     void setAntiAlias(bool on);
-    /// Kept for the uniform "lineStipple"; the strips are drawn solid.
+    /// Kept, but without effect: the strips are drawn solid.
     /// @param pattern one bit a pixel; 0: solid.
     void setStipple(unsigned short pattern);
 

@@ -67,8 +67,8 @@ public:
     /// itself so often, or has so many long edges side by side or on one another, that it would
     /// take minutes (3,000 corners at random, a comb of 130,000, for example). Along each axis
     /// corners may count as one that differ by less than the 2^-26th part of the greatest
-    /// coordinate; the 2^-17th part where more than a thousand crossings lie hardly apart.
-    /// Otherwise what the tessellator complains about is left out.
+    /// coordinate; the 2^-17th part where more than a thousand crossings lie hardly apart, or there
+    /// are half a million. Otherwise what the tessellator complains about is left out.
     TessPolygon tesselate();
 
 private:

@@ -146,8 +146,8 @@ bool AtomicFile::open(const std::string& path) {
         return errno == ENOENT && create(0666);
     }
     // Replacing needs no right to write the file itself; whoever took that away meant it.
-    return isRegular(old) && ::faccessat(AT_FDCWD, mTarget.c_str(), W_OK, AT_EACCESS) == 0 && create(0600) &&
-           takeOver(mDescriptor, old);
+    return isRegular(old) && ::faccessat(AT_FDCWD, mTarget.c_str(), W_OK, AT_EACCESS) == 0 &&
+           create(0600) && takeOver(mDescriptor, old);
 }
 
 bool AtomicFile::create(unsigned int mode) {

@@ -79,6 +79,11 @@ double edgesUnderLine(const std::vector<Edge>& edges, float x) {
         std::ranges::count_if(edges, [x](const Edge& e) { return (e.x0 <= x) != (e.x1 <= x); }));
 }
 
+double edgesFrom(const std::vector<Edge>& edges, float x, float y) {
+    return static_cast<double>(
+        std::ranges::count_if(edges, [=](const Edge& e) { return e.x0 == x && e.y0 == y; }));
+}
+
 double squaredLength(const Edge& e) {
     const double x = double{e.x1} - e.x0;
     const double y = double{e.y1} - e.y0;
@@ -107,8 +112,8 @@ double outlineWork(std::span<const Math::Vector3<float>> corners) {
     }
     const double part = count / spreadEdges;
     for (std::size_t i = 0; i < spreadEdges; ++i) {
-        const Edge& edge = edges[i * edges.size() / spreadEdges];
-        work += part * edgesUnderLine(edges, edge.x0);
+        const Edge& edge = edges[i * edges.size() / spreadEdges + i % 2];  // of both parities
+        work += part * (edgesUnderLine(edges, edge.x0) + edgesFrom(edges, edge.x0, edge.y0));
         if (squaredLength(edge) < squaredLength(longest.back())) {
             work += part * count / 2 * crossings(edges, edge);
         }

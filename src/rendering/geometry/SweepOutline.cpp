@@ -64,7 +64,10 @@ Corners onGrid(Outline outline, int bits) {
     Corners corners;
     corners.reserve(outline.size());
     for (const Corner& corner : outline) {
-        corners.push_back({{s.of(corner), t.of(corner)}, placeOf(corner)});
+        const GridPoint at{s.of(corner), t.of(corner)};
+        if (corners.empty() || at != corners.back().at) {
+            corners.push_back({at, placeOf(corner)});
+        }
     }
     return corners;
 }
@@ -231,13 +234,14 @@ std::vector<OutlineCorner> sweepOutline(std::span<const Math::Vector3<float>> ou
         return {};
     }
     Corners corners = onGrid(outline, fine);
+    const std::size_t given = corners.size();
     for (int round = 0; round < mostRounds; ++round) {
         const CutFinder finder(corners, allEdges(corners), round == 0 ? mostCuts : fewCuts);
         const std::vector<Cut>& cuts = finder.cuts();
         if (cuts.empty()) {
             return corners;
         }
-        if (corners.size() - outline.size() + cuts.size() > fewCuts) {
+        if (corners.size() - given + cuts.size() > fewCuts) {
             const bool wide = round == 0 && cuts.size() <= mostCuts &&
                               !meetsBetweenCorners(withCuts(corners, cuts));
             return onGrid(outline, wide ? fine : coarse);

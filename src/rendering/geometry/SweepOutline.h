@@ -20,7 +20,8 @@ struct OutlineCorner {
 /// Puts a closed outline on a grid in the plane in which it is widest. Along each axis the grid has
 /// 2^25 to 2^26 steps to the greatest coordinate, 2^16 to 2^17 for an outline with more than a
 /// thousand crossings some of which are hardly apart. One with fewer crossings has a corner
-/// wherever it meets itself, so that its edges have no more than ends in common.
+/// wherever it meets itself, so that its edges have no more than ends in common. A corner in the
+/// place of the one before it is left out.
 /// @param outline finite
 std::vector<OutlineCorner> sweepOutline(std::span<const Math::Vector3<float>> outline);
 

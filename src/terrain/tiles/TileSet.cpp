@@ -16,7 +16,8 @@ bool TileSet::change(const TileMap& tiles, TileKey key, bool load) {
     }
     if (mCurrentTile->loaded()) {
         // A copy that has loaded it may be gone before it unloads it.
-        if (std::ranges::find(mLoadedTiles, mCurrentTile) == mLoadedTiles.end()) {
+        if (std::find(mLoadedTiles.rbegin(), mLoadedTiles.rend(), mCurrentTile) ==
+            mLoadedTiles.rend()) {
             addCurrent();
         }
         return true;

@@ -93,7 +93,7 @@ TEST(SweepOutline, LeavesThousandsOfCrossingsToTheSweepUnlessTheyAreNarrow) {
     for (const auto& [outline, bits] : {std::pair(wide, 26), std::pair(line, 26),
                                         std::pair(narrowOutline(random, false, 300), 17)}) {
         const std::vector<OutlineCorner> corners = sweepOutline(outline);
-        ASSERT_EQ(corners.size(), outline.size()) << bits;
+        ASSERT_LE(corners.size(), outline.size()) << "no new ones, " << bits;
         const int greatest =
             std::ranges::max_element(corners, {}, [](const auto& c) { return c.at.s; })->at.s;
         EXPECT_EQ(std::ilogb(greatest), bits - 1);

@@ -88,7 +88,7 @@ protected:
 
     static std::vector<float> positions() {
         GLuint array = 1;
-        while (glIsVertexArray(array) == GL_FALSE) {
+        while (array < 10000 && glIsVertexArray(array) == GL_FALSE) {
             ++array;
         }
         glBindVertexArray(array);
