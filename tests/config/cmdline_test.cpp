@@ -19,12 +19,6 @@ bool parse(std::vector<std::string> arguments) {
     return CmdLine::instance().parse(static_cast<int>(argv.size()), argv.data());
 }
 
-std::string valueOf(const std::string& name, bool expectGiven) {
-    std::string value = "untouched";
-    EXPECT_EQ(CmdLine::instance().getParameter(name, value), expectGiven) << name;
-    return value;
-}
-
 std::string usage() {
     return captureStdout([] { CmdLine::instance().printUsage(); });
 }
@@ -50,26 +44,6 @@ TEST(CmdLine, UsageListsTheOptionsByNameWithTheirPresentValues) {
     EXPECT_TRUE(CmdLine::instance().parse(0, nullptr));
     EXPECT_TRUE(CmdLine::instance().parse(1, none));
     EXPECT_EQ(usage(), expected);
-}
-
-TEST(CmdLine, UnknownArgumentsArePrintedAndTheRestIsRead) {
-    CmdLine::instance().addSwitch("-known", "");
-    EXPECT_EQ(captureStdout([] {
-                  EXPECT_FALSE(parse({"prog", "-x", "-known", "", "-Known%s"}));
-              }),
-              "unknown option -x\nunknown option \nunknown option -Known%s\n");
-    EXPECT_TRUE(CmdLine::instance().getSwitch("-known"));
-}
-
-TEST(CmdLine, ParametersTakeWhateverFollows) {
-    CmdLine::instance().addSwitch("-flag", "");
-    CmdLine::instance().addParameter("-take", "", "default");
-    EXPECT_EQ(valueOf("-take", false), "default");
-    EXPECT_TRUE(parse({"prog", "-take"}));
-    EXPECT_EQ(valueOf("-take", true), "default") << "the last argument has no value";
-    EXPECT_TRUE(parse({"prog", "-take", "-flag"}));
-    EXPECT_EQ(valueOf("-take", true), "-flag");
-    EXPECT_FALSE(CmdLine::instance().getSwitch("-flag"));
 }
 
 }  // namespace

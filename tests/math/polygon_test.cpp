@@ -128,24 +128,6 @@ TEST(Polygon2D, GivesTheRingsOfTheRulesToTheLastBit) {
     }
 }
 
-// Also large enough that the rings have boxes.
-TEST(Polygon2D, TakesCoordinatesOfAnyValue) {
-    const double values[] = {infinity, -infinity, notANumber, 1e308, -1e295, 3e160,  1e99, 5e-324,
-                             -3e-310,  1e-200,    -0.0,       0.0,   1e15,   -1e-14, 1.0,  -2.0};
-    RingMaker make(11);
-    for (int round = 0; round < 1500; ++round) {
-        Ring rings[2];
-        for (Ring& ring : rings) {
-            ring = make.onGrid(make.count(0, round % 8 == 0 ? 60 : 9), 3);
-            for (std::size_t i = make.count(0, 4); i > 0 && !ring.empty(); --i) {
-                Point& p = ring[make.count(0, ring.size() - 1)];
-                (make.count(0, 1) == 0 ? p.x : p.y) = values[make.count(0, std::size(values) - 1)];
-            }
-        }
-        expectRules(rings[0], rings[1], "round " + std::to_string(round));
-    }
-}
-
 // The ray's answer on and near the vertices' own columns, where whole runs of edges are passed by.
 TEST(Polygon2D, TellsWhatIsInsideAsTheRayCounts) {
     RingMaker make(12);

@@ -5,7 +5,6 @@
 
 #include <array>
 #include <cmath>
-#include <limits>
 #include <numbers>
 #include <random>
 #include <utility>
@@ -169,18 +168,6 @@ TEST(Tesselator, FillsOutlinesThatAreSmallBesideTheirHeight) {
         }
         EXPECT_EQ(area(tesselator.tesselate()), double{side} * side);
     }
-}
-
-TEST(Tesselator, RefusesWhatIsNotFinite) {
-    using Limits = std::numeric_limits<float>;
-    for (const float bad : {Limits::infinity(), -Limits::infinity(), Limits::quiet_NaN()}) {
-        for (const Vertex& corner : {Vertex(bad, 1, 0), Vertex(1, bad, 0), Vertex(1, 1, bad)}) {
-            Tesselator tesselator = outline({{0, 0}, {2, 0}});
-            tesselator.addVertex(corner);
-            EXPECT_TRUE(tesselator.tesselate().primitives.empty());
-        }
-    }
-    EXPECT_EQ(areaOf({{0, 0}, {2, 0}, {0, 2}}), 2) << "and goes on";
 }
 
 TEST(Tesselator, TakesAHundredThousandCornersUnlessTheyTangle) {

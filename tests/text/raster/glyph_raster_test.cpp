@@ -54,16 +54,6 @@ TEST(GlyphRaster, CutsGlyphsOffAtTheAtlasInsteadOfOverwriting) {
     EXPECT_GT(built.glyphs[slotOf('!')].height, 180.0F);
 }
 
-TEST(GlyphRaster, SurvivesFontsThatAreCutAnywhere) {
-    const std::string bytes = wholeText(sansFont);
-    int opened = 0;
-    for (std::size_t cut = 1; cut < bytes.size(); cut += cut / 4 + 1) {
-        OrlekTest::captureStdout(
-            [&] { opened += build(bytes.substr(0, bytes.size() - cut), 16).error == 0 ? 1 : 0; });
-    }
-    EXPECT_GT(opened, 0);
-}
-
 TEST(GlyphRaster, ReportsEachCharacterThatCannotBeMeasured) {
     // The font has two outlines: that of missing characters, spoilt here, and the A.
     std::string bytes = wholeText(oddFonts + "a.ttf");

@@ -1,19 +1,16 @@
-// Keys, file names and DTED header labels.
+// Keys and file names of tiles.
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
 #include <tuple>
 
-#include "terrain/TileFiles.h"
-#include "terrain/tiles/DtedHeader.h"
 #include "terrain/tiles/TileKey.h"
 #include "terrain/tiles/TileName.h"
 
 namespace {
 
 using namespace Orlek::Detail;
-using OrlekTest::DtedLabel;
 
 TEST(TileKeys, OfPoints) {
     struct {
@@ -87,39 +84,6 @@ TEST(TileNames, GiveTheSouthWestCorner) {
           "N45E0-6.hgt.zip", "X45E006.hgt.zip", "W020N90.hgt.zip", "N45E006.SRTMGL30.zip",
           "N43E007.hgt.zip/fonts.zip"}) {
         EXPECT_FALSE(parseTileName(path)) << path;
-    }
-}
-
-TEST(DtedHeaders, FieldsFollowAtoi) {
-    DtedLabel label{.lon = "0842448W",
-                    .lat = "0364357s",  // only upper-case hemispheres negate
-                    .lonInterval = "+45x",
-                    .latInterval = "  30",
-                    .numLon = "403 ",
-                    .numLat = "1201"};
-    const auto grid = parseDtedHeader(label.text());
-    ASSERT_TRUE(grid);
-    EXPECT_EQ(std::pair(grid->latOrigin, grid->lonOrigin),
-              std::pair(36 + 43 / 60.0 + 57 / 3600.0, -(84 + 24 / 60.0 + 48 / 3600.0)));
-    EXPECT_EQ(std::pair(grid->latSpacing, grid->lonSpacing), std::pair(30 / 36000.0, 45 / 36000.0));
-    EXPECT_EQ(std::pair(grid->numLat, grid->numLon), std::pair(1201U, 403U));
-    label.lat = "0100000S";
-    EXPECT_EQ(parseDtedHeader(label.text())->latOrigin, -10.0);
-}
-
-TEST(DtedHeaders, LiesAreRefused) {
-    const DtedLabel good;
-    ASSERT_TRUE(parseDtedHeader(good.text()));
-    EXPECT_FALSE(parseDtedHeader(good.text().substr(0, 79)));
-    EXPECT_TRUE(parseDtedHeader(DtedLabel{.numLat = "0002"}.text()));
-    EXPECT_FALSE(parseDtedHeader(DtedLabel{.numLat = "0001"}.text()));
-    for (std::string DtedLabel::*field : {&DtedLabel::lonInterval, &DtedLabel::latInterval,
-                                          &DtedLabel::numLon, &DtedLabel::numLat}) {
-        for (const char* lie : {"0000", "-003", "abcd"}) {
-            DtedLabel bad = good;
-            bad.*field = lie;
-            EXPECT_FALSE(parseDtedHeader(bad.text())) << lie;
-        }
     }
 }
 
