@@ -44,6 +44,17 @@ protected:
     const std::string bitmaps = wholeText(oddFonts + "tiny.bdf");
 };
 
+TEST_F(FontLoadTest, StartsFreeTypeOnceForAClass) {
+    // The other tests may have made fonts before, so at most one line is left to come.
+    const auto startsOnce = [](auto make) {
+        const std::string first = captureStdout(make);
+        EXPECT_TRUE(first.empty() || first == "INIT Freetype done\n") << first;
+        silently(make);
+    };
+    startsOnce([] { const TextureFont font; });
+    startsOnce([] { const TextureFontSdf font; });
+}
+
 TEST_F(FontLoadTest, ReadsFiles) {
     const TempDir dir;
     const std::string good = dir.write("font.ttf", sans);
