@@ -26,7 +26,7 @@ float coordinate(const Math::Vector3<float>& p, std::size_t axis) {
     return axis == 0 ? p.x : axis == 1 ? p.y : p.z;
 }
 
-// Edges in the plane of the sweep, which goes along x.
+// Edges in the plane of the sweep, which goes along x; none from a corner to itself.
 std::vector<Edge> flattened(std::span<const Math::Vector3<float>> corners) {
     const std::size_t x = (viewAxis(corners) + 1) % 3;
     const std::size_t y = (x + 1) % 3;
@@ -34,8 +34,11 @@ std::vector<Edge> flattened(std::span<const Math::Vector3<float>> corners) {
     edges.reserve(corners.size());
     const Math::Vector3<float>* from = &corners.back();
     for (const Math::Vector3<float>& to : corners) {
-        edges.push_back(
-            {coordinate(*from, x), coordinate(*from, y), coordinate(to, x), coordinate(to, y)});
+        const Edge edge{coordinate(*from, x), coordinate(*from, y), coordinate(to, x),
+                        coordinate(to, y)};
+        if (edge.x0 != edge.x1 || edge.y0 != edge.y1) {
+            edges.push_back(edge);
+        }
         from = &to;
     }
     return edges;
@@ -100,10 +103,13 @@ std::array<Edge, longestEdges> longestOf(const std::vector<Edge>& edges) {
 }  // namespace
 
 double outlineWork(std::span<const Math::Vector3<float>> corners) {
-    if (corners.size() <= spreadEdges + longestEdges) {
+    if (corners.empty()) {
         return 0.0;
     }
     const std::vector<Edge> edges = flattened(corners);
+    if (edges.size() <= spreadEdges + longestEdges) {
+        return 0.0;
+    }
     const auto count = static_cast<double>(edges.size());
     const std::array<Edge, longestEdges> longest = longestOf(edges);
     double work = 0.0;
