@@ -1,7 +1,7 @@
 // Ages are measured with the clock of this machine, from when a message was taken.
 #include "LiveFlight.h"
 
-#include <time.h>
+#include <ctime>
 
 #include "Format.h"
 

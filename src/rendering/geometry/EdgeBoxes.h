@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -15,7 +14,7 @@ namespace Orlek::Detail {
 struct GridPoint {
     std::int32_t s = 0;
     std::int32_t t = 0;
-    auto operator<=>(const GridPoint&) const = default;
+    bool operator==(const GridPoint&) const = default;
 };
 
 /// The closed octagon around points, with upright and with diagonal sides: the latter tell slanting

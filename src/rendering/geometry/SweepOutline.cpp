@@ -112,7 +112,8 @@ Edges allEdges(const Corners& corners) {
 // In their order, without those that lie on an earlier one from end to end.
 Edges distinctEdges(const Corners& corners) {
     const auto ends = [&](std::size_t edge) {
-        return std::minmax({startOf(edge, corners), endOf(edge, corners)});
+        const auto place = [](const GridPoint& p) { return std::pair(p.s, p.t); };
+        return std::minmax({place(startOf(edge, corners)), place(endOf(edge, corners))});
     };
     Edges edges = allEdges(corners);
     std::ranges::sort(edges, {}, [&](std::size_t edge) { return std::pair(ends(edge), edge); });
