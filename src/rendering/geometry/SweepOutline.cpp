@@ -132,7 +132,7 @@ public:
         for (const std::size_t edge : edges) {
             boxes.emplace_back(start(edge), end(edge));
         }
-        EdgeBoxes(std::move(boxes)).eachPair([&](std::size_t i, std::size_t j) {
+        EdgeBoxes(std::move(boxes)).eachPair([this, &edges, most](std::size_t i, std::size_t j) {
             compare(edges[i], edges[j]);
             return mCuts.size() <= most;
         });
