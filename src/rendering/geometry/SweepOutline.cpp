@@ -127,12 +127,7 @@ Edges distinctEdges(const Corners& corners) {
 class CutFinder {
 public:
     CutFinder(const Corners& corners, const Edges& edges, std::size_t most) : mCorners(corners) {
-        std::vector<GridBox> boxes;
-        boxes.reserve(edges.size());
-        for (const std::size_t edge : edges) {
-            boxes.emplace_back(start(edge), end(edge));
-        }
-        EdgeBoxes(std::move(boxes)).eachPair([this, &edges, most](std::size_t i, std::size_t j) {
+        EdgeBoxes(boxesOf(edges)).eachPair([&](std::size_t i, std::size_t j) {
             compare(edges[i], edges[j]);
             return mCuts.size() <= most;
         });
@@ -144,6 +139,15 @@ public:
 private:
     const GridPoint& start(std::size_t edge) const { return startOf(edge, mCorners); }
     const GridPoint& end(std::size_t edge) const { return endOf(edge, mCorners); }
+
+    std::vector<GridBox> boxesOf(const Edges& edges) const {
+        std::vector<GridBox> boxes;
+        boxes.reserve(edges.size());
+        for (const std::size_t edge : edges) {
+            boxes.emplace_back(start(edge), end(edge));
+        }
+        return boxes;
+    }
 
     void compare(std::size_t i, std::size_t j) {
         const std::int64_t startOfJ = turn(start(i), end(i), start(j));
