@@ -13,7 +13,8 @@ namespace Traffic {
 
 /// A TCP server for any number of maps, and datagrams to one address. Sending never waits: what a
 /// map does not take is queued for it alone, its newest 200 messages. Where datagrams cannot be
-/// sent, as after a change of this machine's address, their socket is opened anew after a second.
+/// sent, as after a change of this machine's address, their socket is opened anew, once a second at
+/// most.
 class Sender {
 public:
     /// Throws std::runtime_error when a port cannot be opened.
