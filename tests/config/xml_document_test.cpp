@@ -131,6 +131,15 @@ TEST(XmlDocument, AGoodFileDoesNotGiveWayToOneThatCannotBeRead) {
             root = child;
         }
     }));
+    EXPECT_FALSE(written([](XmlElement& root) {  // printed whole it would take 4 GB
+        XmlElement tree("inner");
+        for (int i = 0; i < 30000; ++i) {
+            XmlElement outer("outer");
+            outer.appendElement(tree);
+            tree = outer;
+        }
+        root.appendElement(tree);
+    }));
     EXPECT_FALSE(written([](XmlElement& root) { root.setAttributeString("a", "caf\xE9"); }));
     EXPECT_FALSE(written([](XmlElement& root) { root.setAttributeString("1 =", ""); }));
     EXPECT_EQ(wholeText(path), "<good />");

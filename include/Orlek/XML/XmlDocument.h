@@ -49,8 +49,8 @@ public:
     /// @param path the file.
     /// @return true when it has been read. Otherwise the document is as it was, with two lines
     ///         printed on the standard output: the path, then row and column (from 1; also 1 when
-    ///         it has none) and what is wrong. Throws std::bad_alloc when memory ends; the document
-    ///         is as it was, and what the parser was about to add is lost.
+    ///         it has none) and what is wrong: "Out of memory." when that ends, and what the parser
+    ///         was about to add is lost then.
     bool read(const std::string& path);
 
     /// Writes the document so that the file holds the old content or the new one, whatever happens.

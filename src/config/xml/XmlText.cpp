@@ -4,6 +4,8 @@
 
 #include <cstddef>
 
+#include "config/xml/XmlScan.h"
+
 namespace Orlek::Detail {
 
 namespace {
@@ -35,7 +37,8 @@ void appendElement(const TiXmlElement& element, int depth, std::string& out) {
         out += ' ';
         attribute->Print(nullptr, depth, &out);
     }
-    if (element.FirstChild() == nullptr) {
+    // What is deeper makes the text one that cannot be read anyway, and as long as depth squared.
+    if (element.FirstChild() == nullptr || depth >= XmlLimits().depth) {
         out += " />";
         return;
     }
