@@ -97,8 +97,9 @@ int SocketUdp::write(const void* data, unsigned int size) {
     }
     const std::span bytes(static_cast<const std::byte*>(data), size);
     Detail::Transfer sent = Detail::sendBytes(mSocket->get(), bytes, {}, Detail::Patience::wait);
-    // The system answers so for an earlier datagram, once, and has not sent this one.
-    if (sent.outcome == Detail::Outcome::failed && errno == ECONNREFUSED) {
+    // What became of an earlier datagram, refused by its receiver or a firewall, is told here,
+    // once, and this one has not been sent.
+    if (sent.outcome == Detail::Outcome::failed) {
         sent = Detail::sendBytes(mSocket->get(), bytes, {}, Detail::Patience::wait);
     }
     if (sent.outcome != Detail::Outcome::done) {

@@ -62,9 +62,9 @@ public:
 
     /// Sends one datagram to the destination.
     ///
-    /// That an earlier datagram found nobody listening does not keep this one from being sent. The
-    /// call waits while the system's send buffer is full, until earlier datagrams are on the wire:
-    /// milliseconds, whoever listens.
+    /// That an earlier datagram found nobody listening, or was turned away on its way, does not
+    /// keep this one from being sent. The call waits while the system's send buffer is full, until
+    /// earlier datagrams are on the wire: milliseconds, whoever listens.
     /// @param data the bytes; the object keeps none of them.
     /// @param size their number, 0 to 65507, the most that IPv4 carries.
     /// @return the number of bytes sent; -1 when not open. -1, with "write" and the reason of the
