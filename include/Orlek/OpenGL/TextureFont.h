@@ -22,7 +22,8 @@ namespace Orlek::OpenGL {
 /// Draws single-byte text with a font file rasterised at one pixel size.
 ///
 /// The font covers the character codes 32 to 255, which FreeType looks up in the font's Unicode
-/// table (so bytes above 127 are Latin-1). Bytes below 32 draw as a space. Glyphs are laid out in
+/// table (so bytes above 127 are Latin-1). Of a font without one the first table is taken, and that
+/// of a symbol font from U+F000 on. Bytes below 32 draw as a space. Glyphs are laid out in
 /// pixels, y up, the pen on the baseline; with a matrix that maps one unit to one pixel, text whose
 /// pen stands on whole pixels has exactly the coverage that FreeType renders.
 ///

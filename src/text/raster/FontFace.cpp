@@ -103,6 +103,9 @@ FontFace::FontFace(FT_LibraryRec_* library, const char* data, int size)
         return;
     }
     mLoadFlags = boundedLoadFlags(mFace);
+    if (mFace->charmap == nullptr && mFace->num_charmaps > 0) {  // no Unicode
+        FT_Set_Charmap(mFace, mFace->charmaps[0]);
+    }
 }
 
 FontFace::~FontFace() {
@@ -114,10 +117,18 @@ bool FontFace::setPixelHeight(int pixelHeight) {
            FT_Set_Pixel_Sizes(mFace, 0, static_cast<FT_UInt>(pixelHeight)) == 0;
 }
 
+// Symbol fonts have their characters from U+F000 on.
+unsigned int FontFace::glyphOf(unsigned int character) const {
+    constexpr FT_ULong symbols = 0xF000;
+    const FT_UInt glyph = FT_Get_Char_Index(mFace, character);
+    const bool again = glyph == 0 && mFace->charmap != nullptr &&
+                       mFace->charmap->encoding == FT_ENCODING_MS_SYMBOL;
+    return again ? FT_Get_Char_Index(mFace, symbols + character) : glyph;
+}
+
 GlyphSize FontFace::measure(unsigned int character) {
     const bool late = mBudget.spent();
-    const FT_UInt glyph = FT_Get_Char_Index(mFace, character);
-    if (late || FT_Load_Glyph(mFace, glyph, mLoadFlags) != 0) {
+    if (late || FT_Load_Glyph(mFace, glyphOf(character), mLoadFlags) != 0) {
         report("FT_Load_Glyph failed!\n");
     }
     if (late) {
@@ -129,7 +140,7 @@ GlyphSize FontFace::measure(unsigned int character) {
 
 std::optional<RenderedGlyph> FontFace::render(unsigned int character) {
     // Loaded first without its bitmap, whose memory and time would follow the font's word alone.
-    if (mBudget.spent() || FT_Load_Char(mFace, character, mLoadFlags) != 0) {
+    if (mBudget.spent() || FT_Load_Glyph(mFace, glyphOf(character), mLoadFlags) != 0) {
         return std::nullopt;
     }
     const FT_GlyphSlot slot = mFace->glyph;

@@ -88,6 +88,8 @@ public:
     std::optional<RenderedGlyph> render(unsigned int character);
 
 private:
+    unsigned int glyphOf(unsigned int character) const;
+
     ProcessorBudget mBudget;
     FT_FaceRec_* mFace = nullptr;
     int mError = 0;

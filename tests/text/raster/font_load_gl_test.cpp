@@ -3,6 +3,7 @@
 #include <Orlek/OpenGL/TextureFontSdf.h>
 
 #include <memory>
+#include <regex>
 
 #include "FontPicture.h"
 #include "support/TempDir.h"
@@ -107,13 +108,18 @@ TEST_F(FontLoadTest, TextureFontRefusesWhatIsNoFontAndKeepsTheAtlas) {
 }
 
 TEST_F(FontLoadTest, TextureFontDrawsBitmapFonts) {
-    TextureFont font;
-    ASSERT_TRUE(load(font, "bitmaps", bitmaps, 4));
-    font.renderFont(10.0, 10.0, "Aj", TextureFont::BOTTOM_LEFT);
-    EXPECT_EQ(row(12, 9, 20), "...#....#..");
-    EXPECT_EQ(row(11, 9, 20), ".#####..#..");
-    EXPECT_EQ(row(10, 9, 20), ".#...#..#..");
-    EXPECT_EQ(row(9, 9, 20), ".......#...");
+    const std::string special =
+        std::regex_replace(bitmaps, std::regex("ISO10646"), "FontSpecific");  // no Unicode
+    for (const std::string& bytes : {bitmaps, special}) {
+        TextureFont font;
+        ASSERT_TRUE(load(font, "bitmaps", bytes, 4));
+        wipe();
+        font.renderFont(10.0, 10.0, "Aj", TextureFont::BOTTOM_LEFT);
+        EXPECT_EQ(row(12, 9, 20), "...#....#..");
+        EXPECT_EQ(row(11, 9, 20), ".#####..#..");
+        EXPECT_EQ(row(10, 9, 20), ".#...#..#..");
+        EXPECT_EQ(row(9, 9, 20), ".......#...");
+    }
 }
 
 TEST_F(FontLoadTest, AnotherFontLeavesNoCharactersOfTheFirst) {
