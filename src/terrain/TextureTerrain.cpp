@@ -118,7 +118,7 @@ void TextureTerrain::setData() {
     if (mDirty || mMesh == nullptr) {
         const Detail::Stream streams[] = {streamOf(Detail::Attribute::Vertex, mVertices),
                                           streamOf(Detail::Attribute::TextureCoordinate, mUVs)};
-        Detail::syncMesh(mMesh, streams);
+        Detail::syncMesh(terrainLabel, mMesh, streams);
         mDirty = false;
     }
 }

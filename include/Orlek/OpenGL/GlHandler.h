@@ -68,11 +68,13 @@ public:
     GlHandler& operator=(const GlHandler&) = delete;
 
     /// Prints the context's version text and numbers.
-    /// @return major x 100 + minor: 406 for a text that begins 4.6; 0 without a context.
+    /// @return major x 100 + minor: 406 for a text that begins 4.6; 0 before the handler has
+    ///         met a context.
     unsigned int glVersion();
 
     /// Prints the GLSL version text and numbers.
-    /// @return major x 100 + minor: 460 for a text that begins 4.60; 0 without a context.
+    /// @return major x 100 + minor: 460 for a text that begins 4.60; 0 before the handler has
+    ///         met a context.
     unsigned int glSlVersion();
 
     /// Prints "Error <where> <detail> code" for every pending GL error, in GL's order.

@@ -44,7 +44,8 @@ public:
     /// Deletes the GL objects unless a copy still draws with them; needs the context current.
     ~LineLoops();
 
-    /// Appends a closed loop; an empty list changes nothing.
+    /// Appends a closed loop; an empty list changes nothing. Vertices added one by one that stand
+    /// last are continued by it and are not closed back any more.
     /// @param points corners in model coordinates, z 0; the last is joined to the first.
     void addLineLoop(std::vector<Math::Vector2<float>> points);
     /// Appends a closed loop. @param points corners in model coordinates.
@@ -52,8 +53,9 @@ public:
     /// Appends a closed loop. @param points corners in model coordinates; w is dropped.
     void addLineLoop(std::vector<Math::Vector4<float>> points);
 
-    /// Appends a vertex to a loop that is built vertex by vertex. It continues whatever was added
-    /// last; what is drawn is closed back to the object's first vertex.
+    /// Appends a vertex to a loop that is built vertex by vertex. It continues the vertex added
+    /// last, or begins a new line behind a loop; what is drawn is closed back to the object's first
+    /// vertex.
     /// @param position x and y in model coordinates; z is 0.
     void addVertex(Math::Vector2<float> position);
     /// Appends a vertex. @param position x, y and z in model coordinates.

@@ -32,8 +32,8 @@ public:
     /// One GL primitive of a filled outline.
     struct TessPrimitive {
         std::vector<Math::Vector3<float>> vertices;  ///< In the order in which GL draws them.
-        unsigned type;   ///< GL_TRIANGLES, GL_TRIANGLE_STRIP or GL_TRIANGLE_FAN (4, 5, 6).
-        unsigned start;  ///< Vertices in the primitives before this one.
+        unsigned type = 0;   ///< GL_TRIANGLES, GL_TRIANGLE_STRIP or GL_TRIANGLE_FAN (4, 5, 6).
+        unsigned start = 0;  ///< Vertices in the primitives before this one.
     };
 
     /// A filled outline.

@@ -19,6 +19,14 @@ static_assert(static_cast<GLenum>(DrawMode::LineStripAdjacency) == GL_LINE_STRIP
 
 namespace {
 
+// In another context than a mesh was made in nothing is bound, and the driver would take the offset
+// of the indices for an address.
+bool areIndicesBound() {
+    GLint buffer = 0;
+    glGetIntegerv(GL_ELEMENT_ARRAY_BUFFER_BINDING, &buffer);
+    return buffer != 0;
+}
+
 bool knowsFixedIndex() {
     return GLEW_VERSION_4_3 != 0 || GLEW_ARB_ES3_compatibility != 0;
 }
@@ -140,8 +148,10 @@ void DrawPass::draw(DrawMode mode, std::size_t first, std::size_t count) {
 }
 
 void DrawPass::drawIndexed(DrawMode mode, std::size_t count) {
-    glDrawElements(static_cast<GLenum>(mode), static_cast<GLsizei>(count), GL_UNSIGNED_INT,
-                   nullptr);
+    if (areIndicesBound()) {
+        glDrawElements(static_cast<GLenum>(mode), static_cast<GLsizei>(count), GL_UNSIGNED_INT,
+                       nullptr);
+    }
 }
 
 }  // namespace Orlek::Detail

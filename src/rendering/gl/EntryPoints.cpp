@@ -45,7 +45,7 @@ Loaded load() {
 
 // Tries again while it has failed: something may have asked before a context was current.
 const Loaded& loaded() {
-    static Loaded result = load();
+    static Loaded result{};
     if (!result.ready) {
         result = load();
     }

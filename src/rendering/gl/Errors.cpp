@@ -23,14 +23,15 @@ void clearErrors() {
     }
 }
 
-void reportErrors(const char* where, const char* detail) {
+bool reportErrors(const char* where, const char* detail) {
     for (int i = 0; i < mostErrors; ++i) {
         const GLenum code = glGetError();
         if (code == GL_NO_ERROR) {
-            return;
+            return i > 0;
         }
         printLine(where, detail, code);
     }
+    return true;
 }
 
 void reportInvalidValue(const char* where) {

@@ -7,7 +7,8 @@ namespace Orlek::Detail {
 void clearErrors();
 
 /// Prints one line for each pending error: "Error <where> <detail> code".
-void reportErrors(const char* where, const char* detail = "Nix");
+/// @return whether there was any.
+bool reportErrors(const char* where, const char* detail = "Nix");
 
 /// Reports the errors of one step under its label; without a label they stay pending.
 inline void reportStep(const char* label) {

@@ -20,6 +20,29 @@ void fillBuffer(GLenum target, const void* values, std::size_t bytes) {
     glBufferData(target, static_cast<GLsizeiptr>(bytes), values, GL_STATIC_DRAW);
 }
 
+void uploadAll(std::shared_ptr<Mesh>& mesh, std::span<const Stream> streams,
+               std::span<const std::uint32_t> indices, const UploadLabels& labels) {
+    if (!glReady()) {
+        return;
+    }
+    deleteParkedNames();
+    const bool first = mesh == nullptr || mesh.use_count() > 1;
+    if (first) {
+        mesh = std::make_shared<Mesh>();
+    }
+    mesh->sync(streams, indices, first ? labels.first : labels.later);
+    glBindVertexArray(0);
+    if (!mesh->made()) {
+        mesh.reset();
+    }
+}
+
+void dropAfterErrors(const char* label, std::shared_ptr<Mesh>& mesh) {
+    if (reportErrors(label)) {
+        mesh.reset();
+    }
+}
+
 }  // namespace
 
 Mesh::~Mesh() {
@@ -87,17 +110,23 @@ void Mesh::bind() const {
 }
 
 void syncMesh(std::shared_ptr<Mesh>& mesh, std::span<const Stream> streams,
-              std::span<const std::uint32_t> indices, const UploadLabels& labels) {
-    if (!glReady()) {
-        return;
+              const UploadLabels& labels) {
+    uploadAll(mesh, streams, {}, labels);
+}
+
+void syncMesh(const char* label, std::shared_ptr<Mesh>& mesh, std::span<const Stream> streams,
+              std::span<const std::uint32_t> indices) {
+    if (glReady()) {
+        clearErrors();
+        uploadAll(mesh, streams, indices, {});
+        dropAfterErrors(label, mesh);
     }
-    deleteParkedNames();
-    const bool first = mesh == nullptr || mesh.use_count() > 1;
-    if (first) {
-        mesh = std::make_shared<Mesh>();
-    }
-    mesh->sync(streams, indices, first ? labels.first : labels.later);
-    glBindVertexArray(0);
+}
+
+void updateMesh(const char* label, std::shared_ptr<Mesh>& mesh, const Stream& stream) {
+    clearErrors();
+    mesh->update(stream);
+    dropAfterErrors(label, mesh);
 }
 
 }  // namespace Orlek::Detail

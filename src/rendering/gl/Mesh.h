@@ -72,6 +72,9 @@ public:
 
     void bind() const;
 
+    /// Whether there are GL objects: without a context none are made, and nobody tells of it.
+    bool made() const { return mVertexArray != 0; }
+
     /// Number of entries in the element buffer.
     std::size_t indexCount() const { return mIndexCount; }
 
@@ -87,8 +90,16 @@ private:
 
 /// Uploads into the mesh, or into a new one when there is none yet or when another drawable shares
 /// it. Deletes parked names first. Leaves no vertex array bound, so that the application cannot
-/// change it by mistake. Does nothing, and leaves the mesh null, without OpenGL.
+/// change it by mistake. Without OpenGL the mesh is left null, so that the next draw tries again.
 void syncMesh(std::shared_ptr<Mesh>& mesh, std::span<const Stream> streams,
-              std::span<const std::uint32_t> indices = {}, const UploadLabels& labels = {});
+              const UploadLabels& labels);
+
+/// The same without a look at single steps: errors are reported under one label, and leave the mesh
+/// null, too. Those of others, pending before, are discarded.
+void syncMesh(const char* label, std::shared_ptr<Mesh>& mesh, std::span<const Stream> streams,
+              std::span<const std::uint32_t> indices = {});
+
+/// Uploads one stream of a mesh that no other drawable shares, with the same outcome.
+void updateMesh(const char* label, std::shared_ptr<Mesh>& mesh, const Stream& stream);
 
 }  // namespace Orlek::Detail

@@ -56,7 +56,7 @@ void Circle::clear() {
 
 void Circle::setData() {
     const Detail::Stream streams[] = {Detail::streamOf(Detail::Attribute::Vertex, mVertices)};
-    Detail::syncMesh(mMesh, streams, {}, circleLabels);
+    Detail::syncMesh(mMesh, streams, circleLabels);
     mUploaded = mVertices.size();
     mDirty = false;
 }

@@ -26,10 +26,10 @@ void setLineState(DrawPass& pass, const LineRecipe& recipe, const LineStyle& sty
 
 }  // namespace
 
-void uploadSegments(std::shared_ptr<Mesh>& mesh,
+void uploadSegments(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
                     const std::vector<Math::Vector3<float>>& vertices) {
     const Stream streams[] = {streamOf(Attribute::Vertex, vertices)};
-    syncMesh(mesh, streams);
+    syncMesh(recipe.label, mesh, streams);
 }
 
 void uploadStrips(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
@@ -40,14 +40,16 @@ void uploadStrips(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
         lengths == StripLengths::Measured ? withLengths(points.vertices) : std::vector<float>();
     streams.push_back(streamOf(Attribute::Position, positions));
     if (recipe.mode == DrawMode::LineStripAdjacency) {
-        syncMesh(mesh, streams, adjacencyIndices(points.indices, recipe.restart.value()));
+        syncMesh(recipe.label, mesh, streams,
+                 adjacencyIndices(points.indices, recipe.restart.value()));
     } else {
-        syncMesh(mesh, streams, points.indices);
+        syncMesh(recipe.label, mesh, streams, points.indices);
     }
 }
 
-void updatePositions(Mesh& mesh, const std::vector<Math::Vector3<float>>& vertices) {
-    mesh.update(streamOf(Attribute::Position, withLengths(vertices)));
+void updatePositions(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
+                     const std::vector<Math::Vector3<float>>& vertices) {
+    updateMesh(recipe.label, mesh, streamOf(Attribute::Position, withLengths(vertices)));
 }
 
 void drawLines(const LineRecipe& recipe, const LineStyle& style, const Mesh& mesh,
@@ -57,9 +59,9 @@ void drawLines(const LineRecipe& recipe, const LineStyle& style, const Mesh& mes
     if (color == LineColor::One) {
         pass.set("color", style.color);
     }
-    pass.bind(mesh);
     setLineState(pass, recipe, style);
     pass.matrix();
+    pass.bind(mesh);  // behind the matrix, which discards errors
     if (recipe.restart.has_value()) {
         pass.restart(*recipe.restart);
         pass.drawIndexed(recipe.mode, count);

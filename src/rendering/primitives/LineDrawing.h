@@ -28,10 +28,11 @@ struct LineRecipe {
 enum class LineColor { One, EachVertex };
 
 /// Uploads separate segments.
-void uploadSegments(std::shared_ptr<Mesh>& mesh, const std::vector<Math::Vector3<float>>& vertices);
+void uploadSegments(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
+                    const std::vector<Math::Vector3<float>>& vertices);
 
 /// Whether the lengths of strips in pixels under the current matrix are uploaded. Only a stipple
-/// needs them, and they cost more than all the rest of an upload.
+/// needs them, and they cost more than all the rest of an upload; loops always have them.
 enum class StripLengths { Measured, None };
 
 /// Uploads strips, in the adjacency form if the recipe draws with adjacency.
@@ -41,7 +42,8 @@ void uploadStrips(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
                   std::span<const Stream> more = {});
 
 /// Measures the lengths of uploaded strips anew. The mesh must be this drawable's own.
-void updatePositions(Mesh& mesh, const std::vector<Math::Vector3<float>>& vertices);
+void updatePositions(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
+                     const std::vector<Math::Vector3<float>>& vertices);
 
 /// Draws a mesh.
 /// @param count vertices, or index entries when the recipe has a restart value.

@@ -71,9 +71,8 @@ void LineLoops::addVertex(Math::Vector4<float> position) {
 
 void LineLoops::setRect(unsigned int width, unsigned int height) {
     mPoints.clear();
-    for (const Math::Vector3<float>& corner : Detail::rectangleOutline(width, height)) {
-        addVertex(corner);
-    }
+    const Detail::Quad corners = Detail::rectangleOutline(width, height);
+    appendLoop(std::vector<Math::Vector3<float>>(corners.begin(), corners.end()));
 }
 
 void LineLoops::clearVertex() {
@@ -120,7 +119,7 @@ void LineLoops::setData(double scale) {
         if (mMesh.use_count() > 1) {
             Detail::uploadStrips(mMesh, loopRecipe, closedPoints());
         } else {
-            Detail::updatePositions(*mMesh, closedPoints().vertices);
+            Detail::updatePositions(mMesh, loopRecipe, closedPoints().vertices);
         }
     }
 }

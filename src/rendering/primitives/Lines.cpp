@@ -71,7 +71,7 @@ void Lines::render() {
         return;
     }
     if (mDirty || mMesh == nullptr) {
-        Detail::uploadSegments(mMesh, mVertices);
+        Detail::uploadSegments(mMesh, lineRecipe, mVertices);
         mDirty = false;
     }
     if (mMesh != nullptr) {

@@ -49,7 +49,7 @@ void Polygon::setPattern(unsigned char* pattern) {
 
 void Polygon::setData() {
     const Detail::Stream streams[] = {Detail::streamOf(Detail::Attribute::Vertex, mVertices)};
-    Detail::syncMesh(mMesh, streams);
+    Detail::syncMesh(polygonLabel, mMesh, streams);
     mDirty = false;
 }
 
@@ -65,9 +65,9 @@ void Polygon::render() {
     }
     Detail::DrawPass pass(polygonLabel, Detail::stippleProgram);
     Detail::setFill(pass, mColor, mStipple);
+    pass.matrix();
     pass.bind(*mMesh);
     pass.blend();
-    pass.matrix();
     for (const DrawBatch& batch : mBatches) {
         pass.draw(Detail::DrawMode{batch.type}, batch.first, batch.count);
     }

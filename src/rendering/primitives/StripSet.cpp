@@ -29,8 +29,13 @@ void StripSet::addVertex(const Math::Vector3<float>& position) {
 }
 
 void StripSet::addVertex(const Math::Vector3<float>& position, const Math::Vector4<float>& color) {
-    addVertex(position);
     colors.push_back(color);
+    try {
+        addVertex(position);
+    } catch (...) {
+        colors.pop_back();
+        throw;
+    }
 }
 
 void StripSet::setRect(const LineRecipe& recipe, unsigned width, unsigned height) {

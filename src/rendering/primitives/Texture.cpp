@@ -129,7 +129,7 @@ unsigned Texture::height() {
 void Texture::setData() {
     const Detail::Stream streams[] = {Detail::streamOf(Detail::Attribute::Vertex, mPoints.vertices),
                                       Detail::streamOf(Detail::Attribute::TextureCoordinate, mUVs)};
-    Detail::syncMesh(mMesh, streams, mPoints.indices);
+    Detail::syncMesh(textureLabel, mMesh, streams, mPoints.indices);
     mDirty = false;
 }
 
@@ -139,6 +139,9 @@ void Texture::render() {
     }
     if (mDirty || mMesh == nullptr) {
         setData();
+    }
+    if (mMesh == nullptr) {
+        return;
     }
     Detail::DrawPass pass(textureLabel, Detail::texturedProgram);
     pass.restart(quadRestart);

@@ -88,7 +88,7 @@ void TriangleStrip::clear() {
 void TriangleStrip::setData() {
     const Detail::Stream streams[] = {Detail::streamOf(Attribute::Vertex, mVertices),
                                       Detail::streamOf(Attribute::Color, mColors)};
-    Detail::syncMesh(mMesh, streams, {}, stripLabels);
+    Detail::syncMesh(mMesh, streams, stripLabels);
     mDirty = false;
 }
 

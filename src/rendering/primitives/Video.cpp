@@ -34,7 +34,13 @@ void Video::init(unsigned width, unsigned height) {
                                 videoLabel)) {
         return;
     }
+    Detail::clearErrors();
     auto pbo = Detail::PixelBuffer::create(std::size_t{width} * height * bytesPerPixel);
+    if (pbo == nullptr) {
+        Detail::reportErrors(videoLabel);
+        texture->release();
+        return;
+    }
     Detail::releaseShare(mMesh);
     Detail::releaseShare(mTexture);
     Detail::releaseShare(mPbo);
@@ -92,7 +98,7 @@ unsigned Video::height() {
 void Video::setData() {
     const Detail::Stream streams[] = {Detail::streamOf(Detail::Attribute::Vertex, mVertices),
                                       Detail::streamOf(Detail::Attribute::TextureCoordinate, mUVs)};
-    Detail::syncMesh(mMesh, streams);
+    Detail::syncMesh(videoLabel, mMesh, streams);
     mDirty = false;
 }
 
@@ -102,6 +108,9 @@ void Video::render() {
     }
     if (mDirty || mMesh == nullptr) {
         setData();
+    }
+    if (mMesh == nullptr) {
+        return;
     }
     Detail::DrawPass pass(videoLabel, Detail::texturedProgram);
     pass.set("color", mColor);

@@ -85,7 +85,8 @@ int uniformLocation(unsigned program, std::string_view name) {
     }
     std::string text(name);
     const int value = askDriver(program, text);
-    if (known->size() < mostNames) {
+    // Without a context, or in one that does not share the program, the answer is of no program.
+    if (known->size() < mostNames && glIsProgram(program) == GL_TRUE) {
         known->push_back({std::move(text), value});
     }
     return value;

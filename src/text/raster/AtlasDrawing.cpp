@@ -23,14 +23,14 @@ void clearBatch(AtlasText& text) {
     text.dirty = true;
 }
 
-bool prepareBatch(AtlasText& text) {
+bool prepareBatch(const char* label, AtlasText& text) {
     if (text.indices.empty() || text.vertices.empty()) {
         return false;
     }
     if (text.dirty || text.batchMesh == nullptr) {
         const Stream streams[] = {streamOf(Attribute::Vertex, text.vertices),
                                   streamOf(Attribute::TextureCoordinate, text.uvs)};
-        syncMesh(text.batchMesh, streams, text.indices);
+        syncMesh(label, text.batchMesh, streams, text.indices);
         text.dirty = false;
     }
     return text.batchMesh != nullptr;
@@ -46,7 +46,7 @@ void drawBatch(DrawPass& pass, const AtlasText& text, unsigned texture) {
     pass.drawIndexed(DrawMode::TriangleFan, text.indices.size());
 }
 
-bool uploadQuads(AtlasText& text, const GlyphSet& font) {
+bool uploadQuads(const char* label, AtlasText& text, const GlyphSet& font) {
     std::vector<Math::Vector3<float>> vertices;
     std::vector<Math::Vector2<float>> uvs;
     for (const OpenGL::GlyphInfo& glyph : font.glyphs) {
@@ -55,7 +55,7 @@ bool uploadQuads(AtlasText& text, const GlyphSet& font) {
     }
     const Stream streams[] = {streamOf(Attribute::Vertex, vertices),
                               streamOf(Attribute::TextureCoordinate, uvs)};
-    syncMesh(text.atlasMesh, streams);
+    syncMesh(label, text.atlasMesh, streams);
     return text.atlasMesh != nullptr;
 }
 

@@ -29,13 +29,14 @@ void appendText(AtlasText& text, const GlyphRun& run, const TextPlacement& place
 void clearBatch(AtlasText& text);
 
 /// Uploads the batch where that is due. False when there is nothing to draw, or no OpenGL.
-bool prepareBatch(AtlasText& text);
+/// @param label of the class in error lines.
+bool prepareBatch(const char* label, AtlasText& text);
 
 /// Draws the batch with offset 0, after the class has set its colours.
 void drawBatch(DrawPass& pass, const AtlasText& text, unsigned texture);
 
-/// Uploads the quads of all glyphs. False without OpenGL.
-bool uploadQuads(AtlasText& text, const GlyphSet& font);
+/// Uploads the quads of all glyphs. False without OpenGL, or when it refuses them.
+bool uploadQuads(const char* label, AtlasText& text, const GlyphSet& font);
 
 /// Draws a text glyph by glyph, after the class has set its colours and the matrix. Leaves the
 /// uniform "offset" at that of the last glyph.

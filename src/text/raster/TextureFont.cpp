@@ -68,7 +68,7 @@ bool TextureFont::makeObjects(const Detail::GlyphAtlas& atlas) {
         return false;
     }
     Detail::makeQuads(mGlyphs.glyphs, shelves.padding);
-    return Detail::uploadQuads(mText, mGlyphs);
+    return Detail::uploadQuads(fontLabel, mText, mGlyphs);
 }
 
 void TextureFont::addText(const std::string& text, Math::Matrix4<float> transform,
@@ -79,7 +79,7 @@ void TextureFont::addText(const std::string& text, Math::Matrix4<float> transfor
 }
 
 void TextureFont::render() {
-    if (!Detail::prepareBatch(mText)) {
+    if (!Detail::prepareBatch(fontLabel, mText)) {
         return;
     }
     Detail::DrawPass pass(fontLabel, Detail::glyphProgram);

@@ -106,7 +106,7 @@ bool TextureFontSdf::loadData(const char* name, const char* data, int size, int 
     mTexture = font.texture;
     mScale = scaleOf(pixelSize);
     Detail::releaseObjects(mText);
-    return Detail::uploadQuads(mText, font.mGlyphs);
+    return Detail::uploadQuads(fieldFontLabel, mText, font.mGlyphs);
 }
 
 bool TextureFontSdf::createGlyphTexture(const char* data, int size, FontType& font) {
@@ -160,7 +160,7 @@ void TextureFontSdf::setColors(Detail::DrawPass& pass) const {
 }
 
 void TextureFontSdf::render() {
-    if (drawableFont() == nullptr || !Detail::prepareBatch(mText)) {
+    if (drawableFont() == nullptr || !Detail::prepareBatch(fieldFontLabel, mText)) {
         return;
     }
     Detail::DrawPass pass(fieldFontLabel, Detail::fieldProgram);
@@ -170,8 +170,8 @@ void TextureFontSdf::render() {
 
 void TextureFontSdf::renderFont(const std::string& text, Alignment align) {
     const FontType* const font = drawableFont();
-    if (font == nullptr ||
-        (mText.atlasMesh == nullptr && !Detail::uploadQuads(mText, font->mGlyphs))) {
+    if (font == nullptr || (mText.atlasMesh == nullptr &&
+                            !Detail::uploadQuads(fieldFontLabel, mText, font->mGlyphs))) {
         return;
     }
     Detail::DrawPass pass(fieldFontLabel, Detail::fieldProgram);

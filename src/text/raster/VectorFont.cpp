@@ -54,12 +54,12 @@ void VectorFont::takeBuiltInSet() {
 void VectorFont::setPoints() {
     const Detail::Stream streams[] = {
         Detail::streamOf(Detail::Attribute::Vertex, mCharacters->points())};
-    Detail::syncMesh(mPointMesh, streams);
+    Detail::syncMesh(strokeFontLabel, mPointMesh, streams);
 }
 
 void VectorFont::setData() {
     const Detail::Stream streams[] = {Detail::streamOf(Detail::Attribute::Vertex, mVertices)};
-    Detail::syncMesh(mBatchMesh, streams, mIndices);
+    Detail::syncMesh(strokeFontLabel, mBatchMesh, streams, mIndices);
     mDirty = false;
 }
 

@@ -41,7 +41,7 @@ protected:
             const Stream streams[] = {streamOf(Attribute::Vertex, line.points),
                                       streamOf(Attribute::Color, line.colors),
                                       streamOf(Attribute::Position, line.positions)};
-            syncMesh(mesh, streams);
+            syncMesh("mesh", mesh, streams);
             mesh->bind();
             glDrawArrays(program == 8 ? GL_LINES : GL_LINE_STRIP_ADJACENCY, 0,
                          static_cast<GLsizei>(line.points.size()));

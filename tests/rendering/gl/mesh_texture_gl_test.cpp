@@ -39,7 +39,7 @@ TEST_F(UploadTest, ShortStreamsStayDisabled) {
         const std::vector<Orlek::Math::Vector4<float>> colors(count);
         const Stream streams[] = {streamOf(Attribute::Vertex, vertices),
                                   streamOf(Attribute::Color, colors)};
-        syncMesh(mesh, streams);
+        syncMesh("mesh", mesh, streams);
         EXPECT_TRUE(enabled(*mesh, 0));
         EXPECT_EQ(enabled(*mesh, 4), count == 3) << count;
     }
@@ -49,12 +49,12 @@ TEST_F(UploadTest, DestructorsLeaveTheirNamesToTheNextUpload) {
     const std::vector<float> values(4);
     const Stream streams[] = {streamOf(Attribute::Vertex, values)};
     const std::vector<std::uint32_t> indices{0, 1, 2};
-    syncMesh(mesh, streams, indices);
+    syncMesh("mesh", mesh, streams, indices);
     std::shared_ptr<Texture> texture = Texture::create(imageRecipe, {pixels.data(), 1, 1, rgba});
     mesh.reset();
     texture.reset();
     EXPECT_EQ(newNames(), 4);
-    syncMesh(mesh, streams);
+    syncMesh("mesh", mesh, streams);
     EXPECT_EQ(newNames(), 2);
     releaseShare(mesh);
     EXPECT_EQ(newNames(), 0);

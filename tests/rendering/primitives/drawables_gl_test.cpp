@@ -133,6 +133,45 @@ TEST_F(Drawables, StripsRestartAtTheirOwnIndex) {
     check(LineStripsSimple());
 }
 
+PFNGLBUFFERDATAPROC realBufferData = nullptr;
+
+// Asks the driver for more than there is.
+void GLAPIENTRY outOfMemory(GLenum target, GLsizeiptr, const void*, GLenum usage) {
+    constexpr GLsizeiptr most = std::numeric_limits<GLsizeiptr>::max();
+    realBufferData(target, most - 4096, nullptr, usage);
+}
+
+TEST_F(Drawables, UploadsThatFindNoMemoryAreReportedAndMadeAtTheNextDraw) {
+    realBufferData = __glewBufferData;
+    const auto check = [](const char* label, auto drawable, auto fill) {
+        fill(drawable);
+        __glewBufferData = outOfMemory;
+        provokingErrors([&] {
+            EXPECT_EQ(captureStdout([&] { OrlekTest::draw(drawable); }),
+                      "Error <" + std::string(label) + "> <Nix> 1285\n");
+        });
+        __glewBufferData = realBufferData;
+        EXPECT_GT(pixelsOf(drawable), 0) << label;
+    };
+    check("Lines", Lines(), [](Lines& d) { d.setRect(40, 30); });
+    check("LineLoops", LineLoops(), [](LineLoops& d) { d.setRect(40, 30); });
+    check("LineStrips", LineStrips(), [](LineStrips& d) { d.setRect(40, 30); });
+    check("VectorFont", VectorFont(),
+          [](VectorFont& d) { d.addText("A", here, 30.0, VectorFont::CENTER); });
+    Video video;
+    video.init(4, 4);
+    video.putFrame(white.data());
+    const int whole = pixelsOf(video);
+    EXPECT_GT(whole, 0);
+    __glewBufferData = outOfMemory;
+    provokingErrors([&] {
+        EXPECT_EQ(captureStdout([&] { video.init(400, 300); }), "Error <Video> <Nix> 1285\n");
+    });
+    __glewBufferData = realBufferData;
+    EXPECT_EQ(video.width(), 4U);
+    EXPECT_EQ(pixelsOf(video), whole);
+}
+
 TEST_F(Drawables, LinesShareAndSurvive) {
     const auto addLoop = [](float x) { return [x](LineLoops& d) { d.addLineLoop(squareAt(x)); }; };
     const auto addStrip = [](float x) { return [x](auto& d) { d.addLineStrip(squareAt(x)); }; };

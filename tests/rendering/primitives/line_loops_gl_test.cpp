@@ -63,6 +63,8 @@ TEST_F(LoopsTest, BuiltVertexByVertexAreClosedWhenDrawn) {
         loops.setRect(40, 30);
         EXPECT_EQ(pixelsOf(loops), squarePixels);
     }
+    loops.addLineLoop(Points{{60, 0}, {70, 0}});
+    EXPECT_EQ(pixelsOf(loops), squarePixels + 11) << "the rectangle is closed";
     loops.clearVertex();
     loops.addVertex(Point(0, 0));
     loops.addVertex(Point(10, 0));

@@ -1,0 +1,76 @@
+// Draws without the context that the objects and programs were made in, by mistake: nothing is
+// drawn then, and all is as before as soon as it is current again.
+#include <GL/glew.h>
+#include <Orlek/OpenGL/GlHandler.h>
+#include <Orlek/OpenGL/LineLoops.h>
+#include <Orlek/OpenGL/MatrixStack.h>
+#include <Orlek/OpenGL/TriangleStrip.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "HeadlessContext.h"
+#include "support/Capture.h"
+
+namespace {
+
+using namespace Orlek::OpenGL;
+using OrlekSupport::HeadlessContext;
+using OrlekTest::captureStderr;
+using OrlekTest::captureStdout;
+
+constexpr int size = 64;
+
+// The pixels of a square with one corner in the middle, its outline's or all.
+int litBy(auto&& draw) {
+    glClear(GL_COLOR_BUFFER_BIT);
+    EXPECT_EQ(captureStdout(draw), "");
+    std::array<std::uint8_t, 4 * size * size> bytes{};
+    glReadPixels(0, 0, size, size, GL_RGBA, GL_UNSIGNED_BYTE, bytes.data());
+    int count = 0;
+    for (std::size_t i = 0; i < bytes.size(); i += 4) {
+        count += bytes[i] > 0 ? 1 : 0;
+    }
+    return count;
+}
+
+template <typename Drawable>
+Drawable square() {
+    Drawable drawable;
+    drawable.setRect(1, 1);
+    return drawable;
+}
+
+TEST(OtherContexts, DrawNothingAndSpoilNothing) {
+    HeadlessContext mine(size, size);
+    captureStdout([] { GlHandler::instance(); });  // prints the versions
+    MatrixLoadIdent();
+    const auto loops = square<LineLoops>();
+    auto drawn = loops;
+    auto never = loops;
+    auto strip = square<TriangleStrip>();
+    const int outline = litBy([&] { drawn.render(1.0); });
+    EXPECT_GT(outline, size);
+    captureStderr([&] {
+        {
+            const HeadlessContext other(size, size);
+            const std::string text = captureStdout([&] { drawn.render(1.0); });
+            EXPECT_NE(text.find("Error <LineLoops> <Nix> 1282\n"), std::string::npos) << text;
+            // The first one that asks for the uniforms of its program.
+            captureStdout([] { square<TriangleStrip>().render(); });
+        }
+        captureStdout([&] { never.render(1.0); });  // without any
+    });
+    mine.makeCurrent();
+    GlHandler::clearError();
+    EXPECT_EQ(litBy([&] { drawn.render(1.0); }), outline);
+    EXPECT_EQ(litBy([&] { never.render(1.0); }), outline);
+    EXPECT_EQ(litBy([&] { strip.render(); }), size * size / 4);
+    drawn.clear();
+    never.clear();
+    strip.clear();
+}
+
+}  // namespace
