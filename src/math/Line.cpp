@@ -13,8 +13,7 @@ bool Line::cross(Line other) const {
     const auto theirs = Detail::directedLine(other.mP1, other.mP2);
     if (std::abs(Detail::directionCross(mine, theirs)) < parallel)
         return false;
-    const auto crossing = Detail::crossInfinite(mine, theirs);
-    return crossing && crossing->withinBoth();
+    return Detail::crossInfinite(mine, theirs)->withinBoth();
 }
 
 Vector2<double> Line::crossLine(Line other, bool& ok) const {

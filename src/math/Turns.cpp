@@ -160,8 +160,8 @@ std::vector<Point> calcFlyOverPoints(Point previous, Point waypoint, Point next,
         distance(waypoint, next) < shortestLeg)
         return points;
 
-    // The circle that touches the inbound leg at the waypoint and passes through the next point, as
-    // that through the waypoint, a point one metre beyond it and the next point.
+    // The circle that touches the inbound leg at the waypoint and passes through the next point,
+    // nearly: that through the waypoint, a point one metre beyond it and the next point.
     Point oneMetre = waypoint - previous;
     oneMetre.Normalize();
     const double largestRadius = share * calcRadius(waypoint, waypoint + oneMetre, next);

@@ -74,8 +74,8 @@ public:
     ///
     /// While a scan runs, another call does nothing. After one, a call scans anew: queries answer
     /// from the tiles known before until it has finished, then new tiles are added and those found
-    /// again take the place of the earlier ones, whose memory is given back; the tile of the last
-    /// query stays in use until a query goes to another cell.
+    /// again take the place of the earlier ones, whose memory is given back; what the last
+    /// query found, a tile or none, stays until a query goes to another cell.
     void loadData();
 
     /// The elevation of the terrain, interpolated bilinearly between the four posts around the

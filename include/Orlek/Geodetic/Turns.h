@@ -30,7 +30,8 @@ ORLEK_EXPORT bool calcOutboundPoint(double lat, double lon, double course, doubl
 /// Gives the arc flown when the turn starts short of the waypoint, so that it touches both legs.
 /// @param previous, waypoint, next the points that make the two legs.
 /// @param radius the radius of the turn in metres; reduced where the legs are too short for it.
-/// @param direction 0 turns left, 1 right, any other value towards the next point.
+/// @param direction 0 turns left, 1 right, any other value towards the next point. Against the bend
+///        of the legs the arc leaves the first one and ends short of the second.
 /// @param[out] radiusReduced whether the radius was reduced.
 /// @return points on the arc at every degree from where it leaves the first leg to where it joins
 ///         the second, both left out; at least one of them, even when the arc is shorter than a
@@ -45,7 +46,8 @@ ORLEK_EXPORT std::vector<Math::Vector2<double>> calcFlyByPoints(Math::Vector2<do
 /// Gives the path flown when the turn starts at the waypoint and ends heading for the next point.
 /// @param previous, waypoint, next the points that make the two legs.
 /// @param radius the radius of the turn in metres; reduced where the next point is too near to be
-///        reached with it.
+///        reached with it, which is not enough after a turn of more than 90 degrees to a point
+///        nearer than some 1,000 m times the cosine of the turn.
 /// @param direction 0 turns left, 1 right, any other value towards the next point.
 /// @param[out] radiusReduced whether the radius was reduced.
 /// @return the waypoint, then points on the arc at every degree up to where the tangent to the next

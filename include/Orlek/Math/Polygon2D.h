@@ -104,10 +104,10 @@ public:
     /// count as apart, even where they cross like a plus: the difference is this polygon,
     /// intersection and union are empty. Otherwise the results are the rings along the edges of
     /// both that turn most to the right (intersection, difference) or to the left (union) at each
-    /// crossing, in the order in which the first unused crossing follows along this polygon, each
-    /// from that crossing on; holes are rings of the opposite orientation. Edges that overlap along
-    /// a line do not cross, and a crossing at a vertex counts for each pair of edges that meets
-    /// there: with such rings the result can differ from that of set theory.
+    /// crossing, in the order of this polygon's edges, and on one edge in that of the other's, each
+    /// from its first crossing on; holes are rings of the opposite orientation. Edges that overlap
+    /// along a line do not cross, and a crossing at a vertex counts for each pair of edges that
+    /// meets there: with such rings the result can differ from that of set theory.
     ///
     /// Takes time that grows little faster than the number of vertices and crossings for outlines,
     /// and in proportion to the product of the numbers of edges at worst, with rings that fill the

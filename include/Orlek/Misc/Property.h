@@ -70,7 +70,7 @@ public:
     ///        hundred times its size.
     /// @return true when it has been read. Otherwise nothing has changed, and a line with the path
     ///         has been printed on the standard output, behind those of XML::XmlDocument::read()
-    ///         when it was that which failed.
+    ///         when it was that which failed. std::bad_alloc may leave a part of the settings set.
     bool readXmlFile(const std::string& path);
 
     /// Reads the file that setConfigFile() has named.

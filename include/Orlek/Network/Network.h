@@ -81,7 +81,8 @@ public:
     /// @param fileName where the body goes; it replaces what is there.
     /// @return whether the server was reached and answered, not whether there is a file now. False
     ///         for a URL refused, a host unknown or not reached, no answer within 1 s, or no
-    ///         memory. A server that closes at once has answered.
+    ///         memory for the answer (for the connection: std::bad_alloc). A server that closes at
+    ///         once has answered.
     static bool getFileHttp(const std::string& url, const std::string& fileName);
 
 private:
