@@ -1,6 +1,5 @@
 #include <Orlek/Network/SocketUdp.h>
 
-#include <cerrno>
 #include <string>
 #include <utility>
 #include <vector>
