@@ -47,8 +47,9 @@ void InflateStream::refill() {
     const std::span chunk(mChunk.get(), std::min<std::size_t>(mChunkSize, mRemaining));
     const std::size_t got = mFile.readAt(mOffset, chunk);
     mOffset += got;
-    // A file that shrank while it was read gives what it has, and the stream stays short.
-    mRemaining = got < chunk.size() ? 0 : mRemaining - static_cast<std::uint32_t>(got);
+    // A file that shrank, or cannot be read, gives what it has, and the stream stays short.
+    mCut = got < chunk.size();
+    mRemaining = mCut ? 0 : mRemaining - static_cast<std::uint32_t>(got);
     mStream->next_in = reinterpret_cast<Bytef*>(mChunk.get());
     mStream->avail_in = static_cast<uInt>(got);
 }

@@ -26,6 +26,9 @@ public:
     /// the stream ended or is broken, of which atEnd() tells one from the other.
     std::size_t read(std::span<std::byte> out);
 
+    /// Whether the file could not give the bytes that it had when it was opened.
+    bool isCut() const { return mCut; }
+
     /// Whether the deflate stream ended properly and exactly here. Reads on as far as it must to
     /// know, so a few compressed bytes at most.
     bool atEnd();
@@ -46,6 +49,7 @@ private:
     MallocArray<std::byte> mChunk;
     std::unique_ptr<z_stream_s, EndInflate> mStream;
     State mState = State::closed;
+    bool mCut = false;
 };
 
 }  // namespace Orlek::Detail

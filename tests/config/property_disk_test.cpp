@@ -5,11 +5,14 @@
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
+#include <array>
 #include <chrono>
 #include <csignal>
 #include <cstdint>
+#include <cstring>
 #include <filesystem>
 #include <random>
 #include <string>
@@ -120,6 +123,33 @@ TEST(PropertyDisk, LinksAndModesStay) {
                   std::filesystem::perms{0640});
     }
     EXPECT_EQ(entriesOf(dir.path("real")), 2U);
+}
+
+// Beside an access list the mode's bits for the group are the most that the list gives.
+TEST(PropertyDisk, AccessListsStay) {
+    const TempDir dir("/tmp");
+    const std::string path = dir.write("settings.xml", "old");
+    const std::uint32_t nobody = 0xFFFFFFFF;
+    const struct {
+        std::uint32_t version = 2;
+        struct {
+            std::uint16_t tag, rights;
+            std::uint32_t id;
+        } entries[5] = {{0x01, 6, nobody},
+                        {0x02, 6, 1234},
+                        {0x04, 0, nobody},
+                        {0x10, 6, nobody},
+                        {0x20, 0, nobody}};  // owner, user, group, mask, others
+    } list;
+    const char* const name = "system.posix_acl_access";
+    if (setxattr(path.c_str(), name, &list, sizeof(list), 0) != 0) {
+        GTEST_SKIP() << "no access lists here";
+    }
+    EXPECT_TRUE(Property::instance().writeXmlFile(path));
+    EXPECT_NE(wholeText(path), "old");
+    std::array<char, sizeof(list)> kept{};
+    EXPECT_EQ(getxattr(path.c_str(), name, kept.data(), kept.size()), std::ssize(kept));
+    EXPECT_EQ(std::memcmp(kept.data(), &list, sizeof(list)), 0);
 }
 
 TEST(PropertyDisk, AFileThatBecomesTheWritersLendsNoRights) {

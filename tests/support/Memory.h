@@ -1,6 +1,7 @@
 // How much memory this process has.
 #pragma once
 
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <fstream>
@@ -13,6 +14,13 @@ inline long residentKib() {
     long resident = 0;
     std::ifstream("/proc/self/statm") >> all >> resident;
     return resident * (sysconf(_SC_PAGESIZE) / 1024);
+}
+
+/// The most that it ever was, KiB.
+inline long mostResidentKib() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss;
 }
 
 }  // namespace OrlekTest

@@ -52,7 +52,8 @@ public:
 
     /// Opens the object for receiving. Several receivers may open one port; a broadcast reaches all
     /// of them, any other datagram one.
-    /// @param address the local address to listen on, 0 for all of them.
+    /// @param address the local address to listen on, 0 for all of them; broadcasts come only to
+    ///        0, or to a broadcast address.
     /// @param port the local port, 0 to 65535; 0 takes any free one.
     /// @param blocking 0: read() returns at once; otherwise it waits.
     /// @return whether it is open now. A failure prints "Opening recv socket", "setsockopt" or

@@ -62,10 +62,10 @@ public:
     /// @param path the file; created when it is missing, but not its directory.
     /// @return true when the content has reached the disk. False when it has not, when the path
     ///         names something that is no regular file or may not be written, when new files may
-    ///         not be made beside it, and for what read() would refuse: more than 64 MiB, 256
-    ///         levels or 256 attributes of an element, a name that is none, a quote in a
-    ///         declaration, a text that ends in the middle of a UTF-8 character. Nothing is
-    ///         printed.
+    ///         not be made beside it, when it is a mount point, and for what read() would refuse:
+    ///         more than 64 MiB, 256 levels or 256 attributes of an element, a name that is none,
+    ///         a quote in a declaration, a text that ends in the middle of a UTF-8 character.
+    ///         Nothing is printed.
     bool write(const std::string& path);
 
     /// @return the first element of the document; invalid when there is none. As long as the
@@ -77,7 +77,8 @@ public:
     /// @param element stays a handle on the element.
     void appendElement(XmlElement& element);
 
-    /// Writes an element with all that it holds as text, four blanks a level.
+    /// Writes an element with all that it holds as text, four blanks a level, however deep: a tree
+    /// of n levels gives 4 n^2 bytes.
     /// @param element of any document, or of none.
     /// @param[out] out gets the text, which ends with a line feed; empty for an invalid element.
     void print(XmlElement& element, std::string& out) const;

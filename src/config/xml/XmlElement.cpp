@@ -17,6 +17,9 @@ const std::string* attribute(const TiXmlElement* node, const std::string& name) 
 }
 
 bool holds(const TiXmlNode* node, const TiXmlNode* inner) {
+    if (node->NoChildren()) {  // without a walk, which would make long chains quadratic
+        return inner == node;
+    }
     while (inner != nullptr && inner != node) {
         inner = inner->Parent();
     }

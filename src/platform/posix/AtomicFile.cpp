@@ -4,6 +4,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <array>
@@ -14,6 +15,7 @@
 #include <string_view>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 #include "platform/ZeroByte.h"
 #include "platform/posix/Descriptors.h"
@@ -78,7 +80,8 @@ int createUnnamed(const std::string& directory, mode_t mode) {
         return -1;
     }
     const char* where = directory.empty() ? "." : directory.c_str();
-    const int descriptor = ::open(where, unnamed | O_WRONLY | O_CLOEXEC, mode);
+    const int descriptor =
+        unlessInterrupted([&] { return ::open(where, unnamed | O_WRONLY | O_CLOEXEC, mode); });
     // The name is given through /proc later on.
     if (descriptor >= 0 && ::access(descriptorPath(descriptor).c_str(), F_OK) != 0) {
         ::close(descriptor);
@@ -87,9 +90,28 @@ int createUnnamed(const std::string& directory, mode_t mode) {
     return descriptor;
 }
 
+// Whether a file has no access list, or the new one has got it.
+bool takeOverAccessList(int descriptor, const char* path) {
+    constexpr const char* accessList = "system.posix_acl_access";
+    const ssize_t size = ::getxattr(path, accessList, nullptr, 0);
+    if (size <= 0) {
+        return true;
+    }
+    std::vector<char> list(static_cast<std::size_t>(size));
+    return ::getxattr(path, accessList, list.data(), list.size()) == size &&
+           ::fsetxattr(descriptor, accessList, list.data(), list.size(), 0) == 0;
+}
+
+// Some file systems give every file one mode, which is right already, and refuse to set any.
+bool setMode(int descriptor, mode_t mode) {
+    struct stat status {};
+    return ::fchmod(descriptor, mode) == 0 ||
+           (::fstat(descriptor, &status) == 0 && (status.st_mode & 07777U) == mode);
+}
+
 // The owner stays where the system lets it, the mode always; but a file that is another's now must
 // not lend that one's rights to whoever runs it.
-bool takeOver(int descriptor, const struct stat& old) {
+bool takeOver(int descriptor, const char* path, const struct stat& old) {
     constexpr mode_t lending = S_ISUID | S_ISGID;
     mode_t mode = old.st_mode & 07777U;
     if (::fchown(descriptor, old.st_uid, old.st_gid) != 0) {
@@ -97,7 +119,21 @@ bool takeOver(int descriptor, const struct stat& old) {
         // The group alone, if that is possible: those who could read the file still can.
         std::ignore = ::fchown(descriptor, static_cast<uid_t>(-1), old.st_gid);
     }
-    return ::fchmod(descriptor, mode) == 0;
+    // With a list the group's bits are the most that it gives anybody: without it, too much.
+    if (!takeOverAccessList(descriptor, path)) {
+        mode &= ~static_cast<mode_t>(S_IRWXG);
+    }
+    return setMode(descriptor, mode);
+}
+
+// Replacing needs no right to write the file itself; whoever took that away meant it.
+bool mayWrite(const char* path) {
+    if (::faccessat(AT_FDCWD, path, W_OK, AT_EACCESS) == 0) {
+        return true;
+    }
+    // Older sandboxes refuse the question itself.
+    return errno == EPERM && ::geteuid() == ::getuid() && ::getegid() == ::getgid() &&
+           ::access(path, W_OK) == 0;
 }
 
 bool sync(int descriptor) {
@@ -137,24 +173,25 @@ bool AtomicFile::open(const std::string& path) {
         return false;
     }
     mTarget = path;
-    if (!followLinks(mTarget)) {
+    struct stat old {};
+    // The system may refuse to follow a link, as one of others in a directory for all.
+    if ((::stat(path.c_str(), &old) != 0 && errno != ENOENT) || !followLinks(mTarget)) {
         return false;
     }
     mDirectory = directoryOf(mTarget);
-    struct stat old {};
     if (::stat(mTarget.c_str(), &old) != 0) {
         return errno == ENOENT && create(0666);
     }
-    // Replacing needs no right to write the file itself; whoever took that away meant it.
-    return isRegular(old) && ::faccessat(AT_FDCWD, mTarget.c_str(), W_OK, AT_EACCESS) == 0 &&
-           create(0600) && takeOver(mDescriptor, old);
+    return isRegular(old) && mayWrite(mTarget.c_str()) && create(0600) &&
+           takeOver(mDescriptor, mTarget.c_str(), old);
 }
 
 bool AtomicFile::create(unsigned int mode) {
     mDescriptor = createUnnamed(mDirectory, mode);
     if (mDescriptor < 0) {
         mName = makeNamed(mDirectory, [&](const char* name) {
-            mDescriptor = ::open(name, O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, mode);
+            mDescriptor = unlessInterrupted(
+                [&] { return ::open(name, O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, mode); });
             return mDescriptor >= 0;
         });
     }

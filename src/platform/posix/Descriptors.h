@@ -19,6 +19,17 @@ auto unlessInterrupted(Call call) {
     return result;
 }
 
+/// Opens a file without waiting for the other end of a pipe, but for others to give up a lease on
+/// it, which they are asked to do within a time that the system sets.
+inline int openUnlessPipeWaits(const char* path, int flags, mode_t mode = 0) {
+    flags |= O_CLOEXEC | O_NOCTTY;
+    const int descriptor =
+        unlessInterrupted([=] { return ::open(path, flags | O_NONBLOCK, mode); });
+    return descriptor >= 0 || errno != EWOULDBLOCK
+               ? descriptor
+               : unlessInterrupted([=] { return ::open(path, flags, mode); });
+}
+
 /// Moves a descriptor that is written to off the numbers of the standard streams: were one of them
 /// closed, what is printed there would go into the file or socket that has its number. -1 stays -1.
 inline int aboveStandardStreams(int descriptor) {

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstring>
 #include <memory>
 
@@ -53,7 +54,7 @@ ResolvedName resolveName(const std::string& name) {
     const addrinfo hints{};
     addrinfo* first = nullptr;
     if (const int error = ::getaddrinfo(name.c_str(), nullptr, &hints, &first); error != 0) {
-        return {{}, ::gai_strerror(error)};
+        return {{}, error == EAI_SYSTEM ? std::strerror(errno) : ::gai_strerror(error)};
     }
     const std::unique_ptr<addrinfo, FreeAddressInfo> list(first);
     ResolvedName result;

@@ -19,10 +19,9 @@ bool OutputFile::open(const std::string& path) {
         errno = EINVAL;
         return false;
     }
-    // Reading too and O_NONBLOCK: neither opening a pipe nor filling it waits for a reader.
-    constexpr int flags = O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+    // Reading too: neither opening a pipe nor filling it waits for a reader.
     mDescriptor =
-        aboveStandardStreams(unlessInterrupted([&] { return ::open(path.c_str(), flags, 0666); }));
+        aboveStandardStreams(openUnlessPipeWaits(path.c_str(), O_RDWR | O_CREAT | O_TRUNC, 0666));
     return mDescriptor >= 0;
 }
 

@@ -13,16 +13,6 @@
 
 namespace Orlek::Detail {
 
-namespace {
-
-int openForReading(const char* path) {
-    // O_NONBLOCK: opening a pipe without a writer returns at once; regular files ignore it.
-    return unlessInterrupted(
-        [=] { return ::open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); });
-}
-
-}  // namespace
-
 void RegularFile::close() {
     if (mDescriptor >= 0) {
         const int error = errno;
@@ -43,7 +33,7 @@ bool RegularFile::open(const std::string& path) {
     if (::stat(path.c_str(), &status) == 0 && !isRegular(status)) {
         return false;
     }
-    mDescriptor = openForReading(path.c_str());
+    mDescriptor = openUnlessPipeWaits(path.c_str(), O_RDONLY);
     if (mDescriptor < 0) {
         return false;
     }

@@ -69,7 +69,7 @@ ReadFault readSrtmRows(InflateStream& content, const TileGrid& grid, std::int16_
         const std::uint32_t rows = std::min(srtmBandRows, grid.numLat - row);
         const std::span bytes(band.get(), rows * rowSize);
         if (content.read(bytes) != bytes.size()) {
-            return ReadFault::damaged;
+            return content.isCut() ? ReadFault::dataCut : ReadFault::damaged;
         }
         placeSrtmRows(bytes.data(), row, rows, grid, samples);
     }

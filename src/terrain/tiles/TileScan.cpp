@@ -6,6 +6,7 @@
 #include <exception>
 
 #include "platform/Report.h"
+#include "platform/Thread.h"
 
 namespace Orlek::Detail {
 
@@ -73,7 +74,7 @@ void TileScan::start(const std::string& path, const std::shared_ptr<const TileMa
     mResult = known;
     mStage.store(Stage::running, std::memory_order_relaxed);
     try {
-        mThread = std::thread([this, path, known] { run(path, *known); });
+        mThread = startThread([this, path, known] { run(path, *known); });
     } catch (const std::exception&) {  // no thread, or no memory for one
         run(path, *known);
     }
