@@ -4,6 +4,7 @@
 #include "rendering/context/ProgramNumbers.h"
 #include "rendering/geometry/ImageBlock.h"
 #include "rendering/geometry/Positions.h"
+#include "rendering/geometry/PushWith.h"
 #include "rendering/gl/Mesh.h"
 #include "rendering/gl/Names.h"
 #include "rendering/gl/Texture.h"
@@ -26,8 +27,7 @@ TextureTerrain& TextureTerrain::operator=(const TextureTerrain&) = default;
 TextureTerrain::~TextureTerrain() = default;
 
 void TextureTerrain::addVertex(Math::Vector3<float> position, Math::Vector2<float> uv) {
-    mVertices.push_back(position);
-    mUVs.push_back(uv);
+    Detail::pushWith(mVertices, position, [&] { mUVs.push_back(uv); });
     mDirty = true;
 }
 
@@ -118,8 +118,7 @@ void TextureTerrain::setData() {
     if (mDirty || mMesh == nullptr) {
         const Detail::Stream streams[] = {streamOf(Detail::Attribute::Vertex, mVertices),
                                           streamOf(Detail::Attribute::TextureCoordinate, mUVs)};
-        Detail::syncMesh(terrainLabel, mMesh, streams);
-        mDirty = false;
+        mDirty = !Detail::syncMesh(terrainLabel, mMesh, streams);
     }
 }
 
@@ -141,6 +140,7 @@ void TextureTerrain::render() {
     pass.set("Texture0", 0);
     pass.set("Texture1", 1);
     pass.set("Texture2", 2);
+    pass.matrix();  // it discards errors: before what is to be told
     pass.bind(*mMesh);
     const Detail::TextureUnit units[] = {
         {Detail::TextureTarget::TwoDimensional, nameOf(mTexture), true},
@@ -148,7 +148,6 @@ void TextureTerrain::render() {
         {Detail::TextureTarget::OneDimensional, mColorMap, false}};
     pass.textures(units);
     pass.blend();
-    pass.matrix();
     pass.draw(Detail::DrawMode::TriangleStrip, 0, mVertices.size());
 }
 

@@ -55,9 +55,10 @@ namespace Orlek::OpenGL {
 class ORLEK_EXPORT GlHandler {
 public:
     /// @return the one object. The first call loads the GL entry points, switches the driver's
-    /// error messages on (they go to the standard error stream), builds the standard programs and
-    /// prints the GL and GLSL versions; it needs the context current. Made without, it prints empty
-    /// versions, and the first draw with a context does the rest.
+    /// error messages on (they go to the standard error stream, by a callback that takes the place
+    /// of the application's), builds the standard programs and prints the GL and GLSL versions; it
+    /// needs the context current. Made without, it prints empty versions, and the first draw with a
+    /// context does the rest.
     ///
     /// When the loader complains, one line "GlHandler::GlHandler Error: text" is printed. Its
     /// complaint about a missing GLX display (EGL, Wayland) is harmless; after any other the GL

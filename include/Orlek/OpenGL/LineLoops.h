@@ -63,7 +63,7 @@ public:
     /// Appends a vertex. @param position x, y and z in model coordinates; w is dropped.
     void addVertex(Math::Vector4<float> position);
 
-    /// Replaces everything by the outline of a rectangle with one corner in the origin.
+    /// Replaces everything by a closed loop: a rectangle with one corner in the origin.
     /// @param width, height in model coordinates.
     void setRect(unsigned int width, unsigned int height);
 

@@ -22,10 +22,10 @@ namespace Orlek::OpenGL {
 /// Draws single-byte text with a font file rasterised at one pixel size.
 ///
 /// The font covers the character codes 32 to 255, which FreeType looks up in the font's Unicode
-/// table (so bytes above 127 are Latin-1). Of a font without one the first table is taken, and that
-/// of a symbol font from U+F000 on. Bytes below 32 draw as a space. Glyphs are laid out in
-/// pixels, y up, the pen on the baseline; with a matrix that maps one unit to one pixel, text whose
-/// pen stands on whole pixels has exactly the coverage that FreeType renders.
+/// table (so bytes above 127 are Latin-1). Of a font without one its symbol table is taken, also
+/// from U+F000 on, or its first one. Bytes below 32 draw as a space. Glyphs are laid out in pixels,
+/// y up, the pen on the baseline; with a matrix that maps one unit to one pixel, text whose pen
+/// stands on whole pixels has exactly the coverage that FreeType renders.
 ///
 /// There are two ways to draw, and one object can do both:
 /// - at once, one draw call a character: `renderFont`;
@@ -95,7 +95,8 @@ public:
     /// Builds the atlas from a font in memory, with FreeType's autohinter. It takes the place of an
     /// earlier atlas and empties the batch, but leaves both when it fails with a printed line. A
     /// usual font takes some milliseconds; after a second of the thread's processor time for each
-    /// 10 MiB, one at least, nothing more is read of one.
+    /// 10 MiB, one at least, nothing more is read of one. Leaves its texture bound to the active
+    /// unit.
     /// @param name used in the message about a font that cannot be opened.
     /// @param data the font's bytes; read during the call only. Bitmap fonts have
     ///        eight bits a pixel or one; two or four are read as if they were ones.

@@ -4,6 +4,8 @@
 #include <Orlek/OpenGL/GlHandler.h>
 #include <Orlek/OpenGL/MatrixStack.h>
 
+#include <algorithm>
+
 #include "rendering/gl/Mesh.h"
 #include "rendering/gl/UnpackState.h"
 #include "rendering/programs/UniformLocations.h"
@@ -18,14 +20,6 @@ static_assert(static_cast<GLenum>(DrawMode::TriangleFan) == GL_TRIANGLE_FAN);
 static_assert(static_cast<GLenum>(DrawMode::LineStripAdjacency) == GL_LINE_STRIP_ADJACENCY);
 
 namespace {
-
-// In another context than a mesh was made in nothing is bound, and the driver would take the offset
-// of the indices for an address.
-bool areIndicesBound() {
-    GLint buffer = 0;
-    glGetIntegerv(GL_ELEMENT_ARRAY_BUFFER_BINDING, &buffer);
-    return buffer != 0;
-}
 
 bool knowsFixedIndex() {
     return GLEW_VERSION_4_3 != 0 || GLEW_ARB_ES3_compatibility != 0;
@@ -138,18 +132,23 @@ void DrawPass::matrix() {
 }
 
 void DrawPass::bind(const Mesh& mesh) {
-    mesh.bind();
+    mMesh = mesh.bind() && mProgram != 0 ? &mesh : nullptr;
     step("glBindVertexArray");
 }
 
 void DrawPass::draw(DrawMode mode, std::size_t first, std::size_t count) {
-    glDrawArrays(static_cast<GLenum>(mode), static_cast<GLint>(first), static_cast<GLsizei>(count));
+    if (mMesh != nullptr && first < mMesh->vertexCount()) {
+        const std::size_t there = std::min(count, mMesh->vertexCount() - first);
+        glDrawArrays(static_cast<GLenum>(mode), static_cast<GLint>(first),
+                     static_cast<GLsizei>(there));
+    }
     step("glDrawArrays");
 }
 
 void DrawPass::drawIndexed(DrawMode mode, std::size_t count) {
-    if (areIndicesBound()) {
-        glDrawElements(static_cast<GLenum>(mode), static_cast<GLsizei>(count), GL_UNSIGNED_INT,
+    if (mMesh != nullptr) {
+        const std::size_t there = std::min(count, mMesh->indexCount());
+        glDrawElements(static_cast<GLenum>(mode), static_cast<GLsizei>(there), GL_UNSIGNED_INT,
                        nullptr);
     }
 }

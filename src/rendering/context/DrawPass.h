@@ -102,8 +102,9 @@ public:
     void matrix();
 
     void bind(const Mesh& mesh);
+    /// Draws vertices of the mesh bound, as far as it has them; nothing when it could not be bound.
     void draw(DrawMode mode, std::size_t first, std::size_t count);
-    /// Draws the first entries of the bound element buffer.
+    /// The same by the first entries of its element buffer.
     void drawIndexed(DrawMode mode, std::size_t count);
 
 private:
@@ -121,6 +122,7 @@ private:
     ErrorReports mReports;
     OpenGL::GlHandler& mHandler;
     unsigned mProgram = 0;
+    const Mesh* mMesh = nullptr;
 };
 
 }  // namespace Orlek::Detail

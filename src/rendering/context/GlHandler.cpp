@@ -62,14 +62,17 @@ void GlHandler::initStandardShaders() {
     mActiveProgram = nullptr;
     mGlVersion = Detail::glVersionText();
     mGlSlVersion = Detail::glslVersionText();
-    if (!Detail::glReady()) {
+    if (mGlVersion.empty() ||
+        !Detail::glReady()) {  // without a context programs would have no names
         return;
     }
     Detail::enableDebugOutput();
     Detail::forgetParkedNames();  // this is how an application tells of a new context
+    decltype(mShaders) programs;  // all or none
     for (const Detail::StandardProgram& recipe : Detail::standardPrograms()) {
-        mShaders.insert_or_assign(recipe.number, linked(recipe));
+        programs.insert_or_assign(recipe.number, linked(recipe));
     }
+    mShaders = std::move(programs);
 }
 
 unsigned int GlHandler::glVersion() {
@@ -104,7 +107,8 @@ void GlHandler::activateShader(unsigned int number) {
     if (number == mActiveShader) {
         return;
     }
-    if (mShaders.empty() && Detail::glReady()) {  // the object is older than the context
+    if (mShaders.empty() && Detail::glReady() &&
+        !Detail::glVersionText().empty()) {  // the object is older than the context
         initStandardShaders();
         glVersion();
         glSlVersion();

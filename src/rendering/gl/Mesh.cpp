@@ -20,27 +20,14 @@ void fillBuffer(GLenum target, const void* values, std::size_t bytes) {
     glBufferData(target, static_cast<GLsizeiptr>(bytes), values, GL_STATIC_DRAW);
 }
 
-void uploadAll(std::shared_ptr<Mesh>& mesh, std::span<const Stream> streams,
-               std::span<const std::uint32_t> indices, const UploadLabels& labels) {
-    if (!glReady()) {
-        return;
-    }
-    deleteParkedNames();
-    const bool first = mesh == nullptr || mesh.use_count() > 1;
-    if (first) {
-        mesh = std::make_shared<Mesh>();
-    }
-    mesh->sync(streams, indices, first ? labels.first : labels.later);
+// How an upload into a mesh has ended, and what becomes of the mesh.
+bool endUpload(const char* label, std::shared_ptr<Mesh>& mesh, bool bound) {
     glBindVertexArray(0);
-    if (!mesh->made()) {
+    const bool clean = !reportErrors(label) && !mesh->failed();
+    if (bound && !clean) {
         mesh.reset();
     }
-}
-
-void dropAfterErrors(const char* label, std::shared_ptr<Mesh>& mesh) {
-    if (reportErrors(label)) {
-        mesh.reset();
-    }
+    return bound && clean;
 }
 
 }  // namespace
@@ -51,14 +38,18 @@ Mesh::~Mesh() {
     parkNames(NameKind::Buffer, {&mIndexBuffer, 1});
 }
 
-void Mesh::sync(std::span<const Stream> streams, std::span<const std::uint32_t> indices,
+bool Mesh::sync(std::span<const Stream> streams, std::span<const std::uint32_t> indices,
                 const MeshLabels& labels) {
+    mFailed = false;
     if (mVertexArray == 0) {
         glGenVertexArrays(1, &mVertexArray);
-        reportStep(labels.generate);
+        endStep(labels.generate);
     }
-    bind();
-    reportStep(labels.bind);
+    const bool bound = bind();
+    endStep(labels.bind);
+    if (!bound) {
+        return false;
+    }
     mVertexCount = streams.empty() ? 0 : streams.front().count;
     for (std::size_t i = 0; i < streams.size(); ++i) {
         upload(streams[i], i < labels.streams.size() ? labels.streams[i] : MeshLabels::OfStream{});
@@ -69,32 +60,43 @@ void Mesh::sync(std::span<const Stream> streams, std::span<const std::uint32_t> 
         glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, mIndexBuffer);
         fillBuffer(GL_ELEMENT_ARRAY_BUFFER, indices.data(), indices.size_bytes());
     }
+    return true;
 }
 
-void Mesh::update(const Stream& stream) {
-    bind();
+bool Mesh::update(const Stream& stream) {
+    mFailed = false;
+    if (!bind()) {
+        return false;
+    }
     upload(stream);
+    return true;
 }
 
 void Mesh::upload(const Stream& stream, const MeshLabels::OfStream& labels) {
     const auto location = static_cast<GLuint>(stream.attribute);
     unsigned& buffer = mBuffers[location];
     createBuffer(buffer);
-    reportStep(labels.generate);
+    endStep(labels.generate);
     glBindBuffer(GL_ARRAY_BUFFER, buffer);
-    reportStep(labels.bind);
+    endStep(labels.bind);
     fillBuffer(GL_ARRAY_BUFFER, stream.values,
                stream.count * static_cast<std::size_t>(stream.components) * sizeof(float));
-    reportStep(labels.data);
+    endStep(labels.data);
     if (stream.count < mVertexCount) {
         glDisableVertexAttribArray(location);
     } else {
         glVertexAttribPointer(location, stream.components, GL_FLOAT, GL_FALSE, 0, nullptr);
-        reportStep(labels.pointer);
+        endStep(labels.pointer);
         glEnableVertexAttribArray(location);
     }
-    reportStep(labels.enable);
+    endStep(labels.enable);
     glBindBuffer(GL_ARRAY_BUFFER, 0);
+}
+
+void Mesh::endStep(const char* label) {
+    if (label != nullptr && reportErrors(label)) {
+        mFailed = true;
+    }
 }
 
 void Mesh::release() {
@@ -105,28 +107,35 @@ void Mesh::release() {
     mIndexCount = 0;
 }
 
-void Mesh::bind() const {
+bool Mesh::bind() const {
     glBindVertexArray(mVertexArray);
+    GLint bound = 0;
+    glGetIntegerv(GL_VERTEX_ARRAY_BINDING, &bound);
+    return bound != 0 && static_cast<unsigned>(bound) == mVertexArray;
 }
 
-void syncMesh(std::shared_ptr<Mesh>& mesh, std::span<const Stream> streams,
-              const UploadLabels& labels) {
-    uploadAll(mesh, streams, {}, labels);
-}
-
-void syncMesh(const char* label, std::shared_ptr<Mesh>& mesh, std::span<const Stream> streams,
-              std::span<const std::uint32_t> indices) {
-    if (glReady()) {
-        clearErrors();
-        uploadAll(mesh, streams, indices, {});
-        dropAfterErrors(label, mesh);
+bool syncMesh(const char* label, std::shared_ptr<Mesh>& mesh, std::span<const Stream> streams,
+              std::span<const std::uint32_t> indices, const UploadLabels& steps) {
+    if (!glReady()) {
+        return false;
     }
+    deleteParkedNames();
+    clearErrors();
+    const bool first = mesh == nullptr || mesh.use_count() > 1;
+    if (first) {
+        mesh = std::make_shared<Mesh>();
+    }
+    const bool bound = mesh->sync(streams, indices, first ? steps.first : steps.later);
+    const bool done = endUpload(label, mesh, bound);
+    if (first && !bound) {  // without a context there are no names
+        mesh.reset();
+    }
+    return done;
 }
 
-void updateMesh(const char* label, std::shared_ptr<Mesh>& mesh, const Stream& stream) {
+bool updateMesh(const char* label, std::shared_ptr<Mesh>& mesh, const Stream& stream) {
     clearErrors();
-    mesh->update(stream);
-    dropAfterErrors(label, mesh);
+    return endUpload(label, mesh, mesh->update(stream));
 }
 
 }  // namespace Orlek::Detail

@@ -30,7 +30,7 @@ Stream streamOf(Attribute attribute, const std::vector<T>& values) {
     return {attribute, static_cast<int>(floats), values.data(), values.size()};
 }
 
-/// Under which names the errors of an upload are reported, step by step; null: they stay pending.
+/// Under which names the errors of an upload are reported, step by step; null: not at that step.
 struct MeshLabels {
     struct OfStream {
         const char* generate = nullptr;
@@ -61,45 +61,52 @@ public:
     /// Creates the GL objects where they are missing and uploads everything. The first stream has
     /// the vertices; a stream with fewer values stays disabled, so that no draw reads beyond it.
     /// Leaves the vertex array and no array buffer bound.
-    void sync(std::span<const Stream> streams, std::span<const std::uint32_t> indices = {},
+    /// @return false, with nothing uploaded, when the vertex array is of another context.
+    bool sync(std::span<const Stream> streams, std::span<const std::uint32_t> indices = {},
               const MeshLabels& labels = {});
 
-    /// Uploads one stream anew.
-    void update(const Stream& stream);
+    /// Uploads one stream anew, with the same result.
+    bool update(const Stream& stream);
 
     /// Deletes the GL objects.
     void release();
 
-    void bind() const;
+    /// False when there is nothing to bind in the current context: what is drawn or uploaded then
+    /// would be the application's.
+    bool bind() const;
 
-    /// Whether there are GL objects: without a context none are made, and nobody tells of it.
-    bool made() const { return mVertexArray != 0; }
+    /// Whether a step of the last upload has failed.
+    bool failed() const { return mFailed; }
 
+    /// Number of vertices in the buffers.
+    std::size_t vertexCount() const { return mVertexCount; }
     /// Number of entries in the element buffer.
     std::size_t indexCount() const { return mIndexCount; }
 
 private:
     void upload(const Stream& stream, const MeshLabels::OfStream& labels = {});
+    void endStep(const char* label);
 
     unsigned mVertexArray = 0;
     std::array<unsigned, 6> mBuffers{};  // by attribute location
     unsigned mIndexBuffer = 0;
     std::size_t mVertexCount = 0;
     std::size_t mIndexCount = 0;
+    bool mFailed = false;
 };
 
 /// Uploads into the mesh, or into a new one when there is none yet or when another drawable shares
-/// it. Deletes parked names first. Leaves no vertex array bound, so that the application cannot
-/// change it by mistake. Without OpenGL the mesh is left null, so that the next draw tries again.
-void syncMesh(std::shared_ptr<Mesh>& mesh, std::span<const Stream> streams,
-              const UploadLabels& labels);
-
-/// The same without a look at single steps: errors are reported under one label, and leave the mesh
-/// null, too. Those of others, pending before, are discarded.
-void syncMesh(const char* label, std::shared_ptr<Mesh>& mesh, std::span<const Stream> streams,
-              std::span<const std::uint32_t> indices = {});
+/// it. Deletes parked names first, and discards errors that are pending. Leaves no vertex array
+/// bound, so that the application cannot change it by mistake.
+///
+/// Without OpenGL, and after an error, the mesh is left null. In a context that is not the mesh's
+/// it stays as it was.
+/// @param label of the errors that no step has reported.
+/// @return whether it was done; otherwise it is to be done at the next draw.
+bool syncMesh(const char* label, std::shared_ptr<Mesh>& mesh, std::span<const Stream> streams,
+              std::span<const std::uint32_t> indices = {}, const UploadLabels& steps = {});
 
 /// Uploads one stream of a mesh that no other drawable shares, with the same outcome.
-void updateMesh(const char* label, std::shared_ptr<Mesh>& mesh, const Stream& stream);
+bool updateMesh(const char* label, std::shared_ptr<Mesh>& mesh, const Stream& stream);
 
 }  // namespace Orlek::Detail

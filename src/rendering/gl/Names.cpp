@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <new>
 #include <vector>
 
 namespace Orlek::Detail {
@@ -42,10 +43,20 @@ void deleteNames(NameKind kind, std::span<unsigned> names) {
 
 void parkNames(NameKind kind, std::span<const unsigned> names) {
     std::vector<unsigned>& list = parked()[static_cast<std::size_t>(kind)];
-    std::ranges::copy_if(names, std::back_inserter(list), [](unsigned name) { return name != 0; });
+    try {
+        std::ranges::copy_if(names, std::back_inserter(list),
+                             [](unsigned name) { return name != 0; });
+    } catch (const std::bad_alloc&) {
+        // In a destructor: the objects stay, the program goes on.
+    }
 }
 
 void deleteParkedNames() {
+    const bool none =
+        std::ranges::all_of(parked(), [](const auto& names) { return names.empty(); });
+    if (none || glGetString(GL_VERSION) == nullptr) {  // without a context they would be lost
+        return;
+    }
     for (const NameKind kind : {NameKind::VertexArray, NameKind::Buffer, NameKind::Texture}) {
         std::vector<unsigned>& names = parked()[static_cast<std::size_t>(kind)];
         if (!names.empty()) {

@@ -12,10 +12,11 @@ enum class NameKind { VertexArray, Buffer, Texture };
 /// Deletes the objects of all names that are not 0, and sets the names to 0.
 void deleteNames(NameKind kind, std::span<unsigned> names);
 
-/// Keeps all names that are not 0 for deleteParkedNames. Makes no GL call.
+/// Keeps all names that are not 0 for deleteParkedNames; without memory for them their objects
+/// stay. Makes no GL call.
 void parkNames(NameKind kind, std::span<const unsigned> names);
 
-/// Deletes what was parked.
+/// Deletes what was parked, if a context is current.
 void deleteParkedNames();
 
 /// Forgets what was parked: in another context the names may be those of other objects.

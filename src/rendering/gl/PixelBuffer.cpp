@@ -14,13 +14,7 @@ std::shared_ptr<PixelBuffer> PixelBuffer::create(std::size_t bytes) {
     glGenBuffers(1, &buffer->mName);
     glBindBuffer(GL_PIXEL_UNPACK_BUFFER, buffer->mName);
     glBufferData(GL_PIXEL_UNPACK_BUFFER, static_cast<GLsizeiptr>(bytes), nullptr, GL_STREAM_DRAW);
-    GLint64 size = 0;
-    glGetBufferParameteri64v(GL_PIXEL_UNPACK_BUFFER, GL_BUFFER_SIZE, &size);
     glBindBuffer(GL_PIXEL_UNPACK_BUFFER, 0);
-    if (static_cast<std::size_t>(size) != bytes) {
-        buffer->release();
-        return nullptr;
-    }
     return buffer;
 }
 

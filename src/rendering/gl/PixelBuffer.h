@@ -8,8 +8,8 @@ namespace Orlek::Detail {
 
 class PixelBuffer {
 public:
-    /// A new buffer with room for so many bytes, left unbound; null, with the errors pending, when
-    /// there is no memory for them. Needs OpenGL.
+    /// A new buffer with room for so many bytes, left unbound; without memory for them an error is
+    /// pending. Needs OpenGL.
     static std::shared_ptr<PixelBuffer> create(std::size_t bytes);
 
     PixelBuffer() = default;

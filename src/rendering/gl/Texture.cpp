@@ -85,11 +85,10 @@ std::shared_ptr<Texture> Texture::create(const TextureRecipe& recipe, const Text
     if (recipe.labels[0] != nullptr) {
         clearErrors();
     }
-    GLuint name = 0;
-    glGenTextures(1, &name);
+    auto texture = std::make_shared<Texture>(0);
+    glGenTextures(1, &texture->mName);
     reportStep(recipe.labels[0]);
-    auto texture = std::make_shared<Texture>(name);
-    glBindTexture(GL_TEXTURE_2D, name);
+    glBindTexture(GL_TEXTURE_2D, texture->mName);
     reportStep(recipe.labels[1]);
     setParameters(recipe);
     if (recipe.storage == Storage::Coverage) {
@@ -98,6 +97,10 @@ std::shared_ptr<Texture> Texture::create(const TextureRecipe& recipe, const Text
         uploadColors(recipe, image);
     }
     reportStep(recipe.labels[2]);
+    if (!holdsBound(image)) {
+        texture->release();
+        return nullptr;
+    }
     return texture;
 }
 
@@ -116,12 +119,11 @@ bool replaceTexture(std::shared_ptr<Texture>& texture, const TextureRecipe& reci
     }
     std::shared_ptr<Texture> made = Texture::create(recipe, image);
     if (made == nullptr) {
-        reportInvalidValue(label);
-        return false;
-    }
-    if (!holdsBound(image)) {
-        reportErrors(label);
-        made->release();
+        if (fits(image)) {
+            reportErrors(label);
+        } else {
+            reportInvalidValue(label);
+        }
         return false;
     }
     releaseShare(texture);

@@ -6,7 +6,8 @@
 namespace Orlek::Detail {
 
 /// Makes OpenGL read tightly packed rows from client memory, however the application has it read
-/// pixels (glPixelStore, an unpack buffer), and restores that at the end of the scope.
+/// pixels (glPixelStore, an unpack buffer; not glPixelTransfer), and restores that at the end of
+/// the scope.
 class UnpackState {
 public:
     UnpackState();

@@ -11,6 +11,8 @@ namespace Orlek::OpenGL {
 
 namespace {
 
+constexpr const char* circleLabel = "Circle";
+
 constexpr Detail::UploadLabels circleLabels{
     .first = {.generate = "glGenVertexArrays",
               .bind = "glBindVertexArray",
@@ -31,7 +33,7 @@ Circle::~Circle() = default;
 
 void Circle::setCircle(double radius, unsigned segments) {
     if (segments > mostSegments) {
-        Detail::reportInvalidValue("Circle");
+        Detail::reportInvalidValue(circleLabel);
         return;
     }
     Detail::appendDisc(mVertices, radius, segments);
@@ -56,9 +58,10 @@ void Circle::clear() {
 
 void Circle::setData() {
     const Detail::Stream streams[] = {Detail::streamOf(Detail::Attribute::Vertex, mVertices)};
-    Detail::syncMesh(mMesh, streams, circleLabels);
-    mUploaded = mVertices.size();
-    mDirty = false;
+    if (Detail::syncMesh(circleLabel, mMesh, streams, {}, circleLabels)) {
+        mUploaded = mVertices.size();
+        mDirty = false;
+    }
 }
 
 void Circle::render() {
@@ -71,7 +74,7 @@ void Circle::render() {
     if (mMesh == nullptr) {
         return;
     }
-    Detail::DrawPass pass("Circle", Detail::oneColorProgram, Detail::ErrorReports::EachStep);
+    Detail::DrawPass pass(circleLabel, Detail::oneColorProgram, Detail::ErrorReports::EachStep);
     pass.set("color", mColor);
     pass.bind(*mMesh);
     pass.blend();

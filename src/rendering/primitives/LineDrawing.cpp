@@ -26,30 +26,28 @@ void setLineState(DrawPass& pass, const LineRecipe& recipe, const LineStyle& sty
 
 }  // namespace
 
-void uploadSegments(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
+bool uploadSegments(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
                     const std::vector<Math::Vector3<float>>& vertices) {
     const Stream streams[] = {streamOf(Attribute::Vertex, vertices)};
-    syncMesh(recipe.label, mesh, streams);
+    return syncMesh(recipe.label, mesh, streams);
 }
 
-void uploadStrips(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
+bool uploadStrips(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
                   const IndexedPoints& points, StripLengths lengths, std::span<const Stream> more) {
     std::vector<Stream> streams{streamOf(Attribute::Vertex, points.vertices)};
     streams.insert(streams.end(), more.begin(), more.end());
     const std::vector<float> positions =
         lengths == StripLengths::Measured ? withLengths(points.vertices) : std::vector<float>();
     streams.push_back(streamOf(Attribute::Position, positions));
-    if (recipe.mode == DrawMode::LineStripAdjacency) {
-        syncMesh(recipe.label, mesh, streams,
-                 adjacencyIndices(points.indices, recipe.restart.value()));
-    } else {
-        syncMesh(recipe.label, mesh, streams, points.indices);
-    }
+    return syncMesh(recipe.label, mesh, streams,
+                    recipe.mode == DrawMode::LineStripAdjacency
+                        ? adjacencyIndices(points.indices, recipe.restart.value())
+                        : points.indices);
 }
 
-void updatePositions(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
+bool updatePositions(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
                      const std::vector<Math::Vector3<float>>& vertices) {
-    updateMesh(recipe.label, mesh, streamOf(Attribute::Position, withLengths(vertices)));
+    return updateMesh(recipe.label, mesh, streamOf(Attribute::Position, withLengths(vertices)));
 }
 
 void drawLines(const LineRecipe& recipe, const LineStyle& style, const Mesh& mesh,

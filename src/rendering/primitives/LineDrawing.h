@@ -27,8 +27,8 @@ struct LineRecipe {
 
 enum class LineColor { One, EachVertex };
 
-/// Uploads separate segments.
-void uploadSegments(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
+/// Uploads separate segments. True when that is done, as in what follows; see syncMesh().
+bool uploadSegments(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
                     const std::vector<Math::Vector3<float>>& vertices);
 
 /// Whether the lengths of strips in pixels under the current matrix are uploaded. Only a stipple
@@ -37,12 +37,12 @@ enum class StripLengths { Measured, None };
 
 /// Uploads strips, in the adjacency form if the recipe draws with adjacency.
 /// @param more streams beside these.
-void uploadStrips(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
+bool uploadStrips(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
                   const IndexedPoints& points, StripLengths lengths = StripLengths::Measured,
                   std::span<const Stream> more = {});
 
 /// Measures the lengths of uploaded strips anew. The mesh must be this drawable's own.
-void updatePositions(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
+bool updatePositions(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
                      const std::vector<Math::Vector3<float>>& vertices);
 
 /// Draws a mesh.

@@ -112,15 +112,13 @@ Detail::IndexedPoints LineLoops::closedPoints() const {
 
 void LineLoops::setData(double scale) {
     if (mDirty || mMesh == nullptr) {
-        Detail::uploadStrips(mMesh, loopRecipe, closedPoints());
-        mDirty = false;
+        mDirty = !Detail::uploadStrips(mMesh, loopRecipe, closedPoints());
     } else if (mStyle.stipple != 0 && std::abs(scale - mLastScale) > scaleStep) {
         mLastScale = scale;
-        if (mMesh.use_count() > 1) {
-            Detail::uploadStrips(mMesh, loopRecipe, closedPoints());
-        } else {
-            Detail::updatePositions(mMesh, loopRecipe, closedPoints().vertices);
-        }
+        const Detail::IndexedPoints points = closedPoints();
+        mDirty =
+            !(mMesh.use_count() > 1 ? Detail::uploadStrips(mMesh, loopRecipe, points)
+                                    : Detail::updatePositions(mMesh, loopRecipe, points.vertices));
     }
 }
 

@@ -71,8 +71,7 @@ void Lines::render() {
         return;
     }
     if (mDirty || mMesh == nullptr) {
-        Detail::uploadSegments(mMesh, lineRecipe, mVertices);
-        mDirty = false;
+        mDirty = !Detail::uploadSegments(mMesh, lineRecipe, mVertices);
     }
     if (mMesh != nullptr) {
         Detail::drawLines(lineRecipe, mStyle, *mMesh, mVertices.size());

@@ -49,8 +49,7 @@ void Polygon::setPattern(unsigned char* pattern) {
 
 void Polygon::setData() {
     const Detail::Stream streams[] = {Detail::streamOf(Detail::Attribute::Vertex, mVertices)};
-    Detail::syncMesh(polygonLabel, mMesh, streams);
-    mDirty = false;
+    mDirty = !Detail::syncMesh(polygonLabel, mMesh, streams);
 }
 
 void Polygon::render() {

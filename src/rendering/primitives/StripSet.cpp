@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include "rendering/geometry/Positions.h"
+#include "rendering/geometry/PushWith.h"
 #include "rendering/geometry/Shapes.h"
 #include "rendering/gl/Errors.h"
 #include "rendering/gl/Mesh.h"
@@ -29,13 +30,7 @@ void StripSet::addVertex(const Math::Vector3<float>& position) {
 }
 
 void StripSet::addVertex(const Math::Vector3<float>& position, const Math::Vector4<float>& color) {
-    colors.push_back(color);
-    try {
-        addVertex(position);
-    } catch (...) {
-        colors.pop_back();
-        throw;
-    }
+    pushWith(colors, color, [&] { addVertex(position); });
 }
 
 void StripSet::setRect(const LineRecipe& recipe, unsigned width, unsigned height) {
@@ -60,9 +55,9 @@ void StripSet::render(const LineRecipe& recipe, int count) {
     const bool measure = style.stipple != 0 && recipe.mode == DrawMode::LineStripAdjacency;
     if (dirty || mesh == nullptr || (measure && !measured)) {
         const Stream colorStream = streamOf(Attribute::Color, colors);
-        uploadStrips(mesh, recipe, points, measure ? StripLengths::Measured : StripLengths::None,
-                     {&colorStream, 1});
-        dirty = false;
+        dirty =
+            !uploadStrips(mesh, recipe, points,
+                          measure ? StripLengths::Measured : StripLengths::None, {&colorStream, 1});
         measured = measure;
     }
     if (mesh == nullptr) {

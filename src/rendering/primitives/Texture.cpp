@@ -4,6 +4,7 @@
 #include "rendering/context/ProgramNumbers.h"
 #include "rendering/geometry/ImageBlock.h"
 #include "rendering/geometry/Positions.h"
+#include "rendering/geometry/PushWith.h"
 #include "rendering/geometry/Shapes.h"
 #include "rendering/gl/EntryPoints.h"
 #include "rendering/gl/Errors.h"
@@ -66,12 +67,12 @@ unsigned Texture::createTexture(const void* image) {
 template <typename Vector>
 void Texture::appendStrip(const std::vector<Vector>& positions,
                           const std::vector<Math::Vector2<float>>& uvs) {
+    mDirty = true;
     for (const Vector& position : positions) {
         mPoints.append(Detail::toPosition(position));
     }
     mUVs.insert(mUVs.end(), uvs.begin(), uvs.end());
     mPoints.restart(quadRestart);
-    mDirty = true;
 }
 
 void Texture::addTexture(std::vector<Math::Vector3<float>> positions,
@@ -85,8 +86,7 @@ void Texture::addTexture(std::vector<Math::Vector4<float>> positions,
 }
 
 void Texture::addVertex(Math::Vector3<float> p, Math::Vector2<float> uv) {
-    mPoints.append(p);
-    mUVs.push_back(uv);
+    Detail::pushWith(mUVs, uv, [&] { mPoints.append(p); });
     mDirty = true;
 }
 
@@ -129,8 +129,7 @@ unsigned Texture::height() {
 void Texture::setData() {
     const Detail::Stream streams[] = {Detail::streamOf(Detail::Attribute::Vertex, mPoints.vertices),
                                       Detail::streamOf(Detail::Attribute::TextureCoordinate, mUVs)};
-    Detail::syncMesh(textureLabel, mMesh, streams, mPoints.indices);
-    mDirty = false;
+    mDirty = !Detail::syncMesh(textureLabel, mMesh, streams, mPoints.indices);
 }
 
 void Texture::render() {
@@ -146,10 +145,10 @@ void Texture::render() {
     Detail::DrawPass pass(textureLabel, Detail::texturedProgram);
     pass.restart(quadRestart);
     pass.set("color", mColor);
+    pass.matrix();  // it discards errors: before what is to be told
     pass.bind(*mMesh);
     pass.texture(mTexture->name());
     pass.blend();
-    pass.matrix();
     pass.drawIndexed(Detail::DrawMode::TriangleStrip, mPoints.indices.size());
 }
 

@@ -2,6 +2,7 @@
 
 #include "rendering/context/ProgramNumbers.h"
 #include "rendering/geometry/Positions.h"
+#include "rendering/geometry/PushWith.h"
 #include "rendering/geometry/Shapes.h"
 #include "rendering/gl/Mesh.h"
 #include "rendering/gl/Names.h"
@@ -12,6 +13,8 @@ namespace Orlek::OpenGL {
 namespace {
 
 using Detail::Attribute;
+
+constexpr const char* stripLabel = "TriangleStrip";
 
 constexpr Detail::UploadLabels stripLabels{
     .first = {.generate = "glGenVertexArrays",
@@ -49,8 +52,7 @@ void TriangleStrip::addVertex(Math::Vector2<float> p, Math::Vector4<float> c) {
 }
 
 void TriangleStrip::addVertex(Math::Vector3<float> p, Math::Vector4<float> c) {
-    addVertex(p);
-    mColors.push_back(c);
+    Detail::pushWith(mColors, c, [&] { addVertex(p); });
 }
 
 void TriangleStrip::addVertex(Math::Vector4<float> p, Math::Vector4<float> c) {
@@ -88,8 +90,7 @@ void TriangleStrip::clear() {
 void TriangleStrip::setData() {
     const Detail::Stream streams[] = {Detail::streamOf(Attribute::Vertex, mVertices),
                                       Detail::streamOf(Attribute::Color, mColors)};
-    Detail::syncMesh(mMesh, streams, stripLabels);
-    mDirty = false;
+    mDirty = !Detail::syncMesh(stripLabel, mMesh, streams, {}, stripLabels);
 }
 
 void TriangleStrip::render() {
@@ -103,7 +104,7 @@ void TriangleStrip::render() {
         return;
     }
     const bool multiColor = mUseMultiColor && mColors.size() == mVertices.size();
-    Detail::DrawPass pass("TriangleStrip",
+    Detail::DrawPass pass(stripLabel,
                           multiColor ? Detail::vertexColorProgram : Detail::stippleProgram,
                           Detail::ErrorReports::EachStep);
     Detail::setFill(pass, mColor, mStipple);

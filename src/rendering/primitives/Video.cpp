@@ -5,6 +5,7 @@
 #include "rendering/context/DrawPass.h"
 #include "rendering/context/ProgramNumbers.h"
 #include "rendering/geometry/Positions.h"
+#include "rendering/geometry/PushWith.h"
 #include "rendering/geometry/Shapes.h"
 #include "rendering/gl/Mesh.h"
 #include "rendering/gl/Names.h"
@@ -36,8 +37,7 @@ void Video::init(unsigned width, unsigned height) {
     }
     Detail::clearErrors();
     auto pbo = Detail::PixelBuffer::create(std::size_t{width} * height * bytesPerPixel);
-    if (pbo == nullptr) {
-        Detail::reportErrors(videoLabel);
+    if (Detail::reportErrors(videoLabel)) {
         texture->release();
         return;
     }
@@ -62,8 +62,7 @@ void Video::putFrame(const unsigned char* frame) {
 }
 
 void Video::addVertex(Math::Vector3<float> p, Math::Vector2<float> uv) {
-    mVertices.push_back(p);
-    mUVs.push_back(uv);
+    Detail::pushWith(mVertices, p, [&] { mUVs.push_back(uv); });
     mDirty = true;
 }
 
@@ -98,8 +97,7 @@ unsigned Video::height() {
 void Video::setData() {
     const Detail::Stream streams[] = {Detail::streamOf(Detail::Attribute::Vertex, mVertices),
                                       Detail::streamOf(Detail::Attribute::TextureCoordinate, mUVs)};
-    Detail::syncMesh(videoLabel, mMesh, streams);
-    mDirty = false;
+    mDirty = !Detail::syncMesh(videoLabel, mMesh, streams);
 }
 
 void Video::render() {
@@ -114,10 +112,10 @@ void Video::render() {
     }
     Detail::DrawPass pass(videoLabel, Detail::texturedProgram);
     pass.set("color", mColor);
+    pass.matrix();  // it discards errors: before what is to be told
     pass.bind(*mMesh);
     pass.texture(mTexture->name());
     pass.blend();
-    pass.matrix();
     pass.draw(Detail::DrawMode::TriangleStrip, 0, mVertices.size());
 }
 

@@ -5,14 +5,12 @@
 #include <algorithm>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace Orlek::Detail {
 
 namespace {
-
-// More names than any program of ours has; beyond it the driver is asked.
-constexpr std::size_t mostNames = 64;
 
 struct Location {
     std::string name;
@@ -25,7 +23,7 @@ using Locations = std::vector<Location>;
 // so the program asked for last is at hand without a search.
 class Table {
 public:
-    Locations* find(unsigned program) {
+    const Locations* find(unsigned program) {
         if (program != mLastProgram) {
             const auto entry = mPrograms.find(program);
             mLastProgram = program;
@@ -34,8 +32,8 @@ public:
         return mLast;
     }
 
-    void add(unsigned program) {
-        mPrograms[program].clear();
+    void add(unsigned program, Locations locations) {
+        mPrograms[program] = std::move(locations);
         forgetLast();
     }
 
@@ -52,7 +50,7 @@ private:
 
     std::unordered_map<unsigned, Locations> mPrograms;
     unsigned mLastProgram = 0;  // 0 is no program and has no locations
-    Locations* mLast = nullptr;
+    const Locations* mLast = nullptr;
 };
 
 Table& programTable() {
@@ -64,10 +62,39 @@ int askDriver(unsigned program, const std::string& name) {
     return glGetUniformLocation(program, name.c_str());
 }
 
+int parameter(unsigned program, GLenum name) {
+    GLint value = 0;
+    glGetProgramiv(program, name, &value);
+    return value;
+}
+
+// An array goes by its own name, as glGetUniformLocation() takes it, too.
+std::string activeUniform(unsigned program, unsigned index, int longest) {
+    std::string name(static_cast<std::size_t>(longest), '\0');
+    GLsizei length = 0;
+    GLint size = 0;
+    GLenum type = 0;
+    glGetActiveUniform(program, index, longest, &length, &size, &type, name.data());
+    name.resize(static_cast<std::size_t>(length));
+    constexpr std::string_view first = "[0]";
+    if (name.ends_with(first)) {
+        name.resize(name.size() - first.size());
+    }
+    return name;
+}
+
 }  // namespace
 
 void rememberLocations(unsigned program) {
-    programTable().add(program);
+    Locations locations;
+    const int longest = parameter(program, GL_ACTIVE_UNIFORM_MAX_LENGTH);
+    const auto count = static_cast<unsigned>(parameter(program, GL_ACTIVE_UNIFORMS));
+    for (unsigned i = 0; i < count; ++i) {
+        std::string name = activeUniform(program, i, longest);
+        const int location = askDriver(program, name);
+        locations.push_back({std::move(name), location});
+    }
+    programTable().add(program, std::move(locations));
 }
 
 void forgetLocations(unsigned program) {
@@ -75,21 +102,12 @@ void forgetLocations(unsigned program) {
 }
 
 int uniformLocation(unsigned program, std::string_view name) {
-    Locations* const known = programTable().find(program);
-    if (known == nullptr) {
+    const Locations* const known = programTable().find(program);
+    if (known == nullptr || name.find('[') != std::string_view::npos) {
         return askDriver(program, std::string(name));
     }
     const auto found = std::ranges::find(*known, name, &Location::name);
-    if (found != known->end()) {
-        return found->value;
-    }
-    std::string text(name);
-    const int value = askDriver(program, text);
-    // Without a context, or in one that does not share the program, the answer is of no program.
-    if (known->size() < mostNames && glIsProgram(program) == GL_TRUE) {
-        known->push_back({std::move(text), value});
-    }
-    return value;
+    return found == known->end() ? -1 : found->value;
 }
 
 }  // namespace Orlek::Detail

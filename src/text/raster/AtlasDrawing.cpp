@@ -30,8 +30,7 @@ bool prepareBatch(const char* label, AtlasText& text) {
     if (text.dirty || text.batchMesh == nullptr) {
         const Stream streams[] = {streamOf(Attribute::Vertex, text.vertices),
                                   streamOf(Attribute::TextureCoordinate, text.uvs)};
-        syncMesh(label, text.batchMesh, streams, text.indices);
-        text.dirty = false;
+        text.dirty = !syncMesh(label, text.batchMesh, streams, text.indices);
     }
     return text.batchMesh != nullptr;
 }

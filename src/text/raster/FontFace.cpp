@@ -52,6 +52,15 @@ void removeOldFormats(FT_Library library) {
     }
 }
 
+// FreeType itself chooses none in a font without Unicode.
+void chooseCharmap(FT_Face face) {
+    const bool chosen =
+        face->charmap != nullptr || FT_Select_Charmap(face, FT_ENCODING_MS_SYMBOL) == 0;
+    if (!chosen && face->num_charmaps > 0) {
+        FT_Set_Charmap(face, face->charmaps[0]);
+    }
+}
+
 }  // namespace
 
 FT_LibraryRec_* openFreeType() {
@@ -97,15 +106,13 @@ FontFace::FontFace(FT_LibraryRec_* library, const char* data, int size)
     if (mError != 0) {
         return;
     }
+    chooseCharmap(mFace);
     mError = findExcess(mFace, mBudget);
     if (mError != 0) {
         FT_Done_Face(std::exchange(mFace, nullptr));
         return;
     }
     mLoadFlags = boundedLoadFlags(mFace);
-    if (mFace->charmap == nullptr && mFace->num_charmaps > 0) {  // no Unicode
-        FT_Set_Charmap(mFace, mFace->charmaps[0]);
-    }
 }
 
 FontFace::~FontFace() {

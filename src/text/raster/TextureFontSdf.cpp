@@ -47,7 +47,8 @@ void reportNoFace(const Detail::FontFace& face) {
 struct TextureFontSdf::FontType {
     std::shared_ptr<Detail::Texture> texture;
     Detail::GlyphSet mGlyphs;
-    bool toBeBuilt = false;  ///< The texture was deleted.
+    bool wasBuilt = false;  ///< Otherwise a refused font stays empty.
+    bool toBeBuilt = true;  ///< Not tried yet, or the texture was deleted.
 
     /// Whether no object has a share of the texture.
     bool isUnused() const { return texture.use_count() == 1; }
@@ -100,7 +101,7 @@ bool TextureFontSdf::loadData(const char* name, const char* data, int size, int 
         mFontId = entry->second;
     }
     FontType& font = cache.mFonts[mFontId];
-    if ((isNew || font.toBeBuilt) && !createGlyphTexture(data, size, font)) {
+    if (font.toBeBuilt && !createGlyphTexture(data, size, font)) {
         return false;
     }
     mTexture = font.texture;
@@ -113,14 +114,17 @@ bool TextureFontSdf::createGlyphTexture(const char* data, int size, FontType& fo
     Detail::FontFace face(mFtLibrary, data, size);
     if (face.error() != 0) {
         reportNoFace(face);
+        font.toBeBuilt = font.wasBuilt;
         return false;
     }
     Detail::GlyphAtlas atlas;
     Detail::GlyphSet glyphs;  // without those of an earlier font
     if (!Detail::buildFieldAtlas(face, atlas, glyphs)) {
+        font.toBeBuilt = font.wasBuilt;
         return false;
     }
     font.mGlyphs = std::move(glyphs);
+    font.wasBuilt = true;
     font.texture = Detail::Texture::create(Detail::coverageRecipe, atlas.image());
     font.toBeBuilt = font.texture == nullptr;
     return !font.toBeBuilt;

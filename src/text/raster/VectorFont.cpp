@@ -59,8 +59,7 @@ void VectorFont::setPoints() {
 
 void VectorFont::setData() {
     const Detail::Stream streams[] = {Detail::streamOf(Detail::Attribute::Vertex, mVertices)};
-    Detail::syncMesh(strokeFontLabel, mBatchMesh, streams, mIndices);
-    mDirty = false;
+    mDirty = !Detail::syncMesh(strokeFontLabel, mBatchMesh, streams, mIndices);
 }
 
 void VectorFont::addText(const std::string& text, Math::Matrix4<float> transform, double size,

@@ -51,26 +51,41 @@ TEST(OtherContexts, DrawNothingAndSpoilNothing) {
     auto drawn = loops;
     auto never = loops;
     auto strip = square<TriangleStrip>();
+    auto changed = strip;
     const int outline = litBy([&] { drawn.render(1.0); });
     EXPECT_GT(outline, size);
+    EXPECT_EQ(litBy([&] { changed.render(); }), size * size / 4);
+    changed.setRect(1, 2);
     captureStderr([&] {
         {
             const HeadlessContext other(size, size);
             const std::string text = captureStdout([&] { drawn.render(1.0); });
             EXPECT_NE(text.find("Error <LineLoops> <Nix> 1282\n"), std::string::npos) << text;
-            // The first one that asks for the uniforms of its program.
-            captureStdout([] { square<TriangleStrip>().render(); });
+            GLuint own = 0;
+            glGenBuffers(1, &own);
+            glBindBuffer(GL_ARRAY_BUFFER, own);
+            captureStdout([&] { changed.render(); });
+            GLint bound = 0;
+            glGetIntegerv(GL_ARRAY_BUFFER_BINDING, &bound);
+            EXPECT_EQ(static_cast<GLuint>(bound), own) << "nothing is uploaded here";
         }
-        captureStdout([&] { never.render(1.0); });  // without any
+        captureStdout([&] {  // without any
+            never.render(1.0);
+            changed.render();
+        });
     });
     mine.makeCurrent();
     GlHandler::clearError();
     EXPECT_EQ(litBy([&] { drawn.render(1.0); }), outline);
     EXPECT_EQ(litBy([&] { never.render(1.0); }), outline);
     EXPECT_EQ(litBy([&] { strip.render(); }), size * size / 4);
+    changed.setRect(1, 1);
+    EXPECT_EQ(litBy([&] { changed.render(); }), size * size / 4);
+    EXPECT_EQ(litBy([&] { drawn.render(1.0); }), outline);
     drawn.clear();
     never.clear();
     strip.clear();
+    changed.clear();
 }
 
 }  // namespace

@@ -122,6 +122,16 @@ TEST_F(FontLoadTest, TextureFontDrawsBitmapFonts) {
     }
 }
 
+TEST_F(FontLoadTest, SymbolFontsHaveTheirCharactersFromF000On) {
+    TextureFont font;
+    ASSERT_TRUE(load(font, "symbols", wholeText(oddFonts + "symbol.ttf")));
+    const auto picture = [&](const char* character) {
+        return drawn([&] { font.renderFont(20.0, 30.0, character, TextureFont::BOTTOM_LEFT); });
+    };
+    EXPECT_EQ(picture("B").distance(picture("C")), 0) << "the box for what is missing";
+    EXPECT_GT(picture("A").distance(picture("B")), 100);
+}
+
 TEST_F(FontLoadTest, AnotherFontLeavesNoCharactersOfTheFirst) {
     const std::string noBits = wholeText(oddFonts + "no_bits.bdf");  // an A with a size alone
     TextureFont fresh;

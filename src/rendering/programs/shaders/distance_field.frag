@@ -7,7 +7,8 @@ uniform float outlineWidth;
 uniform sampler2D Texture0;
 out vec4 color;
 
-// Where the field does not change smoothstep() would have equal edges, which is undefined.
+// Where the field does not change smoothstep() would have equal edges, which is undefined; and with
+// an outline as wide as the field, what is empty would count as outline.
 const float least = 1e-6;
 
 void main() {
