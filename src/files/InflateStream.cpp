@@ -32,6 +32,7 @@ bool InflateStream::open(RegularFile file, std::uint64_t offset, std::uint32_t c
     mFile = std::move(file);
     mOffset = offset;
     mRemaining = compressedSize;
+    mCut = false;
     mChunkSize = std::clamp<std::size_t>(compressedSize, 1, largestChunk);
     mChunk = mallocArray<std::byte>(mChunkSize);
     std::unique_ptr<z_stream> stream(new (std::nothrow) z_stream());
@@ -48,7 +49,7 @@ void InflateStream::refill() {
     const std::size_t got = mFile.readAt(mOffset, chunk);
     mOffset += got;
     // A file that shrank, or cannot be read, gives what it has, and the stream stays short.
-    mCut = got < chunk.size();
+    mCut = mCut || got < chunk.size();
     mRemaining = mCut ? 0 : mRemaining - static_cast<std::uint32_t>(got);
     mStream->next_in = reinterpret_cast<Bytef*>(mChunk.get());
     mStream->avail_in = static_cast<uInt>(got);

@@ -7,7 +7,7 @@
 namespace Orlek::Detail {
 
 /// Starts a thread that leaves signals to those of the application, but for those that tell of its
-/// own faults. Throws std::system_error when the system gives none.
+/// own faults, and a profiler's. Throws std::system_error when the system gives none.
 std::thread startThread(std::function<void()> run);
 
 }  // namespace Orlek::Detail

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <zlib.h>
 
+#include <filesystem>
 #include <random>
 #include <vector>
 
@@ -75,6 +76,23 @@ TEST_F(InflateStreamTest, GivesTheSameBytesInPiecesOfAnySize) {
     }
     stream = InflateStream();
     EXPECT_EQ(openFiles(), before);
+}
+
+TEST_F(InflateStreamTest, TellsAFileThatShrankFromADamagedStream) {
+    for (const std::uint32_t left : {0U, 100U, 64U * 1024, 100000U, mSize - 1}) {
+        InflateStream stream;
+        ASSERT_TRUE(open(stream, 4, mSize));
+        std::filesystem::resize_file(mPath, 4 + left);
+        readAll(stream, 1000);
+        EXPECT_FALSE(stream.atEnd());
+        EXPECT_TRUE(stream.isCut()) << left;
+        mDir.write("stream", "head" + mData + "tail");
+    }
+    InflateStream stream;
+    ASSERT_TRUE(open(stream, 4, mSize - 1));
+    readAll(stream, 1000);
+    EXPECT_FALSE(stream.atEnd());
+    EXPECT_FALSE(stream.isCut());
 }
 
 TEST_F(InflateStreamTest, RefusesRangesOutsideTheFile) {

@@ -74,7 +74,6 @@ private:
     std::shared_ptr<Detail::Mesh> mMesh;
     Math::Vector4<float> mColor{1.0F, 1.0F, 1.0F, 1.0F};
     std::vector<Math::Vector3<float>> mVertices;
-    std::size_t mUploaded = 0;
     bool mDirty = false;
     unsigned char* mPattern = nullptr;
 };

@@ -93,10 +93,10 @@ public:
     bool load(const char* fileName, int pixelSize);
 
     /// Builds the atlas from a font in memory, with FreeType's autohinter. It takes the place of an
-    /// earlier atlas and empties the batch, but leaves both when it fails with a printed line. A
-    /// usual font takes some milliseconds; after a second of the thread's processor time for each
-    /// 10 MiB, one at least, nothing more is read of one. Leaves its texture bound to the active
-    /// unit.
+    /// earlier atlas and empties the batch, but leaves both when it fails before OpenGL has
+    /// taken it. A usual font takes some milliseconds; after a second of the thread's processor
+    /// time for each 10 MiB, one at least, nothing more is read of one. Leaves its texture bound to
+    /// the active unit.
     /// @param name used in the message about a font that cannot be opened.
     /// @param data the font's bytes; read during the call only. Bitmap fonts have
     ///        eight bits a pixel or one; two or four are read as if they were ones.
@@ -106,8 +106,9 @@ public:
     ///         "FT_New_Face failed <code> ! <name>" (no font, no data, characters made of more
     ///         than 256 parts or on more than 16 levels, or that much work),
     ///         "FT_Set_Pixel_Sizes failed !" (a size out of range, or not in a bitmap font) or
-    ///         "pixelData: out of memory". A character that cannot be measured prints
-    ///         "FT_Load_Glyph failed!", one that cannot be rendered nothing; the others are built.
+    ///         "pixelData: out of memory", and OpenGL's are lines of its own. A character that
+    ///         cannot be measured prints "FT_Load_Glyph failed!", one that cannot be rendered
+    ///         nothing; the others are built.
     bool loadData(const char* name, const char* data, int size, int pixelSize);
 
     /// Appends one string to the batch. No GL call.
@@ -151,8 +152,6 @@ public:
     unsigned int texture();
 
 private:
-    bool makeObjects(const Detail::GlyphAtlas& atlas);
-
     static bool mInitDone;
     static FT_LibraryRec_* mFtLibrary;
 

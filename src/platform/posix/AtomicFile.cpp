@@ -90,12 +90,13 @@ int createUnnamed(const std::string& directory, mode_t mode) {
     return descriptor;
 }
 
-// Whether a file has no access list, or the new one has got it.
+// Whether the new file has the access list of the old one: none, when that has none, also where the
+// directory gives one to new files.
 bool takeOverAccessList(int descriptor, const char* path) {
     constexpr const char* accessList = "system.posix_acl_access";
     const ssize_t size = ::getxattr(path, accessList, nullptr, 0);
     if (size <= 0) {
-        return true;
+        return ::fremovexattr(descriptor, accessList) == 0 || errno == ENODATA || errno == ENOTSUP;
     }
     std::vector<char> list(static_cast<std::size_t>(size));
     return ::getxattr(path, accessList, list.data(), list.size()) == size &&

@@ -19,17 +19,6 @@ auto unlessInterrupted(Call call) {
     return result;
 }
 
-/// Opens a file without waiting for the other end of a pipe, but for others to give up a lease on
-/// it, which they are asked to do within a time that the system sets.
-inline int openUnlessPipeWaits(const char* path, int flags, mode_t mode = 0) {
-    flags |= O_CLOEXEC | O_NOCTTY;
-    const int descriptor =
-        unlessInterrupted([=] { return ::open(path, flags | O_NONBLOCK, mode); });
-    return descriptor >= 0 || errno != EWOULDBLOCK
-               ? descriptor
-               : unlessInterrupted([=] { return ::open(path, flags, mode); });
-}
-
 /// Moves a descriptor that is written to off the numbers of the standard streams: were one of them
 /// closed, what is printed there would go into the file or socket that has its number. -1 stays -1.
 inline int aboveStandardStreams(int descriptor) {
@@ -50,6 +39,20 @@ inline bool isRegular(const struct stat& status) {
     }
     errno = S_ISDIR(status.st_mode) ? EISDIR : ENOTSUP;
     return false;
+}
+
+/// Opens a file without waiting for the other end of a pipe or a device; but when others hold a
+/// lease on a regular file, waits for them to give it up, for which the system sets a time.
+inline int openWithoutPeer(const char* path, int flags, mode_t mode = 0) {
+    flags |= O_CLOEXEC | O_NOCTTY;
+    const int descriptor =
+        unlessInterrupted([=] { return ::open(path, flags | O_NONBLOCK, mode); });
+    struct stat status {};
+    if (descriptor >= 0 || errno != EWOULDBLOCK || ::stat(path, &status) != 0 ||
+        !isRegular(status)) {
+        return descriptor;
+    }
+    return unlessInterrupted([=] { return ::open(path, flags, mode); });
 }
 
 }  // namespace Orlek::Detail

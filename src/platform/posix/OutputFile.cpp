@@ -21,7 +21,7 @@ bool OutputFile::open(const std::string& path) {
     }
     // Reading too: neither opening a pipe nor filling it waits for a reader.
     mDescriptor =
-        aboveStandardStreams(openUnlessPipeWaits(path.c_str(), O_RDWR | O_CREAT | O_TRUNC, 0666));
+        aboveStandardStreams(openWithoutPeer(path.c_str(), O_RDWR | O_CREAT | O_TRUNC, 0666));
     return mDescriptor >= 0;
 }
 

@@ -33,7 +33,7 @@ bool RegularFile::open(const std::string& path) {
     if (::stat(path.c_str(), &status) == 0 && !isRegular(status)) {
         return false;
     }
-    mDescriptor = openUnlessPipeWaits(path.c_str(), O_RDONLY);
+    mDescriptor = openWithoutPeer(path.c_str(), O_RDONLY);
     if (mDescriptor < 0) {
         return false;
     }

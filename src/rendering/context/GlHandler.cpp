@@ -62,8 +62,7 @@ void GlHandler::initStandardShaders() {
     mActiveProgram = nullptr;
     mGlVersion = Detail::glVersionText();
     mGlSlVersion = Detail::glslVersionText();
-    if (mGlVersion.empty() ||
-        !Detail::glReady()) {  // without a context programs would have no names
+    if (!Detail::hasContext()) {  // programs would have no names
         return;
     }
     Detail::enableDebugOutput();
@@ -107,8 +106,7 @@ void GlHandler::activateShader(unsigned int number) {
     if (number == mActiveShader) {
         return;
     }
-    if (mShaders.empty() && Detail::glReady() &&
-        !Detail::glVersionText().empty()) {  // the object is older than the context
+    if (mShaders.empty() && Detail::hasContext()) {  // the object is older than the context
         initStandardShaders();
         glVersion();
         glSlVersion();

@@ -66,6 +66,10 @@ bool glReady() {
     return loaded().ready;
 }
 
+bool hasContext() {
+    return glReady() && glGetString(GL_VERSION) != nullptr;
+}
+
 void reportEntryPoints() {
     if (const GLenum code = loaded().code; code != GLEW_OK) {
         report("GlHandler::GlHandler Error: %s\n",

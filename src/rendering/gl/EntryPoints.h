@@ -7,6 +7,9 @@ namespace Orlek::Detail {
 /// otherwise. The first call with a current context loads them.
 bool glReady();
 
+/// Whether the entry points are there and a context is current. Asks the driver.
+bool hasContext();
+
 /// Prints the loader's complaint, if it has one.
 void reportEntryPoints();
 

@@ -100,7 +100,7 @@ private:
 /// bound, so that the application cannot change it by mistake.
 ///
 /// Without OpenGL, and after an error, the mesh is left null. In a context that is not the mesh's
-/// it stays as it was.
+/// it stays as it was, unless it was shared.
 /// @param label of the errors that no step has reported.
 /// @return whether it was done; otherwise it is to be done at the next draw.
 bool syncMesh(const char* label, std::shared_ptr<Mesh>& mesh, std::span<const Stream> streams,

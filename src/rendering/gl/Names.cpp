@@ -8,6 +8,8 @@
 #include <new>
 #include <vector>
 
+#include "rendering/gl/EntryPoints.h"
+
 namespace Orlek::Detail {
 
 namespace {
@@ -42,8 +44,8 @@ void deleteNames(NameKind kind, std::span<unsigned> names) {
 }
 
 void parkNames(NameKind kind, std::span<const unsigned> names) {
-    std::vector<unsigned>& list = parked()[static_cast<std::size_t>(kind)];
     try {
+        std::vector<unsigned>& list = parked()[static_cast<std::size_t>(kind)];
         std::ranges::copy_if(names, std::back_inserter(list),
                              [](unsigned name) { return name != 0; });
     } catch (const std::bad_alloc&) {
@@ -54,7 +56,7 @@ void parkNames(NameKind kind, std::span<const unsigned> names) {
 void deleteParkedNames() {
     const bool none =
         std::ranges::all_of(parked(), [](const auto& names) { return names.empty(); });
-    if (none || glGetString(GL_VERSION) == nullptr) {  // without a context they would be lost
+    if (none || !hasContext()) {  // they would be lost
         return;
     }
     for (const NameKind kind : {NameKind::VertexArray, NameKind::Buffer, NameKind::Texture}) {

@@ -58,10 +58,7 @@ void Circle::clear() {
 
 void Circle::setData() {
     const Detail::Stream streams[] = {Detail::streamOf(Detail::Attribute::Vertex, mVertices)};
-    if (Detail::syncMesh(circleLabel, mMesh, streams, {}, circleLabels)) {
-        mUploaded = mVertices.size();
-        mDirty = false;
-    }
+    mDirty = !Detail::syncMesh(circleLabel, mMesh, streams, {}, circleLabels);
 }
 
 void Circle::render() {
@@ -80,7 +77,7 @@ void Circle::render() {
     pass.blend();
     pass.polygonStipple(mPattern);
     pass.matrix();
-    pass.draw(Detail::DrawMode::TriangleFan, 0, mUploaded);  // never beyond the buffer
+    pass.draw(Detail::DrawMode::TriangleFan, 0, mVertices.size());
 }
 
 }  // namespace Orlek::OpenGL

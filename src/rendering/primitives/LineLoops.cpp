@@ -34,12 +34,12 @@ void LineLoops::appendLoop(const std::vector<Vector>& points) {
     if (points.empty()) {
         return;
     }
+    mDirty = true;
     for (const Vector& point : points) {
         mPoints.append(Detail::toPosition(point));
     }
     mPoints.append(Detail::toPosition(points.front()));
     mPoints.restart(loopRestart);
-    mDirty = true;
     mLoopClosed = true;
 }
 
@@ -70,7 +70,7 @@ void LineLoops::addVertex(Math::Vector4<float> position) {
 }
 
 void LineLoops::setRect(unsigned int width, unsigned int height) {
-    mPoints.clear();
+    clearVertex();
     const Detail::Quad corners = Detail::rectangleOutline(width, height);
     appendLoop(std::vector<Math::Vector3<float>>(corners.begin(), corners.end()));
 }
@@ -115,6 +115,7 @@ void LineLoops::setData(double scale) {
         mDirty = !Detail::uploadStrips(mMesh, loopRecipe, closedPoints());
     } else if (mStyle.stipple != 0 && std::abs(scale - mLastScale) > scaleStep) {
         mLastScale = scale;
+        mDirty = true;  // until it is done
         const Detail::IndexedPoints points = closedPoints();
         mDirty =
             !(mMesh.use_count() > 1 ? Detail::uploadStrips(mMesh, loopRecipe, points)

@@ -13,11 +13,11 @@ namespace Orlek::Detail {
 
 template <typename Vector>
 void StripSet::addStrip(const LineRecipe& recipe, const std::vector<Vector>& strip) {
+    dirty = true;
     for (const Vector& point : strip) {
         points.append(toPosition(point));
     }
     points.restart(recipe.restart.value());
-    dirty = true;
 }
 
 template void StripSet::addStrip(const LineRecipe&, const std::vector<Math::Vector2<float>>&);

@@ -58,6 +58,11 @@ bool readDtedRecords(const RegularFile& file, const TileGrid& grid, std::byte* b
     return true;
 }
 
+/// Why a stream has not given what was expected.
+ReadFault faultOf(const InflateStream& content) {
+    return content.isCut() ? ReadFault::dataCut : ReadFault::damaged;
+}
+
 /// Inflates and places all rows. The stream must end exactly after the last one.
 ReadFault readSrtmRows(InflateStream& content, const TileGrid& grid, std::int16_t* samples) {
     const std::size_t rowSize = std::size_t{grid.numLon} * 2;
@@ -69,11 +74,11 @@ ReadFault readSrtmRows(InflateStream& content, const TileGrid& grid, std::int16_
         const std::uint32_t rows = std::min(srtmBandRows, grid.numLat - row);
         const std::span bytes(band.get(), rows * rowSize);
         if (content.read(bytes) != bytes.size()) {
-            return content.isCut() ? ReadFault::dataCut : ReadFault::damaged;
+            return faultOf(content);
         }
         placeSrtmRows(bytes.data(), row, rows, grid, samples);
     }
-    return content.atEnd() ? ReadFault::none : ReadFault::damaged;
+    return content.atEnd() ? ReadFault::none : faultOf(content);
 }
 
 }  // namespace

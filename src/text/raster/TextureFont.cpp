@@ -57,20 +57,12 @@ bool TextureFont::loadData(const char* name, const char* data, int size, int pix
     if (!Detail::buildAtlas(face, pixelSize, shelves, atlas, glyphs)) {
         return false;
     }
-    std::swap(mGlyphs, glyphs);
-    if (!makeObjects(atlas)) {
-        mGlyphs = glyphs;
-        return false;
-    }
-    return true;
-}
-
-bool TextureFont::makeObjects(const Detail::GlyphAtlas& atlas) {
     auto texture = Detail::Texture::create(Detail::coverageRecipe, atlas.image());
     if (texture == nullptr) {
         return false;
     }
     clear();
+    mGlyphs = std::move(glyphs);
     mTexture = std::move(texture);
     Detail::makeQuads(mGlyphs.glyphs, shelves.padding);
     return Detail::uploadQuads(fontLabel, mText, mGlyphs);
