@@ -69,12 +69,17 @@ protected:
     /// On a screen in memory.
     Outcome runInWindow(const std::string& command) const {
         // The GLX libraries that GLFW unloads at the end keep some bytes.
-        return run("ASAN_OPTIONS=detect_leaks=0 timeout 60 xvfb-run -a " + command + " --window");
+        return run("ASAN_OPTIONS=detect_leaks=0 " + mScreen + command + " --window");
     }
     static bool hasScreen() {
         return std::system("command -v xvfb-run >/dev/null && command -v xauth >/dev/null") == 0;
     }
     static constexpr const char* noScreen = "no xvfb-run (packages xvfb, xauth): no window is seen";
+
+    /// A screen for one program. Without -noreset the server signals that it is ready once more
+    /// when the program ends, and now and then breaks off what xvfb-run does then.
+    static inline const std::string mScreen =
+        "timeout 60 xvfb-run -a -s '-screen 0 1280x1024x24 -noreset' ";
 
     const TempDir mDir;
     const std::string mNoTiles = " --tiles " + mDir.path("tiles") + " ";

@@ -51,9 +51,8 @@ TEST_F(Screens, areWindowsWhereThereIsADisplay) {
         GTEST_SKIP() << noScreen;
     }
     for (const Program& program : mPrograms) {
-        const Outcome outcome =
-            runHere("-u WAYLAND_DISPLAY ASAN_OPTIONS=detect_leaks=0 timeout 60 xvfb-run -a",
-                    program.command + "--frames 2");
+        const Outcome outcome = runHere("-u WAYLAND_DISPLAY ASAN_OPTIONS=detect_leaks=0 " + mScreen,
+                                        program.command + "--frames 2");
         EXPECT_EQ(outcome.status, 0) << outcome.err;
         EXPECT_TRUE(has(outcome.out, "A window (DISPLAY=:")) << outcome.out;
         EXPECT_FALSE(std::filesystem::exists(mDir.path(program.picture)));

@@ -93,11 +93,11 @@ TEST_F(Settings, ofAWindowAreNotWrittenOverABrokenFileOrNowhere) {
     }
     mDir.write("map.xml", "<Properties><View>");
     const Outcome broken = runInWindow(map() + "--frames 1");
-    EXPECT_EQ(broken.status, 0);
+    EXPECT_EQ(broken.status, 0) << broken.err;
     EXPECT_NE(broken.err.find("map.xml cannot be read"), std::string::npos) << broken.err;
     EXPECT_EQ(wholeText(mFile), "<Properties><View>");
     const Outcome nowhere = runInWindow(mMap + "--frames 1 --config /nowhere/map.xml");
-    EXPECT_EQ(nowhere.status, 1);
+    EXPECT_EQ(nowhere.status, 1) << nowhere.err;
     EXPECT_NE(nowhere.err.find("cannot write the settings to /nowhere/map.xml"), std::string::npos)
         << nowhere.err;
 }
