@@ -39,10 +39,11 @@ bool uploadStrips(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
     const std::vector<float> positions =
         lengths == StripLengths::Measured ? withLengths(points.vertices) : std::vector<float>();
     streams.push_back(streamOf(Attribute::Position, positions));
-    return syncMesh(recipe.label, mesh, streams,
-                    recipe.mode == DrawMode::LineStripAdjacency
-                        ? adjacencyIndices(points.indices, recipe.restart.value())
-                        : points.indices);
+    if (recipe.mode == DrawMode::LineStripAdjacency) {
+        return syncMesh(recipe.label, mesh, streams,
+                        adjacencyIndices(points.indices, recipe.restart.value()));
+    }
+    return syncMesh(recipe.label, mesh, streams, points.indices);
 }
 
 bool updatePositions(std::shared_ptr<Mesh>& mesh, const LineRecipe& recipe,
