@@ -96,7 +96,8 @@ bool takeOverAccessList(int descriptor, const char* path) {
     constexpr const char* accessList = "system.posix_acl_access";
     const ssize_t size = ::getxattr(path, accessList, nullptr, 0);
     if (size <= 0) {
-        return ::fremovexattr(descriptor, accessList) == 0 || errno == ENODATA || errno == ENOTSUP;
+        return ::fgetxattr(descriptor, accessList, nullptr, 0) <= 0 ||
+               ::fremovexattr(descriptor, accessList) == 0;
     }
     std::vector<char> list(static_cast<std::size_t>(size));
     return ::getxattr(path, accessList, list.data(), list.size()) == size &&
